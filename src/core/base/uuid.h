@@ -1,0 +1,4 @@
+#pragma once
+
+// The identifier lives with its text form among the calls of the operating system.
+#include "platform/uuid.h"

@@ -1,0 +1,7 @@
+#pragma once
+
+#include "modules/idb_stamp.h"
+
+class DBStamp : public IDBStamp
+{
+};

@@ -1,0 +1,8 @@
+#pragma once
+
+// The place of a project's document stamps. It has no operations of its own.
+class IDBStamp
+{
+public:
+    virtual ~IDBStamp() = default;
+};

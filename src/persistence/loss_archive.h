@@ -1,0 +1,123 @@
+#pragma once
+
+#include "db/key_text.h"
+#include "db/walk_order.h"
+#include "modules/idbproject.h"
+#include "persistence/grammar/drawings.h"
+#include "persistence/grammar/grammar.h"
+#include "persistence/grammar/informs.h"
+#include "persistence/nesting_level.h"
+#include "persistence/save_losses.h"
+
+#include <concepts>
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+// Walks the fields of a project as the writer does and notes what of them the file cannot keep.
+class LossArchive
+{
+public:
+    static constexpr bool reading = false;
+    static constexpr bool binary = false;
+
+    LossArchive(std::vector<SaveLoss>& losses, std::size_t limit)
+        : losses_(losses)
+        , limit_(limit)
+    {
+    }
+
+    void section(std::string_view name) { section_ = name; }
+
+    template <std::integral Integer>
+    void byte(std::string_view name, const Integer& value)
+    {
+        if (!std::in_range<std::uint8_t>(value))
+            note(SaveLoss::Kind::byteCut, name);
+    }
+    void flag(std::string_view, bool) { }
+    template <class Number>
+    void word(std::string_view, const Number&)
+    {
+    }
+    void text(std::string_view name, const std::wstring& value);
+    void elementText(std::string_view name, const std::wstring& value);
+    void guid(std::string_view, const Uuid&) { }
+    void blob(std::string_view, const std::vector<std::uint8_t>&) { }
+
+    template <class List>
+    void list(std::string_view name, List& values)
+    {
+        for (auto& value : values)
+            element(*this, name, value);
+    }
+
+    template <class Array, class Each>
+    void array(std::string_view, Array& values, Each&& each)
+    {
+        for (auto& value : values)
+            each(value);
+    }
+
+    template <class Key, class Value, class Order>
+    void map(std::string_view name, const EntryNames& names, std::map<Key, Value, Order>& values)
+    {
+        keys(name, values);
+        const std::wstring outer = key_;
+        for (auto& [key, value] : values) {
+            key_ = outer.empty() ? keyText(key) : outer;
+            entryFields(*this, names, key, value);
+        }
+        key_ = outer;
+    }
+
+    template <class Record>
+    void record(std::string_view, Record& value)
+    {
+        fields(*this, value);
+    }
+
+    void objects(std::string_view name, const GLObjectList& values);
+    void planes(std::string_view name, const GLObjectList& values);
+    void informs(std::string_view name, const InformList& values);
+    void items(std::string_view name, const std::vector<PropertyGridItem*>& values);
+    void stem(std::string_view name, IDBProject& project);
+    void doubledTitle(
+        std::string_view nameA, const std::wstring& a, std::string_view nameB, const std::wstring& b);
+    void subsidence(std::string_view name, SubsidenceMap& values);
+    void subsidenceNames(std::string_view name, SubsidenceNames& values)
+    {
+        map(name, {"name", "names"}, values);
+    }
+
+    NestingLevel enter() { return NestingLevel(depth_); }
+    void note(SaveLoss::Kind kind, std::string_view field);
+    void note(SaveLoss::Kind kind, std::string_view field, const std::wstring& key);
+
+private:
+    // Puts the keys into a register of the same ordering, in the order in which a reader will meet them.
+    template <class Map>
+    void keys(std::string_view name, const Map& values)
+    {
+        using Key = typename Map::key_type;
+        std::map<Key, char, typename Map::key_compare> again;
+        RowByRow rows(again);
+        for (const auto& entry : values) {
+            try {
+                if (!rows.insert(std::pair<Key, char>(entry.first, 0)))
+                    note(SaveLoss::Kind::rowRefused, name, keyText(entry.first));
+            } catch (const std::logic_error&) {
+                note(SaveLoss::Kind::keyUnread, name, keyText(entry.first));
+            }
+        }
+    }
+
+    std::vector<SaveLoss>& losses_;
+    std::size_t limit_;
+    std::string_view section_;
+    std::wstring key_;
+    int depth_ = 0;
+};

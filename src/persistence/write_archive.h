@@ -1,0 +1,126 @@
+#pragma once
+
+#include "modules/idbproject.h"
+#include "persistence/grammar/drawings.h"
+#include "persistence/grammar/grammar.h"
+#include "persistence/grammar/informs.h"
+#include "persistence/grammar/strata.h"
+#include "persistence/nesting_level.h"
+
+#include <bit>
+#include <concepts>
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// Writes fields as the bytes of a file into memory. Nothing it is given can fail but a drawing nested deeper
+// than the reader follows, which throws MException.
+class WriteArchive
+{
+public:
+    static constexpr bool reading = false;
+    static constexpr bool binary = true;
+
+    // The bytes written so far; the archive is empty afterwards.
+    std::vector<std::uint8_t> takeBytes();
+
+    void section(std::string_view) { }
+
+    // The low byte of a wider number: that is how much of it the format keeps.
+    template <std::integral Integer>
+    void byte(std::string_view, const Integer& value)
+    {
+        *extend(1) = static_cast<std::uint8_t>(value);
+    }
+    void flag(std::string_view, bool value) { *extend(1) = value ? 1 : 0; }
+
+    template <class Number>
+    void word(std::string_view, const Number& value)
+    {
+        static_assert(sizeof(Number) == 4);
+        writeWord(std::bit_cast<std::uint32_t>(value));
+    }
+    void text(std::string_view name, const std::wstring& value);
+    // Written like any other text, though not all of them can be read back.
+    void elementText(std::string_view name, const std::wstring& value) { text(name, value); }
+    void guid(std::string_view name, const Uuid& value);
+    void blob(std::string_view name, const std::vector<std::uint8_t>& value);
+
+    template <class List>
+    void list(std::string_view, List& values)
+    {
+        writeCount(values.size());
+        for (auto& value : values)
+            element(*this, {}, value);
+    }
+
+    template <class Array, class Each>
+    void array(std::string_view, Array& values, Each&& each)
+    {
+        for (auto& value : values)
+            each(value);
+    }
+
+    template <class Map>
+    void map(std::string_view, const EntryNames& names, Map& values)
+    {
+        writeCount(values.size());
+        for (auto& [key, value] : values)
+            entryFields(*this, names, key, value);
+    }
+
+    template <class Record>
+    void record(std::string_view, Record& value)
+    {
+        fields(*this, value);
+    }
+
+    // An object of no listed class is counted and not written, as the format has it.
+    void objects(std::string_view name, const GLObjectList& values);
+    void planes(std::string_view name, const GLObjectList& values);
+
+    void informs(std::string_view name, const InformList& values);
+    void items(std::string_view name, const std::vector<PropertyGridItem*>& values);
+
+    void stem(std::string_view name, IDBProject& project);
+    // The first title goes out twice, the second never: it does not survive a save.
+    void doubledTitle(
+        std::string_view nameA, const std::wstring& a, std::string_view nameB, const std::wstring& b);
+    // The title of a row is that of its first cell.
+    void subsidence(std::string_view name, SubsidenceMap& values);
+    void subsidenceNames(std::string_view name, SubsidenceNames& values)
+    {
+        map(name, {"name", "names"}, values);
+    }
+
+    NestingLevel enter() { return NestingLevel(depth_); }
+
+private:
+    // Room for more bytes; returns where they begin.
+    std::uint8_t* extend(std::size_t count)
+    {
+        if (count > bytes_.size() - size_)
+            grow(count);
+        std::uint8_t* first = bytes_.data() + size_;
+        size_ += count;
+        return first;
+    }
+    void grow(std::size_t count);
+    void writeWord(std::uint32_t value)
+    {
+        std::uint8_t* b = extend(4);
+        b[0] = static_cast<std::uint8_t>(value);
+        b[1] = static_cast<std::uint8_t>(value >> 8);
+        b[2] = static_cast<std::uint8_t>(value >> 16);
+        b[3] = static_cast<std::uint8_t>(value >> 24);
+    }
+    template <class Record>
+    void writeRecords(const std::vector<Record*>& records);
+    void writeCount(std::size_t count) { writeWord(static_cast<std::uint32_t>(count)); }
+
+    std::vector<std::uint8_t> bytes_;
+    std::size_t size_ = 0;
+    int depth_ = 0;
+};

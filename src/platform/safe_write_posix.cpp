@@ -1,0 +1,226 @@
+#include "platform/posix_support.h"
+#include "platform/safe_write.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <functional>
+#include <optional>
+#include <sys/stat.h>
+#include <vector>
+
+namespace
+{
+
+// Writes the content into the open file.
+using ContentWriter = std::function<FileResult(int file)>;
+
+std::string folderOf(const std::string& path)
+{
+    const std::size_t slash = path.rfind('/');
+    if (slash == std::string::npos)
+        return ".";
+    return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+// Where the path leads at last, by links that need not end at a file that exists. Links among its folders
+// are of no account: the temporary file stands behind the same ones.
+std::string withoutLinks(std::string path)
+{
+    constexpr int mostLinks = 40;
+    for (int i = 0; i < mostLinks; ++i) {
+        std::vector<char> target(4096);
+        const ssize_t length = ::readlink(path.c_str(), target.data(), target.size());
+        if (length <= 0)
+            break;
+        path = target.front() == '/' ? std::string() : folderOf(path) + '/';
+        path.append(target.data(), static_cast<std::size_t>(length));
+    }
+    return path;
+}
+
+FileResult writeAll(int file, std::span<const std::uint8_t> bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t count = ::write(file, bytes.data(), bytes.size());
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            return failedWithErrno(FileStep::Write);
+        bytes = bytes.subspan(static_cast<std::size_t>(count));
+    }
+    return {};
+}
+
+FileResult writeCopy(int from, int to)
+{
+    std::vector<std::uint8_t> block(1U << 18U);
+    for (;;) {
+        const ssize_t count = ::read(from, block.data(), block.size());
+        if (count == 0)
+            return {};
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            return failedWithErrno(FileStep::Read);
+        if (FileResult result = writeAll(to, {block.data(), static_cast<std::size_t>(count)}); !result)
+            return result;
+    }
+}
+
+// Some file systems have nothing to flush and say so.
+bool flush(int file)
+{
+    return ::fsync(file) == 0 || errno == EINVAL || errno == ENOSYS || errno == ENOTSUP;
+}
+
+FileResult flushFolder(const std::string& folder)
+{
+    // A folder that may be written but not read cannot be flushed; the file is in its place all the same.
+    const Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (descriptor && !flush(descriptor.get()))
+        return failedWithErrno(FileStep::FlushFolder);
+    return {};
+}
+
+// The owner may be another one than ours when an administrator saves; where it cannot be kept the bits still
+// are.
+void copyOwnerAndMode(const struct stat& model, int file)
+{
+    constexpr mode_t permissions = 07777;
+    [[maybe_unused]] const int owner = ::fchown(file, model.st_uid, model.st_gid);
+    ::fchmod(file, model.st_mode & permissions);
+}
+
+FileResult writeAndFlush(Descriptor& file, const ContentWriter& content)
+{
+    if (FileResult result = content(file.get()); !result)
+        return result;
+    if (!flush(file.get()))
+        return failedWithErrno(FileStep::Flush);
+    return {};
+}
+
+// In a folder where nothing may be made or renamed, the file itself may still be open to us.
+bool onlyTargetIsWritable(int error)
+{
+    return error == EACCES || error == EPERM || error == EROFS || error == EBUSY;
+}
+
+FileResult writeInPlace(const std::string& path, const ContentWriter& content)
+{
+    // The old content goes only at the end: on a full disk its blocks are the ones to be written.
+    Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666));
+    if (!file)
+        return failedWithErrno(FileStep::Open);
+    FileResult result = writeAndFlush(file, content);
+    const off_t end = ::lseek(file.get(), 0, SEEK_CUR);
+    if (result && (::ftruncate(file.get(), end) != 0 || !file.close()))
+        result = failedWithErrno(FileStep::Write);
+    result.targetDamaged = !result;
+    return result;
+}
+
+struct Temporary {
+    std::string path;
+    Descriptor file;
+    int error = 0;
+};
+
+Temporary makeTemporary(const std::string& folder)
+{
+    constexpr int mostTries = 100;
+    Temporary temporary;
+    for (int i = 0; i < mostTries && !temporary.file; ++i) {
+        temporary.path =
+            folder + "/.tellurix-" + std::to_string(::getpid()) + '-' + std::to_string(i) + ".tmp";
+        temporary.file =
+            Descriptor(::open(temporary.path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+        temporary.error = errno;
+        if (!temporary.file && temporary.error != EEXIST)
+            break;
+    }
+    return temporary;
+}
+
+FileResult writeTemporary(
+    Temporary& temporary, const std::optional<struct stat>& model, const ContentWriter& content)
+{
+    if (model)
+        copyOwnerAndMode(*model, temporary.file.get());
+    if (FileResult result = writeAndFlush(temporary.file, content); !result)
+        return result;
+    if (!temporary.file.close())
+        return failedWithErrno(FileStep::Write);
+    return {};
+}
+
+// The permissions are those of the model, or those of any new file.
+FileResult writeBesideAndReplace(
+    const std::string& path, const std::optional<struct stat>& model, const ContentWriter& content)
+{
+    const std::string folder = folderOf(path);
+    Temporary temporary = makeTemporary(folder);
+    if (!temporary.file)
+        return onlyTargetIsWritable(temporary.error)
+            ? writeInPlace(path, content)
+            : failedWithErrno(FileStep::CreateTemporary, temporary.error);
+
+    FileResult result = writeTemporary(temporary, model, content);
+    if (!result) {
+        ::unlink(temporary.path.c_str());
+        return result;
+    }
+    if (::rename(temporary.path.c_str(), path.c_str()) != 0) {
+        const int error = errno;
+        ::unlink(temporary.path.c_str());
+        return onlyTargetIsWritable(error) ? writeInPlace(path, content)
+                                           : failedWithErrno(FileStep::Replace, error);
+    }
+    return flushFolder(folder);
+}
+
+// Leaves existing empty where no file stands there yet.
+FileResult examineTarget(const std::string& path, std::optional<struct stat>& existing)
+{
+    struct stat status = {};
+    if (::stat(path.c_str(), &status) != 0)
+        return errno == ENOENT ? FileResult{} : failedWithErrno(FileStep::Open);
+    if (!S_ISREG(status.st_mode))
+        return {FileStep::NotARegularFile, {}};
+    existing = status;
+    return {};
+}
+
+} // namespace
+
+FileResult replaceFile(const std::wstring& path, std::span<const std::uint8_t> bytes)
+{
+    const std::string target = withoutLinks(posixPath(path));
+    std::optional<struct stat> existing;
+    if (FileResult result = examineTarget(target, existing); !result)
+        return result;
+    // Replacing asks only the folder for permission; the user who took it from the file means the file.
+    if (existing && !Descriptor(::open(target.c_str(), O_WRONLY | O_CLOEXEC)))
+        return failedWithErrno(FileStep::Open);
+    return writeBesideAndReplace(target, existing, [bytes](int file) { return writeAll(file, bytes); });
+}
+
+FileResult copyFile(const std::wstring& from, const std::wstring& to)
+{
+    const Descriptor source(::open(posixPath(from).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    struct stat model = {};
+    if (!source || ::fstat(source.get(), &model) != 0)
+        return failedWithErrno(FileStep::Open);
+    if (!S_ISREG(model.st_mode))
+        return {FileStep::NotARegularFile, {}};
+    const std::string target = withoutLinks(posixPath(to));
+    std::optional<struct stat> existing;
+    if (FileResult result = examineTarget(target, existing); !result)
+        return result;
+    return writeBesideAndReplace(target, model, [&source](int file) {
+        // The second attempt, in place, starts anew.
+        ::lseek(source.get(), 0, SEEK_SET);
+        return writeCopy(source.get(), file);
+    });
+}

@@ -1,0 +1,193 @@
+#include "platform/safe_write.h"
+#include "platform/windows_support.h"
+
+#include <algorithm>
+#include <windows.h>
+
+namespace
+{
+
+// Network shares refuse a write of any size at once.
+constexpr std::size_t largestBlock = 0x1000000;
+
+DWORD attributesOf(const std::wstring& path)
+{
+    return GetFileAttributesW(path.c_str());
+}
+
+bool has(DWORD attributes, DWORD mark)
+{
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & mark) != 0;
+}
+
+FileHandle openFile(const std::wstring& path, DWORD access, DWORD share, DWORD disposition)
+{
+    return FileHandle(
+        CreateFileW(path.c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+std::wstring withoutLinks(const std::wstring& path)
+{
+    if (!has(attributesOf(path), FILE_ATTRIBUTE_REPARSE_POINT))
+        return path;
+    const FileHandle file =
+        openFile(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, OPEN_EXISTING);
+    if (!file)
+        return path;
+    std::wstring target(0x8000, L'\0');
+    const DWORD length =
+        GetFinalPathNameByHandleW(file.get(), target.data(), static_cast<DWORD>(target.size()), 0);
+    if (length == 0 || length >= target.size())
+        return path;
+    target.resize(length);
+    return target;
+}
+
+std::wstring temporaryName(const std::wstring& target)
+{
+    const std::size_t separator = target.find_last_of(L"\\/:");
+    const std::wstring folder =
+        separator == std::wstring::npos ? std::wstring() : target.substr(0, separator + 1);
+    constexpr int mostTries = 100;
+    std::wstring name;
+    for (int i = 0; i < mostTries; ++i) {
+        name = folder + L"~tellurix-" + std::to_wstring(GetCurrentProcessId()) + L'-' + std::to_wstring(i)
+            + L".tmp";
+        if (attributesOf(name) == INVALID_FILE_ATTRIBUTES)
+            break;
+    }
+    return name;
+}
+
+FileResult writeAndFlush(FileHandle& file, std::span<const std::uint8_t> bytes)
+{
+    while (!bytes.empty()) {
+        const auto block = static_cast<DWORD>(std::min(bytes.size(), largestBlock));
+        DWORD count = 0;
+        if (WriteFile(file.get(), bytes.data(), block, &count, nullptr) == 0)
+            return failedWithLastError(FileStep::Write);
+        bytes = bytes.subspan(count);
+    }
+    if (FlushFileBuffers(file.get()) == 0)
+        return failedWithLastError(FileStep::Flush);
+    return {};
+}
+
+// In a folder where nothing may be made or renamed, or while another program reads the file, the file itself
+// may still be open to us.
+bool onlyTargetIsWritable(DWORD error)
+{
+    return error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION || error == ERROR_WRITE_PROTECT;
+}
+
+// 0, or the code of the failure. Virus scanners and indexers hold a new file for a moment.
+DWORD moveIntoPlace(const std::wstring& temporary, const std::wstring& target)
+{
+    constexpr int mostTries = 10;
+    constexpr DWORD pause = 20;
+    DWORD error = 0;
+    for (int i = 0; i < mostTries; ++i) {
+        if (MoveFileExW(temporary.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)
+            != 0)
+            return 0;
+        error = GetLastError();
+        if (error != ERROR_ACCESS_DENIED && error != ERROR_SHARING_VIOLATION)
+            break;
+        Sleep(pause);
+    }
+    return error;
+}
+
+FileResult writeInPlace(const std::wstring& target, std::span<const std::uint8_t> bytes)
+{
+    // The old content goes only at the end: on a full disk its blocks are the ones to be written.
+    FileHandle file = openFile(target, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_ALWAYS);
+    if (!file)
+        return failedWithLastError(FileStep::Open);
+    FileResult result = writeAndFlush(file, bytes);
+    if (result && SetEndOfFile(file.get()) == 0)
+        result = failedWithLastError(FileStep::Write);
+    result.targetDamaged = !result;
+    return result;
+}
+
+FileResult flushCopy(const std::wstring& path)
+{
+    SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+    const FileHandle file = openFile(path, GENERIC_WRITE, FILE_SHARE_READ, OPEN_EXISTING);
+    if (!file || FlushFileBuffers(file.get()) == 0)
+        return failedWithLastError(FileStep::Flush);
+    return {};
+}
+
+FileResult copyInPlace(const std::wstring& source, const std::wstring& target)
+{
+    if (CopyFileW(source.c_str(), target.c_str(), FALSE) == 0)
+        return failedWithLastError(FileStep::Write);
+    return flushCopy(target);
+}
+
+} // namespace
+
+FileResult replaceFile(const std::wstring& path, std::span<const std::uint8_t> bytes)
+{
+    const std::wstring target = withoutLinks(windowsPath(path));
+    const DWORD attributes = attributesOf(target);
+    if (has(attributes, FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE))
+        return {FileStep::NotARegularFile, {}};
+    if (has(attributes, FILE_ATTRIBUTE_READONLY))
+        return failedWithCode(FileStep::Open, ERROR_ACCESS_DENIED);
+
+    const std::wstring temporary = temporaryName(target);
+    FileHandle file = openFile(temporary, GENERIC_WRITE, 0, CREATE_NEW);
+    if (!file) {
+        const DWORD error = GetLastError();
+        return onlyTargetIsWritable(error) ? writeInPlace(target, bytes)
+                                           : failedWithCode(FileStep::CreateTemporary, error);
+    }
+    FileResult result = writeAndFlush(file, bytes);
+    if (!file.close() && result)
+        result = failedWithLastError(FileStep::Write);
+    if (!result) {
+        DeleteFileW(temporary.c_str());
+        return result;
+    }
+    if (attributes != INVALID_FILE_ATTRIBUTES)
+        SetFileAttributesW(temporary.c_str(), attributes);
+    const DWORD error = moveIntoPlace(temporary, target);
+    if (error == 0)
+        return {};
+    DeleteFileW(temporary.c_str());
+    return onlyTargetIsWritable(error) ? writeInPlace(target, bytes)
+                                       : failedWithCode(FileStep::Replace, error);
+}
+
+FileResult copyFile(const std::wstring& from, const std::wstring& to)
+{
+    const std::wstring source = windowsPath(from);
+    const std::wstring target = withoutLinks(windowsPath(to));
+    const DWORD sourceAttributes = attributesOf(source);
+    if (sourceAttributes == INVALID_FILE_ATTRIBUTES)
+        return failedWithLastError(FileStep::Open);
+    const DWORD attributes = attributesOf(target);
+    if (has(sourceAttributes, FILE_ATTRIBUTE_DIRECTORY) || has(attributes, FILE_ATTRIBUTE_DIRECTORY))
+        return {FileStep::NotARegularFile, {}};
+    if (has(attributes, FILE_ATTRIBUTE_READONLY))
+        SetFileAttributesW(target.c_str(), FILE_ATTRIBUTE_NORMAL);
+
+    const std::wstring temporary = temporaryName(target);
+    if (CopyFileW(source.c_str(), temporary.c_str(), TRUE) == 0) {
+        const DWORD error = GetLastError();
+        // A copy that began is taken away by the call itself.
+        return onlyTargetIsWritable(error) ? copyInPlace(source, target)
+                                           : failedWithCode(FileStep::CreateTemporary, error);
+    }
+    FileResult result = flushCopy(temporary);
+    const DWORD error = result ? moveIntoPlace(temporary, target) : 0;
+    if (result && error == 0)
+        return {};
+    DeleteFileW(temporary.c_str());
+    if (onlyTargetIsWritable(error))
+        return copyInPlace(source, target);
+    return result ? failedWithCode(FileStep::Replace, error) : result;
+}
