@@ -109,10 +109,10 @@ void saveProject(benchmark::State& state)
     report(state, size);
 }
 
-// 140, 1,400 and 14,000 points make about 1, 10 and 100 MB.
+// 230, 2,300 and 23,000 points make about 1, 10 and 100 MB.
 void sizes(benchmark::internal::Benchmark* one)
 {
-    one->Arg(140)->Arg(1400)->Arg(14000)->Unit(benchmark::kMillisecond);
+    one->Arg(230)->Arg(2300)->Arg(23000)->Unit(benchmark::kMillisecond);
 }
 
 BENCHMARK(openProject)->Apply(sizes);

@@ -1,6 +1,5 @@
 #pragma once
 
-
 #include <string_view>
 
 // Column titles, drawing labels and prompts that screens and reports share, each a text of its own.
@@ -57,7 +56,7 @@ inline constexpr std::wstring_view measuringDate = L"Дата замера";
 inline constexpr std::wstring_view xMetres = L"X,(м)";
 inline constexpr std::wstring_view yMetres = L"Y,(м)";
 inline constexpr std::wstring_view lithologyContour = L"Контур литологии";
-inline constexpr std::wstring_view map = L"Карт.";
+inline constexpr std::wstring_view mappingBoreholeShort = L"Карт.";
 inline constexpr std::wstring_view minimumDistance = L"Минимальное расстояние не должно быть меньше ";
 inline constexpr std::wstring_view pit = L"Шурф";
 inline constexpr std::wstring_view pointOutsideContour = L"Точка выходит за пределы контура!";

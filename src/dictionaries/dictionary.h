@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <cstdint>
 #include <stdexcept>
 #include <string_view>
+#include <utility>
 
 // The form of every table of the shared vocabulary: constant rows in the order in which a person reads them,
 // looked up as a map. A missing key throws std::out_of_range ("invalid map<K, T> key").
@@ -90,9 +90,18 @@ struct BilingualRow {
     int number;
     std::wstring_view russian;
     std::wstring_view ukrainian;
+
+    // Null for a language that is neither.
+    constexpr const std::wstring_view* name(int language) const
+    {
+        if (language == languageRussian)
+            return &russian;
+        return language == languageUkrainian ? &ukrainian : nullptr;
+    }
 };
 
-// A map from (language, number) to a name.
+// A map from (language, number) to a name. Walks its rows, both languages at once, in ascending order of
+// their numbers.
 template <std::size_t Size>
 class NameDictionary
 {
@@ -117,14 +126,18 @@ public:
     }
     constexpr std::wstring_view at(int language, int number) const
     {
-        const BilingualRow* row = find(number);
-        if (!row || (language != languageRussian && language != languageUkrainian))
+        const std::wstring_view* name = find(language, number);
+        if (!name)
             failMissingKey();
-        return language == languageRussian ? row->russian : row->ukrainian;
+        return *name;
+    }
+    constexpr const std::wstring_view* find(int language, int number) const
+    {
+        const BilingualRow* row = find(number);
+        return row ? row->name(language) : nullptr;
     }
 
     constexpr std::size_t size() const { return Size; }
-    // Rows in ascending order of their numbers.
     constexpr auto begin() const { return rows_.begin(); }
     constexpr auto end() const { return rows_.end(); }
 
@@ -138,26 +151,42 @@ constexpr auto bilingual(const BilingualRow (&rows)[Size])
     return NameDictionary<Size>(std::to_array(rows));
 }
 
-// A map from (name, language) to the number, over the rows of a dictionary of names up to a last number.
-template <std::size_t Size>
+// A map from (name, language) to the number, over the lowest Count numbers of a dictionary of names.
+template <std::size_t Count>
 class NameIds
 {
 public:
-    constexpr explicit NameIds(const NameDictionary<Size>& names, int lastNumber)
-        : names_(names)
-        , lastNumber_(lastNumber)
+    using Key = std::pair<std::wstring_view, int>;
+    using Entries = std::array<DictionaryEntry<Key, int>, 2 * Count>;
+
+    constexpr explicit NameIds(const Entries& entries)
+        : ids_(entries)
     {
     }
 
-    constexpr int at(std::wstring_view name, int language) const
+    constexpr int at(std::wstring_view name, int language) const { return ids_.at({name, language}); }
+    constexpr const int* find(std::wstring_view name, int language) const
     {
-        for (const BilingualRow& row : names_)
-            if (row.number <= lastNumber_ && names_.at(language, row.number) == name)
-                return row.number;
-        failMissingKey();
+        return ids_.find({name, language});
     }
+
+    constexpr std::size_t size() const { return ids_.size(); }
+    constexpr auto begin() const { return ids_.begin(); }
+    constexpr auto end() const { return ids_.end(); }
 
 private:
-    NameDictionary<Size> names_;
-    int lastNumber_;
+    Dictionary<Key, int, 2 * Count> ids_;
 };
+
+template <std::size_t Count, std::size_t Size>
+constexpr NameIds<Count> nameIds(const NameDictionary<Size>& names)
+{
+    static_assert(Count <= Size);
+    typename NameIds<Count>::Entries entries{};
+    auto row = names.begin();
+    for (std::size_t i = 0; i < Count; ++i, ++row) {
+        entries[2 * i] = {{row->russian, languageRussian}, row->number};
+        entries[2 * i + 1] = {{row->ukrainian, languageUkrainian}, row->number};
+    }
+    return NameIds<Count>(entries);
+}

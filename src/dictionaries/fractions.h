@@ -8,10 +8,11 @@
 #include <stdexcept>
 #include <string_view>
 
-// Grain sizes: the scale from "> 200" to "< 0.005" (standard 1) and the one from "> 800" to "< 0.002" (standard 0).
+// Grain sizes: the scale from "> 200" to "< 0.005" (standard 1) and the one from "> 800" to "< 0.002"
+// (standard 0).
 
-// One fraction in the common numbering, with its rank and lower bound (mm) in either scale; rank 0 where the scale
-// lacks it.
+// One fraction in the common numbering, with its rank and lower bound (mm) in either scale; rank 0 where the
+// scale lacks it. The finest fraction has no bound of its own: 0.001 stands for it.
 struct FractionRow {
     int number;
     std::wstring_view caption;
@@ -66,18 +67,24 @@ constexpr auto fractionsOfScale(int FractionRow::* rank, Key FractionRow::* key,
 }
 
 // Common number to rank, and back.
-inline constexpr auto fractionRank200 = fractionsOfScale(&FractionRow::rank200, &FractionRow::number, &FractionRow::rank200);
-inline constexpr auto fractionRank800 = fractionsOfScale(&FractionRow::rank800, &FractionRow::number, &FractionRow::rank800);
+inline constexpr auto fractionRank200 =
+    fractionsOfScale(&FractionRow::rank200, &FractionRow::number, &FractionRow::rank200);
+inline constexpr auto fractionRank800 =
+    fractionsOfScale(&FractionRow::rank800, &FractionRow::number, &FractionRow::rank800);
 inline constexpr auto fractionNumber200 = reversed(fractionRank200);
 inline constexpr auto fractionNumber800 = reversed(fractionRank800);
 
 // Rank to the lower bound of the fraction, mm.
-inline constexpr auto fractionBound200 = fractionsOfScale(&FractionRow::rank200, &FractionRow::rank200, &FractionRow::bound200);
-inline constexpr auto fractionBound800 = fractionsOfScale(&FractionRow::rank800, &FractionRow::rank800, &FractionRow::bound800);
+inline constexpr auto fractionBound200 =
+    fractionsOfScale(&FractionRow::rank200, &FractionRow::rank200, &FractionRow::bound200);
+inline constexpr auto fractionBound800 =
+    fractionsOfScale(&FractionRow::rank800, &FractionRow::rank800, &FractionRow::bound800);
 
 // Rank to caption, and back.
-inline constexpr auto fractionCaptions200 = fractionsOfScale(&FractionRow::rank200, &FractionRow::rank200, &FractionRow::caption);
-inline constexpr auto fractionCaptions800 = fractionsOfScale(&FractionRow::rank800, &FractionRow::rank800, &FractionRow::caption);
+inline constexpr auto fractionCaptions200 =
+    fractionsOfScale(&FractionRow::rank200, &FractionRow::rank200, &FractionRow::caption);
+inline constexpr auto fractionCaptions800 =
+    fractionsOfScale(&FractionRow::rank800, &FractionRow::rank800, &FractionRow::caption);
 inline constexpr auto fractionRankByCaption200 = reversed(fractionCaptions200);
 inline constexpr auto fractionRankByCaption800 = reversed(fractionCaptions800);
 

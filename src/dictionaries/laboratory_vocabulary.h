@@ -20,7 +20,7 @@ inline constexpr auto shearMethodNames = bilingual({
     {11, L"Плашка по плашке по смоченной поверхности при заданной влажности и плотности", L"Плашка по плашці, коли змочена поверхність при заданій вологості і щільності"},
 });
 
-// Subsidence tests; their numbers go on where those of shear end. The Ukrainian names alone carry the norm.
+// Subsidence tests; their numbers go on from those of the other test methods. The Ukrainian names alone carry the norm.
 inline constexpr auto subsidenceMethodNames = bilingual({
     {21, L"Испытание образца при природной влажности",           L"Випробування зразка при природній вологості"},
     {22, L"Испытание образца при водонасыщении",                 L"Випробування зразка при водонасиченні"},

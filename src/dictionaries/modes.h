@@ -47,8 +47,8 @@ enum TX_Lab_Modes : int {
     LabShrink = 7,
 };
 
-// One row a mode: the file of its module, its plain name, its caption in the window's title. An empty cell is one
-// that the table in question does not hold. The sections of mode 13 to 15 share the module of mode 11.
+// One row a mode: the file of its module, its plain name, its caption in the window's title. An empty cell is
+// one that the table in question does not hold. Modes 13 to 15 share the module of mode 11.
 struct ModeRow {
     TX_Modes mode;
     std::wstring_view moduleFile;
@@ -85,12 +85,13 @@ inline constexpr ModeRow modeRows[] = {
 template <std::wstring_view ModeRow::* column>
 constexpr auto modeTexts()
 {
-    constexpr std::size_t size = static_cast<std::size_t>(
-        std::count_if(std::begin(modeRows), std::end(modeRows), [](const ModeRow& row) { return !(row.*column).empty(); }));
+    constexpr auto holds = [](const ModeRow& row) { return !(row.*column).empty(); };
+    constexpr auto size
+        = static_cast<std::size_t>(std::count_if(std::begin(modeRows), std::end(modeRows), holds));
     std::array<DictionaryEntry<int, std::wstring_view>, size> entries{};
     std::size_t next = 0;
     for (const ModeRow& row : modeRows)
-        if (!(row.*column).empty())
+        if (holds(row))
             entries[next++] = {row.mode, row.*column};
     return Dictionary<int, std::wstring_view, size>(entries);
 }

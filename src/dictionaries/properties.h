@@ -4,8 +4,8 @@
 
 // The physical properties of soils: 68 of them, 0 to 67.
 
-// Properties in both languages and their symbols. The p that looks Cyrillic in words such as "гpаницы" is a Latin
-// letter and part of the text: documents in the field hold it.
+// Names. Letters that look Cyrillic in words such as "гpаницы" and "г/cм3" are Latin and part of the text:
+// documents in the field hold them so.
 inline constexpr auto propertyNames = bilingual({
     {0,  L"Влажность грунта пpиpодная",                                L"Вологість ґрунту пpиpодна"},
     {1,  L"Плотность грунта, г/см3",                                   L"Щільність ґрунту, г/см3"},
@@ -77,7 +77,8 @@ inline constexpr auto propertyNames = bilingual({
     {67, L"Пpед. пpоч. одноосн. сж. водонас, МПа",                     L"Гран. міцн. одноосн. сж. водонас, МПа"},
 });
 
-// Symbols. The characters from U+0080 to U+00A2 are glyphs of the symbol font of reports: U+0095 is the density letter.
+// Symbols. The characters from U+0080 to U+00A2 are glyphs of the symbol font of reports: U+0095 is the density
+// letter.
 inline constexpr auto propertySymbols = textsByNumber({
     {0,  L"W"},
     {1,  L"\u0095"},

@@ -18,7 +18,7 @@ inline constexpr auto sectionColumnCaptions = bilingual({
     {9,  L"Наименования пород и их характеристика", L"Найменування порід та їх характеристика"},
     {10, L"График статического зондирования",       L"Графік статичного зондування"},
 });
-inline constexpr NameIds sectionColumnIds(sectionColumnCaptions, 10);
+inline constexpr auto sectionColumnIds = nameIds<10>(sectionColumnCaptions);
 
 // The same for narrow headers.
 inline constexpr auto sectionColumnCaptionsWrapped = bilingual({

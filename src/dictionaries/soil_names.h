@@ -25,7 +25,7 @@ inline constexpr auto plasticSoilNames = bilingual({
     {3, L"Песок",        L"Пісок"},
     {4, L"Не определен", L"Не визначений"},
 });
-inline constexpr NameIds plasticSoilIds(plasticSoilNames, 4);
+inline constexpr auto plasticSoilIds = nameIds<5>(plasticSoilNames);
 
 // The short list.
 inline constexpr auto sandAndClayNames = bilingual({

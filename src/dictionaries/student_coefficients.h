@@ -4,7 +4,8 @@
 
 #include <array>
 
-// Number of determinations to the one-sided coefficient of Student at a confidence of 0.95.
+// Number of determinations to Student's one-sided coefficient at a confidence of 0.95. The values are those of
+// as many degrees of freedom, not of one less.
 
 inline constexpr Dictionary<int, double, 22> studentCoefficients(std::to_array<DictionaryEntry<int, double>>({
     {3,  2.35},

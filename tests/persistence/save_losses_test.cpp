@@ -10,7 +10,8 @@
 
 using Kind = SaveLoss::Kind;
 
-namespace {
+namespace
+{
 
 bool has(const std::vector<SaveLoss>& losses, Kind kind)
 {
@@ -32,39 +33,53 @@ PointRow rowWithMark(const std::wstring& mark)
     return {L"", L"", mark, 0, L"", L"", L"", L"", 0};
 }
 
+void elementTextWithBlank(DBProject& project)
+{
+    StrataElement element;
+    element.texts[0] = L"a b";
+    project.addStrataElement(L"1", element);
+}
+
+void markThatIsNoNumber(DBProject& project)
+{
+    project.clearPointRegister();
+    project.addPointRegisterEntry({L"1", 1}, {rowWithMark(L"—")});
+    project.setSectionPoints({{L"Разрез 1-1'", {L"1", L"", 0, 0, 0, 0}}});
+}
+
+// In memory the name ~ meets letters only; the reader, row after row, lays it beside the number 1.
+void nameThatIsNoNumber(DBProject& project)
+{
+    project.clearPointRegister();
+    for (const wchar_t* name : {L"1", L"A", L"Скв", L"~"})
+        project.addPointRegisterEntry({name, 1}, {});
+}
+
+void negativeMark(DBProject& project)
+{
+    project.addSectionPoint(L"Разрез 1-1'", {L"1", L"2", 0, 0, -4.2F, 3});
+}
+
 struct Row {
     Kind kind;
     std::function<void(DBProject&)> spoil;
 };
 
 const Row rows[] = {
-    {Kind::elementText,
-     [](DBProject& project) {
-         StrataElement element;
-         element.texts[0] = L"a b";
-         project.addStrataElement(L"1", element);
-     }},
-    {Kind::markUnread,
-     [](DBProject& project) {
-         project.addPointRegisterEntry({L"1", 1}, {rowWithMark(L"—")});
-         project.addSectionPoint(L"Разрез 1-1'", {L"1", L"", 0, 0, 0, 0});
-     }},
-    {Kind::unknownObject, [](DBProject& project) { project.setLongGlObjects({nullptr}); }},
-    // In memory the name ~ meets letters only; the reader, row after row, lays it beside the number 1.
-    {Kind::keyUnread,
-     [](DBProject& project) {
-         project.clearPointRegister();
-         for (const wchar_t* name : {L"1", L"A", L"Скв", L"~"})
-             project.addPointRegisterEntry({name, 1}, {});
-     }},
+    {Kind::elementText, elementTextWithBlank},
+    {Kind::markUnread, markThatIsNoNumber},
+    {Kind::unknownObject, [](DBProject& project) { project.getLongGlObjects().push_back(nullptr); }},
+    {Kind::keyUnread, nameThatIsNoNumber},
     {Kind::textReplaced, [](DBProject& project) { project.setProjectName(L"σ ≥ 5"); }},
     {Kind::textCut, [](DBProject& project) { project.setProjectName(std::wstring(L"a\0b", 3)); }},
     {Kind::byteCut, [](DBProject& project) { project.setTypeObject(256); }},
-    {Kind::markReplaced,
-     [](DBProject& project) { project.addSectionPoint(L"Разрез 1-1'", {L"1", L"2", 0, 0, -4.2F, 3}); }},
+    {Kind::markReplaced, negativeMark},
     {Kind::secondTitle, [](DBProject& project) { project.setCrossTextB(L"другой"); }},
     {Kind::sectionFlag, [](DBProject& project) { project.setSectionFlagB(true); }},
-    {Kind::subsidence, [](DBProject& project) { project.setSubsidence({{L"1", {{1, L"", L"a"}}}}); }},
+    {Kind::subsidence,
+        [](DBProject& project) {
+            project.setSubsidence({{L"1", {{1, L"", L"a"}}}});
+        }},
     {Kind::subsidenceNames, [](DBProject& project) { project.addSubsidenceName(L"1", {L"a"}); }},
 };
 
@@ -85,19 +100,19 @@ TEST(SaveLosses, EachKindIsFoundAndOnlyWhatIsThere)
     }
 }
 
-// What the list calls unreadable does not open, and what it does not, opens: over projects that hold anything.
+// What the list calls unreadable does not open, and what it does not, opens: over projects that hold
+// anything.
 TEST(SaveLosses, TellExactlyWhichFilesWillNotOpen)
 {
     for (std::uint32_t seed = 1; seed <= 40; ++seed) {
         const auto project = randomProject(seed, seed % 2 == 0);
-        EXPECT_TRUE(findSaveLosses(*project).empty()) << "seed " << seed << ": "
-                                                      << toUtf8(describeLoss(findSaveLosses(*project).front()));
+        EXPECT_TRUE(findSaveLosses(*project).empty())
+            << "seed " << seed << ": " << toUtf8(describeLoss(findSaveLosses(*project).front()));
         const Row& row = rows[seed % std::size(rows)];
         row.spoil(*project);
         const auto losses = findSaveLosses(*project);
-        const bool unreadable = std::any_of(losses.begin(), losses.end(), [](const SaveLoss& loss) {
-            return makesUnreadable(loss.kind);
-        });
+        const bool unreadable = std::any_of(
+            losses.begin(), losses.end(), [](const SaveLoss& loss) { return makesUnreadable(loss.kind); });
         EXPECT_EQ(opens(*project), !unreadable) << "seed " << seed;
     }
 }
@@ -108,6 +123,7 @@ TEST(SaveLosses, NamesThatTheOrderConfusesAreToldBeforeTheyAreLost)
     for (const wchar_t* name : {L"9", L"10", L"1A", L"100", L"2B", L"3", L"20", L"11"})
         project->addPointRegisterEntry({name, 1}, {});
     const auto losses = findSaveLosses(*project);
-    const std::size_t lost = project->getPointRegister().size() - reopened(*project)->getPointRegister().size();
+    const std::size_t lost =
+        project->getPointRegister().size() - reopened(*project)->getPointRegister().size();
     EXPECT_EQ(losses.size(), lost);
 }
