@@ -10,7 +10,7 @@ public:
     MObject() = default;
     MObject(const MObject&) = delete;
     MObject& operator=(const MObject&) = delete;
-    virtual ~MObject() = default;
+    virtual ~MObject();
 
     // Takes one more reference; returns the new count.
     std::int32_t addRef() { return ++references_; }

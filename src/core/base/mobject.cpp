@@ -1,0 +1,3 @@
+#include "core/base/mobject.h"
+
+MObject::~MObject() = default;

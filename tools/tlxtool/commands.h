@@ -1,0 +1,28 @@
+#pragma once
+
+#include "tlxtool/output.h"
+
+#include <string>
+#include <vector>
+
+// The commands. File names are bytes as they stand on the command line. Each returns the exit status of the
+// process and throws ToolError where it cannot do its work; those that take several files report a file that
+// cannot be read on the standard error, go on with the next one and return `trouble`.
+
+namespace exitStatus
+{
+inline constexpr int good = 0;
+inline constexpr int found = 1; // something was found, or differs
+inline constexpr int trouble = 2; // the work could not be done
+} // namespace exitStatus
+
+// One line on the standard error.
+void complain(const std::string& message);
+
+int runInfo(Output& output, const std::vector<std::string>& files);
+int runCheck(Output& output, const std::vector<std::string>& files);
+int runDump(Output& output, const std::string& file, bool compact);
+int runBuild(const std::string& json, const std::string& file);
+int runResave(const std::string& from, const std::string& to);
+int runDiff(Output& output, const std::string& a, const std::string& b);
+int runExport(Output& output, const std::string& file, const std::string& folder);
