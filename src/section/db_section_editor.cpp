@@ -16,6 +16,9 @@ static void addObjects(
 {
     // Name and list may be those of the entry that is replaced.
     std::pair<const std::wstring, std::vector<GLEdObjectDB*>> entry(section, objects);
+    // An empty map compares nothing: a name that the ordering cannot read is refused here, not at the next one.
+    if (sections.empty())
+        static_cast<void>(sections.key_comp()(entry.first, entry.first));
     const auto old = sections.find(entry.first);
     if (old != sections.end()) {
         replaceAll(old->second, std::move(entry.second));
@@ -39,8 +42,10 @@ static void setObjects(SectionObjectMap& sections, const SectionObjectMap& repla
 
 static void clearObjects(SectionObjectMap& sections)
 {
-    releaseObjects(sections);
-    sections.clear();
+    // Out of the map first: an object that goes may look into the store.
+    SectionObjectMap released;
+    released.swap(sections);
+    releaseObjects(released);
 }
 
 static BoreholeQuery queryBoreholes(const SectionObjectMap& sections, const std::wstring& section)
