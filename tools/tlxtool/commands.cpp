@@ -20,6 +20,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <string_view>
 #include <utility>
 
 void complain(const std::string& message)
@@ -80,9 +81,9 @@ int runCheck(Output& output, const std::vector<std::string>& files)
 
 int runDump(Output& output, const std::string& file, bool compact)
 {
-    constexpr int indent = 2;
     const Json json = projectToJson(openProject(file));
-    output.line(json.dump(compact ? -1 : indent));
+    writeJson(json, compact, [&output](std::string_view piece) { output.write(piece); });
+    output.line("");
     return exitStatus::good;
 }
 

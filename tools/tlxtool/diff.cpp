@@ -2,6 +2,7 @@
 
 #include "persistence/grammar/project.h"
 #include "tlxtool/json_dump_archive.h"
+#include "tlxtool/json_text.h"
 #include "tlxtool/text_table.h"
 
 #include <algorithm>
@@ -31,7 +32,7 @@ Dump dumpOf(IDBProject& project)
 std::string shown(const Json& value)
 {
     constexpr std::size_t widest = 60;
-    return cutToWidth(value.dump(), widest);
+    return cutToWidth(jsonText(value, true), widest);
 }
 
 // The fields that differ, each with its path below the row and both values. Goes as deep as the project does,
