@@ -10,5 +10,8 @@ here=$(dirname "$(readlink -f "$0")")
     cmake --preset release >/dev/null
     cmake --build --preset release --target tlxtool
 )
-[ $# -gt 0 ] || set -- "$here"/samples/*.TLX
+if [ $# = 0 ]; then
+    cd "$here"
+    set -- samples/*.TLX
+fi
 exec "$here/build/release/tools/tlxtool/tlxtool" info "$@"

@@ -1,5 +1,6 @@
 #include "tlxtool/base64.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 

@@ -15,18 +15,18 @@ namespace
 {
 
 struct Dump {
+    explicit Dump(IDBProject& source)
+    {
+        JsonDumpArchive archive(project);
+        projectFields(archive, source);
+        keys = archive.registerKeys();
+    }
+    Dump(const Dump&) = delete;
+    Dump& operator=(const Dump&) = delete;
+
     Json project;
     JsonDumpArchive::RegisterKeys keys;
 };
-
-Dump dumpOf(IDBProject& project)
-{
-    Dump dump;
-    JsonDumpArchive archive(dump.project);
-    projectFields(archive, project);
-    dump.keys = archive.registerKeys();
-    return dump;
-}
 
 // Long texts and patterns are cut: the line is to say what changed, not to hold it.
 std::string shown(const Json& value)
@@ -141,8 +141,8 @@ private:
 
 std::string diffProjects(IDBProject& a, IDBProject& b)
 {
-    const Dump dumpA = dumpOf(a);
-    const Dump dumpB = dumpOf(b);
+    const Dump dumpA(a);
+    const Dump dumpB(b);
     std::string text;
     std::vector<std::string> fieldChanges;
     for (auto member = dumpA.project.begin(); member != dumpA.project.end(); ++member) {

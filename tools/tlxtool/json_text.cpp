@@ -27,7 +27,11 @@ std::string placeOf(std::span<const std::uint8_t> text, std::size_t offset)
 class Builder
 {
 public:
-    Json takeRoot() { return std::move(root_); }
+    explicit Builder(Json& root)
+        : root_(root)
+    {
+    }
+
     // Where the parser stopped; 0 while it has not.
     std::size_t faultOffset() const { return faultOffset_; }
 
@@ -89,7 +93,7 @@ private:
         return true;
     }
 
-    Json root_;
+    Json& root_;
     std::vector<Json*> open_;
     std::string key_;
     std::size_t faultOffset_ = 0;
@@ -195,11 +199,12 @@ private:
 
 Json parseJson(std::span<const std::uint8_t> text)
 {
-    Builder builder;
+    Json root;
+    Builder builder(root);
     if (!Json::sax_parse(text.begin(), text.end(), &builder))
         throw ToolError("это не JSON в UTF-8 или число вне пределов: "
             + placeOf(text, builder.faultOffset() - 1) + "; исправьте файл");
-    return builder.takeRoot();
+    return root;
 }
 
 void writeJson(const Json& value, bool compact, const std::function<void(std::string_view)>& sink)

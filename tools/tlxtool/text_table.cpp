@@ -77,6 +77,7 @@ std::string formatTable(const std::vector<TableColumn>& columns,
     std::size_t lineWidth)
 {
     std::vector<std::string> titles;
+    titles.reserve(columns.size());
     for (const TableColumn& column : columns)
         titles.push_back(column.title);
     rows.insert(rows.begin(), titles);
