@@ -85,7 +85,7 @@ void openProject(benchmark::State& state)
 {
     const std::wstring path = wide(files.withPoints(static_cast<std::size_t>(state.range(0))));
     std::size_t size = 0;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         const auto project = open(path, size);
         if (!project)
             state.SkipWithError("the generated file does not open");
@@ -101,8 +101,12 @@ void saveProject(benchmark::State& state)
     const std::string& path = files.withPoints(static_cast<std::size_t>(state.range(0)));
     std::size_t size = 0;
     const auto project = open(wide(path), size);
+    if (!project) {
+        state.SkipWithError("the generated file does not open");
+        return;
+    }
     const std::wstring target = wide(path + ".saved.TLX");
-    for (auto _ : state)
+    while (state.KeepRunning())
         if (!writeProjectFile(target, *project))
             state.SkipWithError("the project could not be written");
     std::remove((path + ".saved.TLX").c_str());

@@ -48,11 +48,8 @@ private:
             L"",
             L"14.05.2024",
             1};
-        project_->getPointRegister().insert(project_->getPointRegister().end(),
-            {
-                {name, std::uint8_t{1}},
-                {row   }
-        });
+        project_->getPointRegister().insert(
+            project_->getPointRegister().end(), {{name, std::uint8_t{1}}, {row}});
         unsigned depth = 0;
         for (unsigned layer = 5 + below(6); layer > 0; --layer) {
             depth += 30 + below(300);
@@ -66,9 +63,7 @@ private:
                 {name, hundredths(sample * 150)},
                 SampleValue{static_cast<int>(below(3))});
         append(project_->getWaterLevels(),
-            {
-                name, hundredths(100 + below(500))
-        },
+            {name, hundredths(100 + below(500))},
             WaterValue{{2024, 5, 14}, 1, 0});
         for (unsigned sample = 1; sample <= 2; ++sample)
             append(project_->getLabSamples(), {name, hundredths(sample * 300)}, labSample());
@@ -99,15 +94,10 @@ private:
     {
         std::vector<SoundingRow> rows;
         for (unsigned depth = 1; depth <= 200; ++depth)
-            rows.push_back({
-                hundredths(depth * 10), {hundredths(below(3000)), hundredths(below(9000)), L"", L""}
-            });
+            rows.push_back(
+                {hundredths(depth * 10), {hundredths(below(3000)), hundredths(below(9000)), L"", L""}});
         auto& soundings = project_->getSoundings();
-        soundings.insert(soundings.end(),
-            {
-                {name, 3, L"C979", L"14.05.2024"},
-                rows
-        });
+        soundings.insert(soundings.end(), {{name, 3, L"C979", L"14.05.2024"}, rows});
     }
 
     template <class Register, class Value>

@@ -28,7 +28,7 @@ DBProject::~DBProject()
 LithologyRegister::iterator DBProject::removeLithologyOfPoint(const std::wstring& pointName)
 {
     // The name may be that of the very row that goes first.
-    const std::wstring name = pointName;
+    const std::wstring name = pointName; // NOLINT(performance-unnecessary-copy-initialization)
     for (auto layer = lithology_.begin(); layer != lithology_.end();)
         layer = layer->first.pointName == name ? lithology_.erase(layer) : std::next(layer);
     return lithology_.end();
@@ -79,9 +79,7 @@ void DBProject::moveSoundingKey(
     const auto entry = std::next(moved.begin(), std::distance(soundings_.begin(), found));
     // The old date is dropped for this fixed one: that is how the operation works.
     std::pair<const SoundingKey, std::vector<SoundingRow>> renamed{
-        SoundingKey{pointName, pointKind, device, L"01.01.2019"},
-        std::move(entry->second)
-    };
+        SoundingKey{pointName, pointKind, device, L"01.01.2019"}, std::move(entry->second)};
     moved.erase(entry);
     if (moved.insert(std::move(renamed)).second)
         soundings_.swap(moved);

@@ -187,10 +187,10 @@ void LossArchive::subsidence(std::string_view name, SubsidenceMap& values)
 }
 
 static void findUnreadMarks(
-    LossArchive& archive, IDBProject& project, SectionPointMap points, SectionLineMap& lines)
+    LossArchive& archive, IDBProject& project, const SectionPointMap& points, SectionLineMap& lines)
 {
     PointRegister& pointRegister = project.getPointRegister();
-    for (auto& [section, ends] : points) {
+    for (const auto& [section, ends] : points) {
         if (ends.markA < 0 || ends.markB < 0)
             archive.note(Kind::markReplaced, "mark", section);
         SectionPointMap alone;

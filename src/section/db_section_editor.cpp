@@ -16,7 +16,8 @@ static void addObjects(
 {
     // Name and list may be those of the entry that is replaced.
     std::pair<const std::wstring, std::vector<GLEdObjectDB*>> entry(section, objects);
-    // An empty map compares nothing: a name that the ordering cannot read is refused here, not at the next one.
+    // An empty map compares nothing: a name that the ordering cannot read is refused here, not at the next
+    // one.
     if (sections.empty())
         static_cast<void>(sections.key_comp()(entry.first, entry.first));
     const auto old = sections.find(entry.first);
@@ -70,8 +71,8 @@ static BoreholeQuery queryBoreholes(const SectionObjectMap& sections, const std:
 
 DBSectionEditor::~DBSectionEditor()
 {
-    clearObjectsA();
-    clearObjectsB();
+    clearObjects(objectsA_);
+    clearObjects(objectsB_);
 }
 
 void DBSectionEditor::addObjectsA(const std::wstring& section, const std::vector<GLEdObjectDB*>& objects)

@@ -162,16 +162,16 @@ TEST(TextNumber, Integers)
         std::wstring text;
         int value;
     } numbers[] = {
-        {L"0",                           0                              },
-        {L"007",                         7                              },
-        {L"1.5",                         1                              },
-        {L" \t\n\v\f\r+12a",             12                             },
-        {L"-3-4",                        -3                             },
-        {L"0x1F",                        0                              },
-        {L"2147483647",                  2147483647                     },
-        {L"-2147483648",                 std::numeric_limits<int>::min()},
-        {L"000000000000000000000000042", 42                             },
-        {zeroInside,                     5                              },
+        {L"0", 0},
+        {L"007", 7},
+        {L"1.5", 1},
+        {L" \t\n\v\f\r+12a", 12},
+        {L"-3-4", -3},
+        {L"0x1F", 0},
+        {L"2147483647", 2147483647},
+        {L"-2147483648", std::numeric_limits<int>::min()},
+        {L"000000000000000000000000042", 42},
+        {zeroInside, 5},
     };
     for (const auto& [text, value] : numbers)
         EXPECT_EQ(textToInt(text), value) << testing::PrintToString(text);

@@ -169,4 +169,13 @@ TEST_F(UndoManager, ACommandThatThrowsStaysWhereItIs)
     EXPECT_FALSE(undo->canUndo());
     EXPECT_TRUE(undo->canRedo());
     EXPECT_EQ(broken->referenceCount(), 2);
+
+    // Added before it is tried: a change that broke off half-way can be taken back.
+    const auto halfway = command('B');
+    halfway->fails = true;
+    EXPECT_THROW(undo->execute(halfway.get()), std::runtime_error);
+    halfway->fails = false;
+    log.clear();
+    EXPECT_FALSE(undo->undo());
+    EXPECT_EQ(log, "-B");
 }

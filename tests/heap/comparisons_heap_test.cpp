@@ -17,7 +17,7 @@ TEST(Comparisons, LookUpsDoNotAllocate)
         layers.insert({{number, L"12.345678901234567890123"}, {}});
         points.insert({{name, 1}, {}});
         names.insert({number, {}});
-        lines.insert({L"Разрез " + number + L"-" + number + L"'", {}});
+        lines.insert({std::wstring(L"Разрез ").append(number).append(L"-").append(number).append(L"'"), {}});
         links.insert({L"ссылка:" + number, L""});
     }
     const PointDepthKey layer{L"117", L"0x1.8p3"};

@@ -5,7 +5,8 @@
 #include <fstream>
 #include <sstream>
 
-namespace {
+namespace
+{
 
 // The bytes of the example on the page about the project file: "54 65 00*8   what it is".
 Bytes bytesOfPage(const std::string& path)

@@ -157,13 +157,13 @@ TEST(ProjectFile, ElementTextsKnowNoBlankAndNoCyrillicLetter)
         std::wstring back;
     };
     const Row rows[] = {
-        {L"",           true,  L""      },
-        {L"!Qz",        true,  L"!Qz"   },
-        {L"\u201E",     true,  L"\u0084"},
-        {L"\u0084",     true,  L"?"     },
-        {L"a b",        false, L""      },
-        {L"Q{",         false, L""      },
-        {L"песок", false, L""      },
+        {L"", true, L""},
+        {L"!Qz", true, L"!Qz"},
+        {L"\u201E", true, L"\u0084"},
+        {L"\u0084", true, L"?"},
+        {L"a b", false, L""},
+        {L"Q{", false, L""},
+        {L"песок", false, L""},
     };
     for (const Row& row : rows) {
         const auto project = emptyProject();
@@ -199,9 +199,7 @@ TEST(ProjectFile, SubsidenceNamesStandOnlyBesideSubsidenceRows)
 TEST(ProjectFile, CellsOfASubsidenceRowShareTheTitleOfTheFirst)
 {
     const auto project = emptyProject();
-    project->setSubsidence({
-        {L"1", {{3, L"0,1", L"А"}, {300, L"0,2", L"Б"}}}
-    });
+    project->setSubsidence({{L"1", {{3, L"0,1", L"А"}, {300, L"0,2", L"Б"}}}});
     const auto again = reopened(*project);
     const auto& cells = again->getSubsidence().begin()->second;
     ASSERT_EQ(cells.size(), 2U);
@@ -212,8 +210,9 @@ TEST(ProjectFile, CellsOfASubsidenceRowShareTheTitleOfTheFirst)
 TEST(ProjectFile, EndsOfSectionsAreCompletedFromLinesAndPoints)
 {
     const auto project = emptyProject();
-    const auto point = [&](const wchar_t* name, std::uint8_t kind, std::vector<std::wstring> marks) {
+    const auto point = [&](const wchar_t* name, std::uint8_t kind, const std::vector<std::wstring>& marks) {
         std::vector<PointRow> rows;
+        rows.reserve(marks.size());
         for (const std::wstring& mark : marks)
             rows.push_back({L"", L"", mark, 0, L"", L"", L"", L"", 0});
         project->addPointRegisterEntry({name, kind}, rows);
@@ -222,27 +221,20 @@ TEST(ProjectFile, EndsOfSectionsAreCompletedFromLinesAndPoints)
     point(L"2", 1, {L"20", L"21"});
     point(L"3", 1, {});
     const std::wstring key = L"Разрез 1-1'";
-    project->addSectionLine(key,
-        {
-            {L"1", 0},
-            {L"3", 0},
-            {L"2", 0}
-    });
+    project->addSectionLine(key, {{L"1", 0}, {L"3", 0}, {L"2", 0}});
 
     struct Row {
         SectionPointValue given;
         SectionPointValue expected;
     };
     const Row rows[] = {
-        {{L"", L"", 7, 8, 0, 0},                  {L"1", L"2", 7, 8, 12.5F, 21}  },
-        {{L"02", L"1", 0, 0, -3, 0},              {L"02", L"1", 0, 0, 20, 13}    },
+        {{L"", L"", 7, 8, 0, 0}, {L"1", L"2", 7, 8, 12.5F, 21}},
+        {{L"02", L"1", 0, 0, -3, 0}, {L"02", L"1", 0, 0, 20, 13}},
         {{L"9", L"3", 0, 0, 0.00001F, 0.000001F}, {L"9", L"3", 0, 0, 0.00001F, 0}},
-        {{L"9", L"№", 0, 0, -1, -1},            {L"9", L"№", 0, 0, 0, 0}     },
+        {{L"9", L"№", 0, 0, -1, -1}, {L"9", L"№", 0, 0, 0, 0}},
     };
     for (const Row& row : rows) {
-        project->setSectionPoints({
-            {key, row.given}
-        });
+        project->setSectionPoints({{key, row.given}});
         const auto again = reopened(*project);
         const SectionPointValue& ends = again->getSectionPoints().begin()->second;
         EXPECT_EQ(ends.textA, row.expected.textA);
@@ -253,15 +245,11 @@ TEST(ProjectFile, EndsOfSectionsAreCompletedFromLinesAndPoints)
     }
 
     // Without a line of the section an empty name stays empty, and so does its mark.
-    project->setTerrainPoints({
-        {key, {L"", L"", 0, 0, -2, 0}}
-    });
+    project->setTerrainPoints({{key, {L"", L"", 0, 0, -2, 0}}});
     EXPECT_EQ(reopened(*project)->getTerrainPoints().begin()->second.markA, -2);
 
     point(L"4", 1, {L""});
-    project->setSectionPoints({
-        {key, {L"4", L"1", 0, 0, 0, 5}}
-    });
+    project->setSectionPoints({{key, {L"4", L"1", 0, 0, 0, 5}}});
     expectUnreadable(encodeProject(*project), unreadable);
 }
 

@@ -50,14 +50,8 @@ TEST(RoundTrip, WhatTheFileDoesNotHoldComesBackAsTheDefault)
     const auto project = makeReference<DBProject>();
     project->setProjectState(5);
     project->setSoundingRatioC(L"7");
-    project->setLithologyHeader({
-        {2020, 2, 2},
-        {2021, 3, 3},
-        1, 2, 3
-    });
-    project->setLongProfileMap({
-        {L"a", {L"b"}}
-    });
+    project->setLithologyHeader({{2020, 2, 2}, {2021, 3, 3}, 1, 2, 3});
+    project->setLongProfileMap({{L"a", {L"b"}}});
     project->setLinkViewMode(4);
     project->setLinkViewPair({1, 2});
     project->setSectionFlagA(true);

@@ -142,6 +142,8 @@ TEST(EllipseOutline, WalksInWholeUnits)
              {1, 1, {{0, 1}, {1, 1}, {1, 0}}},
              {2, 1, {{0, 1}, {1, 1}, {2, 0}}},
              {3, 2, {{0, 2}, {1, 2}, {2, 2}, {3, 1}, {3, 0}}},
+             // Below the turn the decision starts at a quarter, which rounds to nothing.
+             {6, 5, {{0, 5}, {1, 5}, {2, 5}, {3, 4}, {4, 4}, {5, 3}, {6, 2}, {6, 1}, {6, 0}}},
              {4, 4, {{0, 4}, {1, 4}, {2, 3}, {3, 3}, {3, 2}, {4, 1}, {4, 0}}},
              {1.5F, 1.5F, {{0, 1.5F}, {1, 1.5F}, {2, 0.5F}, {2, -0.5F}}},
              {0, 2, {{0, 2}, {0, 1}, {0, 0}}},
@@ -192,6 +194,11 @@ TEST(Plane, NormalDistanceAndBoundsFollowFromTheCorners)
     EXPECT_EQ(level->maxX, 6);
     EXPECT_EQ(level->minY, -3);
     EXPECT_EQ(level->maxY, 1);
+    // Each corner can be the outermost one.
+    for (const auto& turned : {plane({0, 3, 0}, {1, 1, 0}, {3, 0, 0}),
+             plane({1, 1, 0}, {3, 0, 0}, {0, 3, 0}),
+             plane({3, 0, 0}, {0, 3, 0}, {1, 1, 0})})
+        EXPECT_TRUE(turned->minX == 0 && turned->maxX == 3 && turned->minY == 0 && turned->maxY == 3);
 
     const auto upright = plane({0, 7, 1}, {2, 7, 1}, {0, 7, 3});
     EXPECT_EQ(upright->normal, (Vec3{0, -1, 0}));

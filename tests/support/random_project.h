@@ -51,7 +51,7 @@ public:
         else if (name == "key")
             value = this->name() + L":" + std::to_wstring(below(1000));
         else
-            value = texts_[below(texts_.size())];
+            value = textPool[below(textPool.size())];
     }
     void elementText(std::string_view, std::wstring& value)
     {
@@ -142,7 +142,7 @@ public:
         for (std::size_t i = some(); i > 0; --i) {
             std::vector<SubsidenceCell>& cells = values[name()];
             cells.clear();
-            const std::wstring title(texts_[below(texts_.size())]);
+            const std::wstring title(textPool[below(textPool.size())]);
             for (std::size_t cell = below(3); cell > 0; --cell)
                 cells.push_back(
                     {static_cast<std::int32_t>(10 * cell), L"0,0" + std::to_wstring(cell), title});
@@ -179,7 +179,7 @@ private:
         return lettered_ ? L"Скв-" + number : number;
     }
 
-    static constexpr std::array<std::wstring_view, 8> texts_ = {
+    static constexpr std::array<std::wstring_view, 8> textPool = {
         L"",
         L"Суглинок тугопластичный",
         L"12,5",
