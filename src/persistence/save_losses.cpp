@@ -151,13 +151,15 @@ void LossArchive::planes(std::string_view name, const GLObjectList& values)
 void LossArchive::informs(std::string_view, const InformList& values)
 {
     for (const InformRecord* inform : values)
-        existingRecord(*this, *inform);
+        if (inform)
+            existingRecord(*this, *inform);
 }
 
 void LossArchive::items(std::string_view, const std::vector<PropertyGridItem*>& values)
 {
     for (const PropertyGridItem* item : values)
-        existingRecord(*this, *item);
+        if (item)
+            existingRecord(*this, *item);
 }
 
 // The short name follows from the path and is made anew at every opening.

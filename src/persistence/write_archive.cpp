@@ -4,6 +4,7 @@
 #include "platform/uuid.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 
 std::vector<std::uint8_t> WriteArchive::takeBytes()
@@ -58,9 +59,10 @@ void WriteArchive::planes(std::string_view, const GLObjectList& values)
 template <class Record>
 void WriteArchive::writeRecords(const std::vector<Record*>& records)
 {
-    writeCount(records.size());
+    writeCount(records.size() - static_cast<std::size_t>(std::ranges::count(records, nullptr)));
     for (const Record* record : records)
-        existingRecord(*this, *record);
+        if (record)
+            existingRecord(*this, *record);
 }
 
 void WriteArchive::informs(std::string_view, const InformList& values)

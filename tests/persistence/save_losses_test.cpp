@@ -127,3 +127,11 @@ TEST(SaveLosses, NamesThatTheOrderConfusesAreToldBeforeTheyAreLost)
         project->getPointRegister().size() - reopened(*project)->getPointRegister().size();
     EXPECT_EQ(losses.size(), lost);
 }
+
+TEST(SaveLosses, EmptyPlacesInAListOfInformRecordsAreLeftOut)
+{
+    const auto project = makeReference<DBProject>();
+    project->getLongInforms().push_back(nullptr);
+    EXPECT_TRUE(findSaveLosses(*project).empty());
+    EXPECT_TRUE(reopened(*project)->getLongInforms().empty());
+}
