@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QString>
+#include <QVector>
+
+// Blocks of cells as spreadsheets put them on the clipboard: rows parted by new lines, cells by tabs, a cell
+// that holds either of them, or begins with a quote, in quotes with the quotes inside doubled.
+
+using CellBlock = QVector<QVector<QString>>;
+
+QString clipboardText(const CellBlock& block);
+
+// The reverse. The last row may end in a new line; rows may differ in length.
+CellBlock cellsOfClipboard(const QString& text);

@@ -1,0 +1,36 @@
+#include "common/view_settings.h"
+
+#include <QCoreApplication>
+#include <QHeaderView>
+#include <QSettings>
+#include <QTimer>
+
+std::unique_ptr<QSettings> viewSettings()
+{
+    return std::make_unique<QSettings>(
+        QCoreApplication::applicationDirPath() + QStringLiteral("/tellurix19_view.ini"),
+        QSettings::IniFormat);
+}
+
+static void saveWidths(const QHeaderView* header, const QString& name)
+{
+    QStringList widths;
+    for (int column = 0; column < header->count(); ++column)
+        widths += QString::number(header->sectionSize(column));
+    viewSettings()->setValue(QStringLiteral("widths/") + name, widths);
+}
+
+void keepColumnWidths(QHeaderView* header, const QString& name)
+{
+    const QStringList widths = viewSettings()->value(QStringLiteral("widths/") + name).toStringList();
+    for (int column = 0; column < qMin(header->count(), widths.size()); ++column)
+        if (const int width = widths[column].toInt(); width > 0)
+            header->resizeSection(column, width);
+
+    // A drag reports every pixel; the file follows when the hand rests.
+    auto* rest = new QTimer(header);
+    rest->setSingleShot(true);
+    rest->setInterval(400);
+    QObject::connect(rest, &QTimer::timeout, header, [header, name] { saveWidths(header, name); });
+    QObject::connect(header, &QHeaderView::sectionResized, rest, [rest] { rest->start(); });
+}
