@@ -1,0 +1,92 @@
+#include "app/message_box.h"
+#include "app/shell_assembly.h"
+#include "app/tx_application.h"
+#include "platform/files.h"
+#include "settings/program.h"
+
+#include <QFont>
+#include <QIcon>
+#include <QStyleFactory>
+#include <QSurfaceFormat>
+
+static void initialiseResources()
+{
+    Q_INIT_RESOURCE(tellurix);
+    // One family of icons on every desktop; without it some come from the desktop's own theme.
+    QIcon::setThemeSearchPaths({QStringLiteral(":/icons")});
+    QIcon::setThemeName(QStringLiteral("tellurix"));
+    QFont::insertSubstitutions(QStringLiteral("Impact"),
+        {QStringLiteral("Liberation Sans Narrow"), QStringLiteral("DejaVu Sans Condensed")});
+}
+
+// Multisampled surfaces for the drawings of the section.
+static void setSurfaceFormat()
+{
+    QSurfaceFormat format;
+    format.setDepthBufferSize(24);
+    format.setStencilBufferSize(8);
+    format.setSamples(16);
+    QSurfaceFormat::setDefaultFormat(format);
+}
+
+// What needs the application object: the graphics, the settings' file and the look, in this order.
+static void prepare(Settings& settings, const QString& style)
+{
+    QCoreApplication::setAttribute(Qt::AA_UseDesktopOpenGL, true);
+    if (!QCoreApplication::testAttribute(Qt::AA_UseDesktopOpenGL))
+        showMessageBox(ModeNone,
+            L"На выбранной видеокарте ограничена поддержка технологии OpenGL.\n"
+            L"Не все режимы программы будут работать корректно!",
+            nullptr,
+            2);
+    settings.initialise();
+    setSurfaceFormat();
+    QApplication::setStyle(QStyleFactory::create(style));
+    QApplication::setPalette(QApplication::style()->standardPalette());
+}
+
+// The shell from its assembly to the end of the event loop; the exit code.
+static int runShell(Shell& shell, int argc, char** argv)
+{
+    if (!assembleShell(shell))
+        return -1;
+    if (argc > 1)
+        openFromCommandLine(*shell.mainController, argv[1]);
+    // A window that was closed while the shell came up: leaving an event loop that has not begun yet would
+    // have no effect.
+    return shell.mainController->leaving() ? 0 : QApplication::exec();
+}
+
+int main(int argc, char** argv)
+{
+    const std::wstring program = executablePath();
+    if (program.empty())
+        return -1;
+    const QString folder = QString::fromStdWString(program.substr(0, program.find_last_of(L"\\/") + 1));
+    initialiseResources();
+    QCoreApplication::setApplicationName(applicationName);
+    QCoreApplication::setOrganizationName(organisationName);
+    QCoreApplication::setApplicationVersion(applicationVersion);
+    QCoreApplication::setLibraryPaths(
+        QCoreApplication::libraryPaths() << folder + QStringLiteral("Qt/plugins"));
+
+    Shell shell;
+    shell.settings = makeReference<Settings>();
+    // Taken before the settings are read from disk: every start comes up in the style of the initial value,
+    // and the stored one stands in the chooser until the user picks it.
+    const QString style = QString::fromStdWString(shell.settings->visualStyleName());
+    auto application = std::make_unique<TXApplication>(argc, argv, shell.settings.get());
+    prepare(*shell.settings, style);
+
+    int exitCode = -1;
+    const std::wstring failure = failureOf([&] { exitCode = runShell(shell, argc, argv); });
+    shell.mainWindow.reset();
+    shell.splash.reset();
+    if (!failure.empty())
+        showCriticalError(failure);
+    application.reset();
+    shell.controller = {};
+    shell.mainController = {};
+    shell.settings = {};
+    return exitCode;
+}

@@ -1,0 +1,83 @@
+#include "app/main_controller.h"
+
+#include "app/main_window.h"
+#include "app/mdi_child.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QMdiArea>
+#include <QStatusBar>
+#include <QTimer>
+
+#include <algorithm>
+#include <climits>
+
+static constexpr std::int64_t millisecondsPerMinute = 60000;
+
+MainController::MainController() = default;
+
+MainController::~MainController() = default;
+
+QMainWindow* MainController::mainWindow()
+{
+    return mainWindow_;
+}
+
+void MainController::setMainWindow(MainWindow* window)
+{
+    mainWindow_ = window;
+    autoSaveTimer_ = new QTimer(window);
+    QObject::connect(autoSaveTimer_, &QTimer::timeout, window, [this] { autoSave(); });
+    setAutoSave();
+}
+
+void MainController::forgetMainWindow()
+{
+    // The screens go while actions and status bar still stand, since they speak to both when they go.
+    qDeleteAll(mdiArea_->subWindowList());
+    for (const ActionRow& row : actionRows())
+        actions_[row.action] = nullptr;
+    handActionsToFacade();
+    mdiArea_ = nullptr;
+    mainWindow_ = nullptr;
+    modeToolBar_ = nullptr;
+    autoSaveTimer_ = nullptr;
+    hintLabel_ = nullptr;
+    progressBar_ = nullptr;
+}
+
+void MainController::setAutoSave()
+{
+    autoSaveTimer_->stop();
+    if (!settings_->isSetTimer())
+        return;
+    // A timer of nothing would save without a pause, one of 36000 minutes does not fit into an int.
+    const std::int64_t minutes = std::max<std::int64_t>(settings_->timer(), 1);
+    const std::int64_t milliseconds = minutes * millisecondsPerMinute;
+    autoSaveTimer_->start(static_cast<int>(std::min<std::int64_t>(milliseconds, INT_MAX)));
+}
+
+void MainController::showFirst()
+{
+    updateTitle(controller_->currentMode());
+    QCoreApplication::processEvents();
+    updateActions();
+}
+
+std::vector<QAction*> MainController::contextMenuActions() const
+{
+    using A = ShellAction;
+    return {actions_[A::Stamps], actions_[A::Column], actions_[A::ListCoords], actions_[A::Exit]};
+}
+
+void MainController::pressKey(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_F1)
+        openHelp();
+}
+
+void MainController::showStatus(const QString& text, int milliseconds)
+{
+    if (mainWindow_)
+        mainWindow_->statusBar()->showMessage(text, milliseconds);
+}

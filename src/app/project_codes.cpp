@@ -1,0 +1,32 @@
+// The code of a project that is not open, for the register of projects.
+
+#include "app/main_controller.h"
+#include "app/project_reading.h"
+#include "app/project_writer.h"
+
+std::wstring MainController::projectCodeOf(const std::wstring& path)
+{
+    std::wstring code;
+    try {
+        if (const auto project = readProjectFile(path))
+            code = project->getProjectCode();
+    } catch (...) {
+        // The register shows a file that cannot be read without a code.
+    }
+    resetFacade();
+    updateActions();
+    return code;
+}
+
+void MainController::setProjectCodeOf(const std::wstring& path, const std::wstring& code)
+{
+    resetFacade();
+    try {
+        if (const auto project = readProjectFile(path)) {
+            project->setProjectCode(code);
+            ProjectWriter(project.get(), settings_).write();
+        }
+    } catch (...) {
+        // The register reads the file again and shows what is in it.
+    }
+}

@@ -1,0 +1,149 @@
+// How a project comes to be in memory and reaches the disk.
+
+#include "app/main_controller.h"
+#include "app/main_window.h"
+#include "app/message_box.h"
+#include "app/project_reading.h"
+#include "app/project_writer.h"
+#include "core/base/mexception.h"
+#include "persistence/save_losses.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+#include <algorithm>
+
+static constexpr int statusMilliseconds = 2000;
+static constexpr const wchar_t* newProjectName = L"TLXXXXX.TLX";
+
+void MainController::takeProject(Reference<DBProject> project)
+{
+    project_ = std::move(project);
+    controller_->setProject(project_.get());
+    // The object type is the project's own while one is open.
+    settings_->setIsShowTypeObject(project_.get() == nullptr);
+    toldLosses_.clear();
+}
+
+void MainController::resetFacade()
+{
+    controller_->detachAll();
+    controller_->reset();
+}
+
+void MainController::newProject()
+{
+    projectPath_ = newProjectName;
+    // Its short name stays empty until the user names the project in the list of points.
+    auto project = makeReference<DBProject>();
+    project->setFilePath(projectPath_);
+    project->setTypeObject(settings_->typeObject());
+    project->setLabValueC(settings_->newProjectMode());
+    project->setGranGost(settings_->granGostLaboratory());
+    rowsWereRefused_ = false;
+    takeProject(std::move(project));
+}
+
+// Rows that did not come in stand in the file until it is saved for the first time: then they are gone.
+static std::wstring refusalWarning(const ReadReport& report)
+{
+    std::wstring text = L"Из файла не прочитано строк: " + std::to_wstring(report.refusalCount)
+        + L".\nИх имена или глубины читаются как то же число, что у другой строки, или не читаются вовсе:\n";
+    static constexpr std::size_t shown = 10;
+    for (std::size_t i = 0; i < std::min(shown, report.refusals.size()); ++i)
+        text += L"    " + report.refusals[i].key + L"\n";
+    if (report.refusalCount > shown)
+        text += L"    ...\n";
+    return text + L"После сохранения этих строк в файле не будет. Сделайте копию файла, если они нужны.";
+}
+
+void MainController::openProject()
+{
+    openFailed_ = false;
+    resetFacade();
+    std::wstring message;
+    ReadReport report;
+    try {
+        Reference<DBProject> project = readProjectFile(projectPath_, report);
+        openFailed_ = !project;
+        if (project) {
+            rowsWereRefused_ = report.refusalCount > 0;
+            takeProject(std::move(project));
+            settings_->setTypeObject(project_->getTypeObject());
+            settings_->setGranGostLaboratory(project_->getGranGost());
+            if (rowsWereRefused_)
+                showMessageBox(ModeNone, refusalWarning(report), mainWindow_, QMessageBox::Warning);
+        }
+    } catch (const MException& failure) {
+        openFailed_ = true;
+        message = failure.message();
+    } catch (...) {
+        // A failure without words leaves the previous project open and says nothing.
+    }
+    if (!message.empty())
+        showMessageBox(ModeNone, message, mainWindow_, QMessageBox::Warning);
+}
+
+void MainController::saveProject()
+{
+    if (!project_) {
+        tell(ModeStratigraphic, &TXWidget::signalSaveColumn);
+        return;
+    }
+    showStatus(QStringLiteral("Сохранение проекта..."), statusMilliseconds);
+    // Whatever the screen answers, what is stored is saved.
+    syncMode(controller_->currentMode());
+    writeOpenProject();
+}
+
+void MainController::writeOpenProject()
+{
+    bool written = false;
+    try {
+        written = bool(ProjectWriter(project_.get(), settings_).write());
+    } catch (...) {
+        // What it was does not help the user; that nothing is on the disk does.
+        written = false;
+    }
+    if (written) {
+        rowsWereRefused_ = false;
+        showStatus(QStringLiteral("Готово."), 0);
+    } else {
+        showMessageBox(ModeNone, L"Ошибка при сохранения проекта!", mainWindow_, QMessageBox::Warning);
+    }
+}
+
+// What the file just written will not give back, once for each state of the project.
+void MainController::warnOfLosses()
+{
+    if (!project_)
+        return;
+    const auto losses = findSaveLosses(*project_);
+    static constexpr std::size_t shown = 8;
+    std::wstring text;
+    for (std::size_t i = 0; i < std::min(shown, losses.size()); ++i)
+        text += describeLoss(losses[i]) + L"\n";
+    if (losses.size() > shown)
+        text += L"... и ещё " + std::to_wstring(losses.size() - shown);
+    if (text.empty() || text == toldLosses_)
+        return;
+    toldLosses_ = text;
+    showMessageBox(ModeNone,
+        L"Проект записан, но не всё из него вернётся при открытии файла:\n" + text,
+        mainWindow_,
+        QMessageBox::Warning);
+}
+
+void MainController::autoSave()
+{
+    // A question that is open may be about this very project.
+    if (dynamic_cast<QMessageBox*>(QApplication::activeModalWidget()))
+        return;
+    if (rowsWereRefused_) {
+        showStatus(QStringLiteral("Автосохранение ждёт: в файле есть непрочитанные строки, которые исчезнут "
+                                  "при записи. Сохраните проект сами, если они не нужны."),
+            0);
+        return;
+    }
+    saveProject();
+}

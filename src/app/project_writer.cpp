@@ -1,0 +1,51 @@
+#include "app/project_writer.h"
+
+#include "core/base/mexception.h"
+#include "modules/idbproject.h"
+#include "modules/isettings.h"
+#include "persistence/project_codec.h"
+#include "platform/files.h"
+#include "platform/safe_write.h"
+#include "settings/program.h"
+
+std::wstring projectFolder(IDBProject& project, ISettings& settings)
+{
+    return settings.projectPath() + L'\\' + projectsFolder.toStdWString() + L'\\' + project.getFileStem();
+}
+
+std::wstring projectPlace(IDBProject& project, ISettings& settings)
+{
+    return projectFolder(project, settings) + L'\\' + project.getFilePath();
+}
+
+// The path with another extension in place of the file name's last one.
+static std::wstring withExtension(const std::wstring& path, const std::wstring& extension)
+{
+    const auto dot = path.rfind(L'.');
+    const auto slash = path.find_last_of(L"\\/");
+    const bool hasOne = dot != std::wstring::npos && (slash == std::wstring::npos || dot > slash);
+    return (hasOne ? path.substr(0, dot) : path) + extension;
+}
+
+ProjectWriter::ProjectWriter(IDBProject* project, ISettings* settings)
+    : project_(project)
+    , settings_(settings)
+{
+    if (!project)
+        throw MException(L"Invalid database");
+    if (!settings)
+        throw MException(L"Invalid settings");
+}
+
+FileResult ProjectWriter::write() const
+{
+    const auto bytes = encodeProject(*project_);
+    const std::wstring place = projectPlace(*project_, *settings_);
+    if (fileExists(place)) {
+        if (FileResult kept = copyFile(place, withExtension(place, L".bak")); !kept)
+            return kept;
+    } else if (FileResult made = createFolder(projectFolder(*project_, *settings_)); !made) {
+        return made;
+    }
+    return replaceFile(place, bytes);
+}

@@ -1,0 +1,58 @@
+#include "app/shell_assembly.h"
+
+#include "app/generic_event_filter.h"
+#include "app/module_loading.h"
+#include "platform/system_text.h"
+
+#include <QCoreApplication>
+#include <QPixmap>
+
+// The first time the window is shown the title and the actions are brought up to date. The event itself never
+// reaches the window, neither the first one nor later ones.
+static void watchFirstShow(Shell& shell)
+{
+    auto* filter = new GenericQEventFilter(shell.splash.get(),
+        [isFirst = true, controller = shell.mainController.get()](QObject*, QEvent* event) mutable {
+            if (event->type() != QEvent::Show)
+                return false;
+            // Before the step, since that handles events, this kind among them.
+            if (std::exchange(isFirst, false))
+                controller->showFirst();
+            return true;
+        });
+    shell.mainWindow->installEventFilter(filter);
+}
+
+bool assembleShell(Shell& shell)
+{
+    shell.mainController = makeReference<MainController>();
+    MainController& mainController = *shell.mainController;
+    shell.controller = makeReference<TellurixController>(shell.settings.get(), mainController.dbProject());
+    shell.splash =
+        std::make_unique<SplashScreen>(QPixmap(QStringLiteral(":/images/logo.png")), *shell.controller);
+    shell.splash->show();
+    mainController.setSettings(shell.settings.get());
+    mainController.setController(shell.controller.get());
+    shell.mainWindow = std::make_unique<MainWindow>(&mainController);
+    mainController.createUserInterface();
+    watchFirstShow(shell);
+    shell.splash->repaint();
+    QCoreApplication::processEvents();
+    if (loadModules(shell.controller.get(), shell.splash.get()) == -1)
+        return false;
+    // Without the window: the splash would wait a whole second for one that is not shown yet.
+    shell.splash->finish(nullptr);
+    shell.splash->showMessage(QString(), Qt::AlignHCenter | Qt::AlignBottom, Qt::black);
+    QCoreApplication::processEvents();
+    shell.mainWindow->showMaximized();
+    mainController.createSubWindow(ModeProjects);
+    mainController.loadProjects();
+    return true;
+}
+
+void openFromCommandLine(MainController& controller, const char* argument)
+{
+    controller.setProjectPath(fromSystemText(argument));
+    controller.openProject();
+    controller.showOpenProject();
+}
