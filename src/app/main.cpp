@@ -6,6 +6,7 @@
 
 #include <QFont>
 #include <QIcon>
+#include <QStyle>
 #include <QStyleFactory>
 #include <QSurfaceFormat>
 

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "dialogs/tx_table.h"
+
+class StudyController;
+class StudyModel;
+
+class StudyTable : public TXTable
+{
+public:
+    StudyTable(StudyController* controller, StudyModel* model, QWidget* parent = nullptr);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+private:
+    // Nothing happens yet on the keypad's Enter, on Escape and on a double click; here is where it would.
+    void react() { }
+
+    StudyController* controller_;
+};
