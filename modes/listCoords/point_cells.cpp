@@ -159,6 +159,11 @@ bool setPointCell(PointEntry& point, int column, const QString& text)
     return true;
 }
 
+int pointKindNamed(const QString& text)
+{
+    return codeOfName(columns[PointKindColumn], text).value_or(0);
+}
+
 QString pointCellWarning(int column, const QString& text)
 {
     double number = 0;

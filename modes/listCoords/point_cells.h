@@ -35,6 +35,9 @@ QVector<QString> pointCells(const PointKey& key, const std::vector<PointRow>& ro
 // and no number of a column that holds one.
 bool setPointCell(PointEntry& point, int column, const QString& text);
 
+// The number of the kind that a cell of PointKindColumn shows; 0 where it shows none.
+int pointKindNamed(const QString& text);
+
 // What is odd about a text that is stored all the same; empty where nothing is.
 QString pointCellWarning(int column, const QString& text);
 

@@ -277,7 +277,7 @@ void PointTable::store(IDBProject& project, PointDrafts& drafts, PointsChange& c
         for (auto draft = drafts.begin(); draft != drafts.end(); ++draft) {
             if (!isNamed(*draft) && !isBlank(*draft))
                 storeName(project, draft.key(), *draft, names, change);
-            named += isNamed(*draft) ? 1 : 0;
+            named += isNamed(*draft) ? 1U : 0U;
         }
     }
     for (auto draft = drafts.begin(); draft != drafts.end();) {
