@@ -1,6 +1,6 @@
 # Runs a test program as users run Tellurix: in a folder with the module libraries and their data, which is
 # made anew, since settings and view settings are written beside the program.
-#   cmake -DPROGRAM=... -DPROGRAM_FOLDER=... -DFOLDER=... -P run_in_own_folder.cmake
+#   cmake -DPROGRAM=... -DPROGRAM_FOLDER=... -DFOLDER=... -DFILTER=... -P run_in_own_folder.cmake
 file(REMOVE_RECURSE ${FOLDER})
 file(MAKE_DIRECTORY ${FOLDER})
 get_filename_component(name ${PROGRAM} NAME)
@@ -14,7 +14,8 @@ foreach(data hatch igkPreset)
         file(COPY ${PROGRAM_FOLDER}/${data} DESTINATION ${FOLDER})
     endif()
 endforeach()
-execute_process(COMMAND ${FOLDER}/${name} --gtest_brief=1 WORKING_DIRECTORY ${FOLDER} RESULT_VARIABLE result)
+execute_process(COMMAND ${FOLDER}/${name} --gtest_brief=1 --gtest_filter=${FILTER}
+    WORKING_DIRECTORY ${FOLDER} RESULT_VARIABLE result)
 if(NOT result EQUAL 0)
     message(FATAL_ERROR "${name}: ${result}")
 endif()

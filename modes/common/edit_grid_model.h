@@ -27,6 +27,8 @@ struct GridRow {
     // Why a cell cannot be stored as it stands, in a sentence for the tool tip; empty where all is well. May
     // be shorter than the cells.
     QVector<QString> problems = {};
+    // The same for what is stored, but looks wrong.
+    QVector<QString> warnings = {};
 };
 
 using GridRows = QVector<GridRow>;
@@ -36,23 +38,40 @@ class EditGridModel : public QAbstractTableModel
     Q_OBJECT
 
 public:
+    // What a delegate may ask for beside the usual roles: true where a cell has a problem, or a warning.
+    enum Role { ProblemRole = Qt::UserRole, WarningRole };
+
     explicit EditGridModel(const QVector<GridColumn>& columns, QObject* parent = nullptr);
 
     const GridRows& rows() const { return rows_; }
     const QVector<GridColumn>& columns() const { return columns_; }
+    // Whether a column of many lines makes rows differ in height.
+    bool hasTallRows() const;
+    // The place of the row with this id, -1 where there is none.
+    int rowOf(qint64 id) const;
+    // Rows that were there before keep their persistent indexes, and with them current cell, selection and
+    // open editor.
     void setRows(const GridRows& rows);
+    // The list of a Choice, when it depends on the project or on a setting.
+    void setChoices(int column, const QStringList& choices) { columns_[column].choices = choices; }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
+    // Changes nothing itself: it tells by edited() what the rows would be.
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
 Q_SIGNALS:
     void edited(const GridRows& after);
 
 private:
+    QString cell(const QModelIndex& index) const;
+    void removeMissing(const GridRows& rows);
+    void appendNew(const GridRows& rows);
+    void arrange(const GridRows& rows);
+
     QVector<GridColumn> columns_;
     GridRows rows_;
 };

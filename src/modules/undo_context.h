@@ -9,8 +9,8 @@
 // back the last change of what is in view and of nothing else.
 struct UndoContext {
     TX_Modes mode = ModeNone;
-    std::wstring sample; // the current item: a point, a sample
-    std::wstring sampleName;
+    std::wstring sample = {}; // the current item: a point, a sample
+    std::wstring sampleName = {};
     TX_Lab_Modes labMode = LabNone;
     std::int32_t labState = 0;
     std::int32_t compressionView = 20;

@@ -1,0 +1,203 @@
+#include "app/show_label.h"
+#include "shell/shell_test.h"
+
+#include <QMdiArea>
+#include <QSettings>
+#include <QStatusBar>
+#include <QToolBar>
+
+namespace
+{
+
+class ModeSwitching : public ShellTest
+{
+protected:
+    static QString base() { return QStringLiteral("Tellurix 2019 - Инженерная геология"); }
+    bool hintShows() { return !shell.mainWindow->findChild<ShowLabel*>(QStringLiteral("hintLabel"))->isHidden(); }
+};
+
+QStringList list(const char* names)
+{
+    return QString::fromLatin1(names).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+} // namespace
+
+TEST_F(ModeSwitching, StartsWithTheRegisterOfProjects)
+{
+    EXPECT_EQ(heard(ModeProjects), list("signalLoadProjects"));
+    EXPECT_EQ(shell.mainWindow->windowTitle(), base() + QStringLiteral(" - "));
+    EXPECT_EQ(shell.controller->currentMode(), ModeNone);
+    EXPECT_EQ(shell.mainWindow->statusBar()->currentMessage(), QStringLiteral("Готово."));
+    EXPECT_FALSE(hintShows());
+}
+
+TEST_F(ModeSwitching, TellsOldAndNewScreenInOrder)
+{
+    open(QStringLiteral("LURGAN.TLX"), QStringLiteral("a.TLX"));
+    controller().changeMode(ModeLitology);
+    EXPECT_EQ(heard(ModeLitology), list("signalUpdateMode")) << "new: nothing to refresh";
+    EXPECT_EQ(shell.mainWindow->windowTitle(), base() + QStringLiteral(" - [Литология]"));
+    controller().changeMode(ModeTests);
+    EXPECT_EQ(heard(ModeLitology), list("signalUpdateDB signalCloseAllEditCell"));
+    heard(ModeTests);
+    controller().changeMode(ModeLitology);
+    EXPECT_EQ(heard(ModeLitology),
+        list("signalCloseAllEditCell signalUpdateComplexPoints signalUpdateInfo signalUpdateMode"));
+    // New, and refreshed all the same.
+    shell.controller->setLabMode(LabShear);
+    controller().changeMode(ModeChemistry);
+    EXPECT_EQ(heard(ModeChemistry), list("signalUpdateComplexPoints signalUpdateInfo signalUpdateMode"));
+    EXPECT_EQ(shell.controller->labMode(), LabNone);
+    // The laboratory keeps its page.
+    controller().changeMode(ModeLaboratory);
+    shell.controller->setLabMode(LabShear);
+    controller().changeMode(ModeLaboratory);
+    EXPECT_EQ(shell.controller->labMode(), LabShear);
+}
+
+TEST_F(ModeSwitching, SomeModesAreLeftWithoutStoring)
+{
+    open(QStringLiteral("LURGAN.TLX"), QStringLiteral("a.TLX"));
+    for (const TX_Modes mode : {ModeIge, ModeIgk, ModeConsolidated, ModeWaters}) {
+        controller().changeMode(mode);
+        heard(mode);
+        controller().changeMode(ModeTests);
+        EXPECT_EQ(heard(mode).contains(QStringLiteral("signalUpdateDB")), mode == ModeWaters) << mode;
+    }
+}
+
+TEST_F(ModeSwitching, HintFollowsTheMode)
+{
+    open(QStringLiteral("LURGAN.TLX"), QStringLiteral("a.TLX"));
+    const std::pair<TX_Modes, bool> rows[] = {{ModeLitology, true},
+        {ModeListCoords, false},
+        {ModeLaboratory, false},
+        {ModeListCoords, true},
+        {ModeIge, false},
+        {ModeListCoords, true},
+        {ModeStatic, true},
+        {ModeStratigraphic, true},
+        {ModeStratigraphicIge, false},
+        {ModeSubsidence, false}};
+    for (const auto& [mode, shown] : rows) {
+        controller().changeMode(mode);
+        EXPECT_EQ(hintShows(), shown) << mode;
+    }
+    Q_EMIT bus(ModeSubsidence)->signalUpdateShowLabel(true);
+    EXPECT_TRUE(hintShows());
+}
+
+TEST_F(ModeSwitching, ScreensSpeakToTheShell)
+{
+    open(QStringLiteral("LURGAN.TLX"), QStringLiteral("a.TLX"));
+    controller().changeMode(ModeTests);
+    Q_EMIT bus(ModeTests)->signalDeleteRecord(ModeTests, true);
+    EXPECT_TRUE(action(ShellAction::Delete)->isEnabled());
+    Q_EMIT bus(ModeTests)->signalAddRecord(ModeTests, true);
+    EXPECT_TRUE(action(ShellAction::Add)->isEnabled());
+    Q_EMIT bus(ModeTests)->signalShowStatusMessage(L"глубина 3,5");
+    EXPECT_EQ(shell.mainWindow->statusBar()->currentMessage(), QStringLiteral("глубина 3,5"));
+    heard(ModeTests);
+    action(ShellAction::Delete)->trigger();
+    action(ShellAction::Add)->trigger();
+    EXPECT_EQ(heard(ModeTests), list("signalDelSelectedRecord signalAddSelectedRecord"));
+
+    controller().changeMode(ModeLaboratory);
+    Q_EMIT bus(ModeLaboratory)->signalChangeLaboratoryTitle(LabShear);
+    EXPECT_EQ(shell.mainWindow->windowTitle(),
+        base() + QStringLiteral(" - (Редактирование пробы <Сдвиг>) - [Лабораторные пробы]"));
+    Q_EMIT bus(ModeLaboratory)->signalChangeTitle(ModeLaboratory);
+    EXPECT_EQ(shell.mainWindow->windowTitle(), base() + QStringLiteral(" - [Лабораторные пробы]"));
+    Q_EMIT bus(ModeLaboratory)->signalShowStatusMessage(L"не подключено");
+    EXPECT_EQ(shell.mainWindow->statusBar()->currentMessage(), QStringLiteral("глубина 3,5"));
+    Q_EMIT bus(ModeLaboratory)->signalSetDefProp(LabShear);
+    EXPECT_TRUE(shell.controller->access({ModeLaboratory, MainPropertySet, LabShear}));
+    Q_EMIT bus(ModeLaboratory)->signalDropDefProp(LabShear);
+    EXPECT_FALSE(shell.controller->access({ModeLaboratory, MainPropertySet, LabShear}));
+}
+
+TEST_F(ModeSwitching, ClosedScreensAreMadeAnewAndConnectedAgain)
+{
+    open(QStringLiteral("LURGAN.TLX"), QStringLiteral("a.TLX"));
+    controller().changeMode(ModeTests);
+    controller().findSubWindow(ModeTests)->close();
+    EXPECT_EQ(controller().findSubWindow(ModeTests), nullptr);
+    controller().changeMode(ModeTests);
+    Q_EMIT bus(ModeTests)->signalAddRecord(ModeTests, true);
+    EXPECT_TRUE(action(ShellAction::Add)->isEnabled());
+}
+
+TEST_F(ModeSwitching, TitlesOfSectionViewsAndUnknownModes)
+{
+    const std::pair<int, QString> rows[] = {{0, base()},
+        {13, base() + QStringLiteral(" - [Разрез]")},
+        {16, base() + QStringLiteral(" - [Редактор разреза]")},
+        {26, base() + QStringLiteral(" - ")},
+        {99, base() + QStringLiteral(" - ")}};
+    for (const auto& [mode, title] : rows) {
+        controller().updateTitle(TX_Modes(mode));
+        EXPECT_EQ(shell.mainWindow->windowTitle(), title);
+    }
+}
+
+TEST_F(ModeSwitching, LeavingIsRefusedWhileDataCannotBeStored)
+{
+    open(QStringLiteral("LURGAN.TLX"), QStringLiteral("a.TLX"));
+    controller().changeMode(ModeWaters);
+    screen(ModeWaters)->setProperty("storable", false);
+    const MessageAnswers answers;
+    controller().finishModeLeave();
+    EXPECT_EQ(answers.boxes(),
+        std::vector<std::wstring>{
+            L"Tellurix: Данные для режима [Уровень воды] не могут быть синхронизированны с "
+            L"базой проекта!\nВозможно есть пустые строки в текущих данных."});
+    EXPECT_EQ(shell.controller->currentMode(), ModeWaters);
+    screen(ModeWaters)->setProperty("storable", true);
+    controller().finishModeLeave();
+    EXPECT_EQ(shell.controller->currentMode(), ModeProjects);
+}
+
+TEST_F(ModeSwitching, SettingsReachTheScreensThatAsk)
+{
+    open(QStringLiteral("LURGAN.TLX"), QStringLiteral("a.TLX"));
+    controller().changeMode(ModeLaboratory);
+    controller().changeMode(ModeIgk);
+    for (const TX_Modes mode : {ModeProjects, ModeLaboratory, ModeIgk})
+        heard(mode);
+    shell.settings->setTimer(7);
+    action(ShellAction::Setup)->trigger();
+    EXPECT_EQ(heard(ModeProjects), list("signalUpdateProjectsPath"));
+    EXPECT_EQ(heard(ModeLaboratory), list("signalChangeLanguage signalUpdateSetup"));
+    EXPECT_EQ(heard(ModeIgk), list("signalUpdateSetup"));
+    EXPECT_EQ(
+        QSettings(here(settingsFileName), QSettings::IniFormat).value(QStringLiteral("timer")).toInt(), 7);
+}
+
+TEST_F(ModeSwitching, CtrlTabDoesNotSwitchScreens)
+{
+    open(QStringLiteral("LURGAN.TLX"), QStringLiteral("a.TLX"));
+    controller().changeMode(ModeTests);
+    controller().changeMode(ModeWaters);
+    QTest::keyClick(screen(ModeWaters), Qt::Key_Tab, Qt::ControlModifier);
+    QTest::keyRelease(screen(ModeWaters), Qt::Key_Control);
+    auto* area = shell.mainWindow->findChild<QMdiArea*>();
+    EXPECT_EQ(area->activeSubWindow(), controller().findSubWindow(ModeWaters));
+}
+
+// An exception in a screen costs the click that led to it.
+TEST_F(ModeSwitching, ScreenThatThrowsLosesOneEvent)
+{
+    open(QStringLiteral("LURGAN.TLX"), QStringLiteral("a.TLX"));
+    controller().changeMode(ModeTests);
+    Q_EMIT bus(ModeTests)->signalDeleteRecord(ModeTests, true);
+    screen(ModeTests)->setProperty("throwsOn", QStringLiteral("signalDelSelectedRecord"));
+    const MessageAnswers answers;
+    for (QWidget* widget : action(ShellAction::Delete)->associatedWidgets())
+        if (auto* bar = dynamic_cast<QToolBar*>(widget))
+            QTest::mouseClick(bar->widgetForAction(action(ShellAction::Delete)), Qt::LeftButton);
+    EXPECT_TRUE(heard(ModeTests).contains(QStringLiteral("signalDelSelectedRecord")));
+    EXPECT_TRUE(answers.boxes().empty());
+    controller().changeMode(ModeWaters);
+    EXPECT_EQ(shell.controller->currentMode(), ModeWaters);
+}

@@ -1,0 +1,7 @@
+// A library without createWidget.
+int nothingToSee();
+
+int nothingToSee()
+{
+    return 0;
+}
