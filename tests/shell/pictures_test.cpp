@@ -31,5 +31,5 @@ TEST(Pictures, WindowIconAndSplashes)
     Q_INIT_RESOURCE(tellurix);
     EXPECT_TRUE(QIcon(QStringLiteral(":/images/tellurix.ico")).availableSizes().contains(QSize(32, 32)));
     EXPECT_EQ(QPixmap(QStringLiteral(":/images/logo.png")).size(), QSize(640, 400));
-    EXPECT_EQ(QPixmap(QStringLiteral(":/images/static.png")).size(), QSize(600, 200));
+    EXPECT_EQ(QPixmap(QStringLiteral(":/images/static.png")).size(), QSize(680, 200));
 }
