@@ -19,7 +19,7 @@ StudyDialog::StudyDialog(IDBProject* project, QWidget* parent)
     controller_->setModel(model);
     controller_->setTable(table_);
     controller_->rebuildRows();
-    // The table counted its rows when it got the model, before there were any.
+    // The table was made over no rows.
     controller_->refresh();
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(table_);

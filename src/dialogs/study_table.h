@@ -20,5 +20,5 @@ private:
     // Nothing happens yet on the keypad's Enter, on Escape and on a double click; here is where it would.
     void react() { }
 
-    StudyController* controller_;
+    [[maybe_unused]] StudyController* controller_; // for the reactions
 };

@@ -107,9 +107,10 @@ TEST(LibrarySources, HatchWithAMistakeIsRefused)
         {R"("angle": 45, "origin": [0, 0], "offset": [0, 1], "dash": [4, -4])", "dashes"},
         {R"("angle": 45, "origin": [0, 0], "offset": [0, 1], "dashes": [], "width": 2)", "do not belong"},
     };
-    for (const auto& [members, part] : cases) {
+    for (const auto& entry : cases) {
+        const auto& members = entry.first;
         const std::string refusal = refusalOf([&] { readHatchSource(hatchWith(members)); });
-        EXPECT_NE(refusal.find(part), std::string::npos) << members << ": " << refusal;
+        EXPECT_NE(refusal.find(entry.second), std::string::npos) << members << ": " << refusal;
     }
     const std::string one = R"({"number": 1, "name": "A", "lines": [{)" + std::string(good) + "}]}";
     EXPECT_EQ(refusalOf([&] { readHatchSource(R"({"hatches": [)" + one + "," + one + "]}"); }),
@@ -138,8 +139,9 @@ TEST(LibrarySources, PresetWithAMistakeIsRefused)
         {preset("", "true", column), "no name"},
         {preset("漢", "true", column), "no name that the file can keep"},
     };
-    for (const auto& [presets, part] : cases) {
+    for (const auto& entry : cases) {
+        const auto& presets = entry.first;
         const std::string refusal = refusalOf([&] { readPresetSource(presetsWith(presets)); });
-        EXPECT_NE(refusal.find(part), std::string::npos) << presets << ": " << refusal;
+        EXPECT_NE(refusal.find(entry.second), std::string::npos) << presets << ": " << refusal;
     }
 }
