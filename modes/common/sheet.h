@@ -17,7 +17,7 @@ struct SheetColumn {
         Number, // right-aligned
     };
     std::wstring_view title; // may have line breaks
-    int width = 100; // pixels, until the user drags it
+    int width = 12; // in digits of the font, until the user drags it; a title always fits
     Kind kind = Text;
     bool onlyWhenFilled = false; // hidden while every cell is empty
 };
@@ -45,6 +45,15 @@ public:
         return std::wstring_view(text_).substr(begin, ends_[place] - begin);
     }
     bool isColumnEmpty(std::size_t column) const;
+    // A copy with every character changed, for a search that does not tell small letters from capitals.
+    template <class Change>
+    SheetRows changed(Change change) const
+    {
+        SheetRows copy = *this;
+        for (wchar_t& character : copy.text_)
+            character = change(character);
+        return copy;
+    }
 
     bool operator==(const SheetRows&) const = default;
 

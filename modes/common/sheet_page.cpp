@@ -37,6 +37,21 @@ QString settingsName(const Sheet& sheet)
     return QString::fromLatin1(sheet.name.data(), static_cast<int>(sheet.name.size()));
 }
 
+void setDefaultWidths(TableView* table, const Sheet& sheet)
+{
+    const QStringList kept =
+        viewSettings()->value(QStringLiteral("widths/") + settingsName(sheet)).toStringList();
+    const QHeaderView* header = table->horizontalHeader();
+    const int digit = table->fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    for (int column = 0; column < header->count(); ++column) {
+        const int wanted = digit * (sheet.columns[static_cast<std::size_t>(column)].width + 1);
+        if (kept.value(column).toInt() <= 0)
+            table->setColumnWidth(column, qMax(wanted, header->sectionSizeHint(column)));
+    }
+    // A number at the far edge of the screen has nothing to do with its row any more.
+    table->horizontalHeader()->setStretchLastSection(sheet.columns.back().kind == SheetColumn::Text);
+}
+
 TableView* makeTable(const Sheet& sheet, SheetModel* model, QWidget* parent)
 {
     auto* table = new TableView(settingsName(sheet), parent);
@@ -46,11 +61,7 @@ TableView* makeTable(const Sheet& sheet, SheetModel* model, QWidget* parent)
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     // Nothing is typed here, so Tab goes on to the next part of the screen; the arrows move in the table.
     table->setTabKeyNavigation(false);
-    const QStringList kept =
-        viewSettings()->value(QStringLiteral("widths/") + settingsName(sheet)).toStringList();
-    for (int column = 0; column < static_cast<int>(sheet.columns.size()); ++column)
-        if (kept.value(column).toInt() <= 0)
-            table->setColumnWidth(column, sheet.columns[static_cast<std::size_t>(column)].width);
+    setDefaultWidths(table, sheet);
     return table;
 }
 
@@ -65,6 +76,19 @@ void keepPosition(QSplitter* splitter, const QString& name)
 
 } // namespace
 
+QPalette quietPalette(const QPalette& palette)
+{
+    const QColor text = palette.color(QPalette::WindowText);
+    const QColor ground = palette.color(QPalette::Window);
+    const auto blend = [](int a, int b) { return (a * 13 + b * 7) / 20; };
+    QPalette quiet = palette;
+    quiet.setColor(QPalette::WindowText,
+        QColor(blend(text.red(), ground.red()),
+            blend(text.green(), ground.green()),
+            blend(text.blue(), ground.blue())));
+    return quiet;
+}
+
 SheetPage::SheetPage(const Sheet& sheet, Source source, QWidget* parent)
     : QWidget(parent)
     , sheet_(sheet)
@@ -77,7 +101,7 @@ SheetPage::SheetPage(const Sheet& sheet, Source source, QWidget* parent)
     stack_->setContentsMargins(0, 0, 0, 0);
     message_->setAlignment(Qt::AlignCenter);
     message_->setWordWrap(true);
-    message_->setForegroundRole(QPalette::Dark);
+    message_->setPalette(quietPalette(message_->palette()));
     stack_->addWidget(message_);
     stack_->addWidget(makeContent());
 }
@@ -90,7 +114,7 @@ QWidget* SheetPage::makeContent()
     splitter->setChildrenCollapsible(false);
     splitter->addWidget(table_);
     splitter->addWidget(makeDetail());
-    splitter->setSizes({500, 500});
+    splitter->setSizes({400, 600});
     keepPosition(splitter, settingsName(sheet_));
     connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &SheetPage::readDetail);
     return splitter;
@@ -115,18 +139,27 @@ QWidget* SheetPage::makeDetail()
 void SheetPage::read()
 {
     const std::optional<SheetSource> source = source_();
-    const int row = table_->sourceIndex(table_->currentIndex()).row();
+    keepingPlace(
+        [&] { return model_->setRows(source ? rowsOf(sheet_, *source) : SheetRows(sheet_.columns.size())); });
+    hideEmptyColumns();
+    showState();
+}
+
+void SheetPage::setFilterText(const QString& text)
+{
+    keepingPlace([&] { return model_->setFilterText(text); });
+    showState();
+}
+
+void SheetPage::keepingPlace(const std::function<bool()>& change)
+{
+    const int row = table_->currentIndex().row();
     const int column = qMax(0, table_->currentIndex().column());
     const int scroll = table_->verticalScrollBar()->value();
-    if (model_->setRows(source ? rowsOf(sheet_, *source) : SheetRows(sheet_.columns.size()))) {
-        hideEmptyColumns();
-        table_->setCurrentIndex(
-            table_->seenIndex(model_->index(qBound(0, row, qMax(0, model_->rowCount() - 1)), column)));
-        table_->verticalScrollBar()->setValue(scroll);
-    }
-    showState();
-    readDetail();
-    Q_EMIT rowsChanged();
+    if (!change())
+        return;
+    table_->setCurrentIndex(table_->model()->index(qBound(0, row, qMax(0, shownRows() - 1)), column));
+    table_->verticalScrollBar()->setValue(scroll);
 }
 
 void SheetPage::hideEmptyColumns()
@@ -136,26 +169,17 @@ void SheetPage::hideEmptyColumns()
             table_->setColumnHidden(static_cast<int>(column), model_->rows().isColumnEmpty(column));
 }
 
-void SheetPage::setFilterText(const QString& text)
-{
-    table_->setFilterText(text);
-    // A filter that lets nothing through has taken the current row away: the details follow the rows in view.
-    if (!table_->currentIndex().isValid() && shownRows() > 0)
-        table_->setCurrentIndex(table_->model()->index(0, 0));
-    showState();
-    readDetail();
-    Q_EMIT rowsChanged();
-}
-
 void SheetPage::showState()
 {
     if (!source_())
-        message_->setText(QStringLiteral("Проект не открыт."));
+        message_->setText(QStringLiteral("Проект не открыт. Откройте проект, чтобы увидеть его данные."));
     else if (allRows() == 0)
         message_->setText(fromWide(sheet_.whenEmpty));
     else
         message_->setText(QStringLiteral("Ничего не найдено. Измените слова в строке фильтра."));
     stack_->setCurrentIndex(shownRows() > 0 ? 1 : 0);
+    readDetail();
+    Q_EMIT rowsChanged();
 }
 
 void SheetPage::readDetail()
@@ -167,7 +191,7 @@ void SheetPage::readDetail()
     SheetRows rows(sheet_.detail->columns.size());
     QString chosen;
     if (source && current.isValid()) {
-        source->chosen = model_->rows().cell(static_cast<std::size_t>(current.row()), 0);
+        source->chosen = model_->cell(current.siblingAtColumn(0));
         chosen = fromWide(source->chosen);
         rows = rowsOf(*sheet_.detail, *source);
     }
@@ -180,12 +204,12 @@ void SheetPage::readDetail()
 
 int SheetPage::shownRows() const
 {
-    return table_->model()->rowCount();
+    return model_->rowCount();
 }
 
 int SheetPage::allRows() const
 {
-    return model_->rowCount();
+    return static_cast<int>(model_->rows().size());
 }
 
 void SheetPage::focusTable()

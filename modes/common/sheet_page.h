@@ -12,6 +12,9 @@ class QStackedLayout;
 class SheetModel;
 class TableView;
 
+// For lines beside the data: text between black and the ground, still easy to read.
+QPalette quietPalette(const QPalette& palette);
+
 // A sheet in view: its table, below it the table of details where the sheet has one, a sentence in place of
 // either while it has no rows.
 class SheetPage : public QWidget
@@ -39,6 +42,7 @@ Q_SIGNALS:
 private:
     QWidget* makeContent();
     QWidget* makeDetail();
+    void keepingPlace(const std::function<bool()>& change);
     void showState();
     void readDetail();
     void hideEmptyColumns();

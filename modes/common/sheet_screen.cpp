@@ -72,7 +72,7 @@ QLabel* SheetScreen::makeNote()
 {
     auto* note = new QLabel(
         QStringLiteral("Просмотр. Редактирование этих данных появится в следующих версиях."), this);
-    note->setForegroundRole(QPalette::Dark);
+    note->setPalette(quietPalette(note->palette()));
     return note;
 }
 

@@ -16,8 +16,7 @@ std::vector<LayerView> layersOf(
     std::wstring_view top = L"0";
     for (const auto* row : rows) {
         const std::wstring_view bottom = row->first.depth;
-        layers.push_back(
-            {std::wstring(top), differenceText(bottom, top), differenceText(mouthMark, bottom), row});
+        layers.push_back({top, differenceText(bottom, top), differenceText(mouthMark, bottom), row});
         top = bottom;
     }
     return layers;

@@ -4,6 +4,7 @@
 #include "modules/idbproject.h"
 
 #include <algorithm>
+#include <functional>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
@@ -23,16 +24,24 @@ struct PointRows {
 template <class Row>
 void sortByDepth(std::vector<const Row*>& rows)
 {
-    const auto place = [](const Row* row) {
-        std::pair<bool, double> key{true, 0};
-        key.first = !readTyped(row->first.depth, key.second);
-        return key;
+    struct Placed {
+        bool isText = false;
+        double depth = 0;
+        const Row* row = nullptr;
     };
-    if (std::is_sorted(
-            rows.begin(), rows.end(), [&](const Row* a, const Row* b) { return place(a) < place(b); }))
+    const auto isAbove = [](const Placed& a, const Placed& b) {
+        return a.isText != b.isText ? b.isText : a.depth < b.depth;
+    };
+    std::vector<Placed> placed(rows.size());
+    std::transform(rows.begin(), rows.end(), placed.begin(), [](const Row* row) {
+        Placed made{false, 0, row};
+        made.isText = !readTyped(row->first.depth, made.depth);
+        return made;
+    });
+    if (std::is_sorted(placed.begin(), placed.end(), isAbove))
         return;
-    std::stable_sort(
-        rows.begin(), rows.end(), [&](const Row* a, const Row* b) { return place(a) < place(b); });
+    std::stable_sort(placed.begin(), placed.end(), isAbove);
+    std::transform(placed.begin(), placed.end(), rows.begin(), [](const Placed& made) { return made.row; });
 }
 
 template <class Register>
@@ -67,13 +76,20 @@ std::vector<const typename Register::value_type*> rowsOfPoint(const Register& al
     return rows;
 }
 
-// How many rows a register holds for each point.
+// How many rows a register holds for each point. The rows of a point stand together nearly always.
 template <class Register>
 std::unordered_map<std::wstring_view, std::size_t> rowCounts(const Register& all)
 {
     std::unordered_map<std::wstring_view, std::size_t> counts;
-    for (const auto& row : all)
-        ++counts[row.first.pointName];
+    std::wstring_view name;
+    std::size_t* count = nullptr;
+    for (const auto& row : all) {
+        if (!count || name != row.first.pointName) {
+            name = row.first.pointName;
+            count = &counts[name];
+        }
+        ++*count;
+    }
     return counts;
 }
 
@@ -85,12 +101,38 @@ Value foundOr(
     return found == values.end() ? otherwise : found->second;
 }
 
+// A point and a depth, by their exact texts.
+struct Place {
+    std::wstring_view point;
+    std::wstring_view depth;
+
+    bool operator==(const Place&) const = default;
+};
+
+struct PlaceHash {
+    std::size_t operator()(const Place& place) const
+    {
+        const std::hash<std::wstring_view> hash;
+        return hash(place.point) * 31 + hash(place.depth);
+    }
+};
+
+// The rows of a register by where they stand, to be joined with those of another one.
+template <class Register>
+std::unordered_map<Place, const typename Register::mapped_type*, PlaceHash> rowsByPlace(const Register& all)
+{
+    std::unordered_map<Place, const typename Register::mapped_type*, PlaceHash> rows(all.size());
+    for (const auto& [key, value] : all)
+        rows.try_emplace({key.pointName, key.depth}, &value);
+    return rows;
+}
+
 // The absolute marks of the points' mouths, as typed.
 std::unordered_map<std::wstring_view, std::wstring_view> absoluteMarks(IDBProject& project);
 
 // A layer with what follows from its neighbours and from its point.
 struct LayerView {
-    std::wstring top; // m
+    std::wstring_view top; // m
     std::wstring thickness; // m
     std::wstring bottomMark; // m
     const LithologyRegister::value_type* layer = nullptr;

@@ -30,13 +30,11 @@ void fillGroups(SheetRows& rows, const SheetSource& source)
 
 void fillChemistry(SheetRows& rows, const SheetSource& source)
 {
-    std::unordered_map<std::wstring, std::wstring_view> codes;
-    for (const auto& [key, sample] : source.project.getLabSamples())
-        codes.try_emplace(key.pointName + L'\n' + key.depth, sample.code);
+    const auto samples = rowsByPlace(source.project.getLabSamples());
     for (const auto& [key, record] : source.project.getChemistry()) {
-        const auto code = codes.find(key.pointName + L'\n' + key.depth);
+        const auto sample = samples.find({key.pointName, key.depth});
         std::vector<std::wstring> cells{
-            key.pointName, key.depth, std::wstring(code == codes.end() ? L"" : code->second)};
+            key.pointName, key.depth, sample == samples.end() ? std::wstring() : sample->second->code};
         cells.insert(cells.end(), record.cells.begin(), record.cells.end());
         rows.add(cells);
     }
@@ -47,11 +45,11 @@ std::vector<SheetColumn> chemistryColumns()
 {
     static const auto titles =
         numberedTitles<std::tuple_size_v<decltype(ChemistryRecord::cells)>>(L"Показатель");
-    std::vector<SheetColumn> columns{{captions::excavation, 100},
-        {L"Глубина\nотбора, м", 80, SheetColumn::Number},
-        {captions::sampleCode, 90, SheetColumn::Text, true}};
+    std::vector<SheetColumn> columns{{captions::excavation, 11},
+        {L"Глубина\nотбора, м", 9, SheetColumn::Number},
+        {captions::sampleCode, 10, SheetColumn::Text, true}};
     for (const std::wstring& title : titles)
-        columns.push_back({title, 115, SheetColumn::Number, true});
+        columns.push_back({title, 13, SheetColumn::Number, true});
     return columns;
 }
 
@@ -62,20 +60,20 @@ const std::vector<Sheet>& subsidenceSheets()
     static const std::vector<Sheet> sheets{
         {.name = "subsidence/cells",
             .title = L"Просадочность",
-            .columns = {{L"Точка", 120},
-                {L"Название", 220},
-                {captions::code, 80, SheetColumn::Number},
-                {captions::value, 120, SheetColumn::Number}},
+            .columns = {{L"Точка", 13},
+                {L"Название", 24},
+                {captions::code, 9, SheetColumn::Number},
+                {captions::value, 13, SheetColumn::Number}},
             .fill = fillSubsidence,
             .whenEmpty = L"Просадочность точек не определялась."},
         {.name = "subsidence/names",
             .title = L"Наименования",
-            .columns = {{L"Точка", 120}, {L"Наименования", 500}},
+            .columns = {{L"Точка", 13}, {L"Наименования", 56}},
             .fill = fillNames,
             .whenEmpty = L"Наименований нет."},
         {.name = "subsidence/groups",
             .title = L"Группы",
-            .columns = {{L"Точка", 120}, {L"Группа", 80, SheetColumn::Number}, {L"Состав", 500}},
+            .columns = {{L"Точка", 13}, {L"Группа", 9, SheetColumn::Number}, {L"Состав", 56}},
             .fill = fillGroups,
             .whenEmpty = L"Групп нет."},
     };

@@ -6,6 +6,7 @@
 
 #include <map>
 #include <tuple>
+#include <unordered_set>
 
 namespace
 {
@@ -15,53 +16,71 @@ struct PointSummary {
     std::wstring_view mark = {};
 };
 
+using Counts = std::unordered_map<std::wstring_view, std::size_t>;
+
+// What the registers hold for the points.
+struct Holdings {
+    Counts layers;
+    Counts samples;
+    Counts waters;
+    Counts consistencies;
+};
+
 // Every point that has a row somewhere, those of the point register first.
-std::vector<std::pair<std::wstring_view, PointSummary>> allPoints(IDBProject& project)
+std::vector<std::pair<std::wstring_view, PointSummary>> allPoints(
+    const PointRegister& points, const Holdings& holdings)
 {
-    std::vector<std::pair<std::wstring_view, PointSummary>> points;
-    std::unordered_map<std::wstring_view, bool> seen;
-    for (const auto& [key, rows] : project.getPointRegister())
-        if (seen.try_emplace(key.pointName, true).second)
-            points.emplace_back(key.pointName,
+    std::vector<std::pair<std::wstring_view, PointSummary>> found;
+    std::unordered_set<std::wstring_view> seen;
+    for (const auto& [key, rows] : points)
+        if (seen.insert(key.pointName).second)
+            found.emplace_back(key.pointName,
                 PointSummary{key.pointKind,
                     rows.empty() ? std::wstring_view() : std::wstring_view(rows.front().absoluteMark)});
-    const auto addStrays = [&](const auto& all) {
-        for (const auto& row : all)
-            if (seen.try_emplace(row.first.pointName, true).second)
-                points.emplace_back(row.first.pointName, PointSummary{});
-    };
-    addStrays(project.getLithology());
-    addStrays(project.getSamples());
-    addStrays(project.getWaterLevels());
-    addStrays(project.getConsistency());
-    return points;
+    const auto known = found.size();
+    for (const Counts* counts :
+        {&holdings.layers, &holdings.samples, &holdings.waters, &holdings.consistencies})
+        for (const auto& [name, count] : *counts)
+            if (seen.insert(name).second)
+                found.emplace_back(name, PointSummary{});
+    std::sort(found.begin() + static_cast<std::ptrdiff_t>(known),
+        found.end(),
+        [](const auto& a, const auto& b) { return a.first < b.first; });
+    return found;
 }
 
-std::unordered_map<std::wstring_view, std::wstring_view> greatestDepths(IDBProject& project)
+std::unordered_map<std::wstring_view, std::wstring_view> greatestDepths(const LithologyRegister& layers)
 {
+    std::unordered_map<std::wstring_view, std::pair<double, std::wstring_view>> deepest;
+    for (const auto& [key, layer] : layers)
+        if (double depth = 0; readTyped(key.depth, depth)) {
+            const auto [place, isNew] = deepest.try_emplace(key.pointName, depth, key.depth);
+            if (!isNew && depth > place->second.first)
+                place->second = {depth, key.depth};
+        }
     std::unordered_map<std::wstring_view, std::wstring_view> depths;
-    for (const auto& [point, rows] : rowsByPoint(project.getLithology()))
-        depths.try_emplace(point, rows.back()->first.depth);
+    for (const auto& [name, depth] : deepest)
+        depths.emplace(name, depth.second);
     return depths;
 }
 
 void fillPoints(SheetRows& rows, const SheetSource& source)
 {
     IDBProject& project = source.project;
-    const auto layers = rowCounts(project.getLithology());
-    const auto samples = rowCounts(project.getSamples());
-    const auto waters = rowCounts(project.getWaterLevels());
-    const auto consistencies = rowCounts(project.getConsistency());
-    const auto depths = greatestDepths(project);
-    for (const auto& [name, summary] : allPoints(project))
+    const Holdings holdings{rowCounts(project.getLithology()),
+        rowCounts(project.getSamples()),
+        rowCounts(project.getWaterLevels()),
+        rowCounts(project.getConsistency())};
+    const auto depths = greatestDepths(project.getLithology());
+    for (const auto& [name, summary] : allPoints(project.getPointRegister(), holdings))
         rows.add({name,
             summary.kind == 0 ? std::wstring() : pointKindText(summary.kind),
             summary.mark,
             foundOr(depths, name),
-            countText(foundOr(layers, name)),
-            countText(foundOr(samples, name)),
-            countText(foundOr(waters, name)),
-            countText(foundOr(consistencies, name))});
+            countText(foundOr(holdings.layers, name)),
+            countText(foundOr(holdings.samples, name)),
+            countText(foundOr(holdings.waters, name)),
+            countText(foundOr(holdings.consistencies, name))});
 }
 
 // What stands at one depth of a column.
@@ -82,7 +101,7 @@ public:
     {
         double number = 0;
         const bool isNumber = readTyped(depth, number);
-        const Place place{!isNumber, number, isNumber ? std::wstring_view() : depth};
+        const DepthPlace place{!isNumber, number, isNumber ? std::wstring_view() : depth};
         DepthRow& row = rows_[place];
         row.depth = row.depth.empty() ? depth : row.depth;
         return row;
@@ -91,8 +110,8 @@ public:
     auto end() const { return rows_.end(); }
 
 private:
-    using Place = std::tuple<bool, double, std::wstring_view>;
-    std::map<Place, DepthRow> rows_;
+    using DepthPlace = std::tuple<bool, double, std::wstring_view>;
+    std::map<DepthPlace, DepthRow> rows_;
 };
 
 std::wstring waterText(const WaterValue& water)
@@ -133,10 +152,10 @@ void fillColumn(SheetRows& rows, const SheetSource& source)
             layer ? layer->second.geoIndex : std::wstring(),
             row.layer.thickness,
             row.layer.bottomMark,
-            layer ? layer->second.description : std::wstring(),
             joined(row.samples),
             joined(row.waters),
-            joined(row.consistencies)});
+            joined(row.consistencies),
+            layer ? layer->second.description : std::wstring()});
     }
 }
 
@@ -156,20 +175,20 @@ std::vector<Sheet> makeColumnSheets(const Sheet& column)
     return {
         {.name = "igk/points",
             .title = L"Колонки",
-            .columns = {{L"Точка", 120},
-                {L"Тип", 70},
-                {L"Отметка\nустья, м", 90, SheetColumn::Number},
-                {L"Глубина, м", 90, SheetColumn::Number},
-                {L"Слоев", 75, SheetColumn::Number},
-                {L"Проб", 75, SheetColumn::Number},
-                {L"Уровней\nводы", 80, SheetColumn::Number},
-                {L"Консистенция", 110, SheetColumn::Number}},
+            .columns = {{L"Точка", 13},
+                {L"Тип", 8},
+                {L"Отметка\nустья, м", 10, SheetColumn::Number},
+                {L"Глубина, м", 10, SheetColumn::Number},
+                {L"Слоев", 8, SheetColumn::Number},
+                {L"Проб", 8, SheetColumn::Number},
+                {L"Уровней\nводы", 9, SheetColumn::Number},
+                {L"Консистенция", 12, SheetColumn::Number}},
             .fill = fillPoints,
             .whenEmpty = L"Нет точек. Добавьте точку в режиме «Ведомость координат».",
             .detail = &column},
         {.name = "igk/links",
             .title = L"Нумерованные связи",
-            .columns = {{L"Ключ", 200}, {L"Значение", 300}},
+            .columns = {{L"Ключ", 22}, {L"Значение", 33}},
             .fill = fillLinks,
             .whenEmpty = L"Нумерованных связей в проекте нет."},
     };
@@ -181,14 +200,14 @@ const std::vector<Sheet>& columnSheets()
 {
     static const Sheet column{.name = "igk/column",
         .title = L"Колонка",
-        .columns = {{L"Глубина, м", 90, SheetColumn::Number},
-            {caption(1), 90},
-            {caption(2), 140, SheetColumn::Number},
-            {caption(4), 150, SheetColumn::Number},
-            {caption(9), 360},
-            {caption(7), 150},
-            {caption(6), 190},
-            {L"Консистенция", 140}},
+        .columns = {{L"Глубина, м", 10, SheetColumn::Number},
+            {caption(1), 10},
+            {L"Мощность\nслоя, м", 11, SheetColumn::Number},
+            {L"Абс. отметка\nподошвы, м", 12, SheetColumn::Number},
+            {caption(7), 17},
+            {caption(6), 21},
+            {L"Консистенция", 14},
+            {caption(9), 30}},
         .fill = fillColumn,
         .whenEmpty = L"У точки нет слоев, проб и уровней воды."};
     static const std::vector<Sheet> sheets = makeColumnSheets(column);

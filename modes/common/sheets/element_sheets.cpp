@@ -1,5 +1,6 @@
 #include "common/sheets/by_point.h"
 #include "common/sheets/sheets.h"
+#include "dictionaries/captions.h"
 
 #include <map>
 
@@ -27,17 +28,17 @@ void fillElements(SheetRows& rows, const SheetSource& source)
 std::vector<SheetColumn> elementColumns()
 {
     static const auto titles = numberedTitles<11>(L"Текст");
-    std::vector<SheetColumn> columns{{L"ИГЭ", 90},
-        {L"Код", 80, SheetColumn::Number},
-        {L"Число 2", 80, SheetColumn::Number},
-        {L"Число 3", 80, SheetColumn::Number},
-        {L"Нижняя\nграница", 85, SheetColumn::Number},
-        {L"Среднее", 85, SheetColumn::Number},
-        {L"Верхняя\nграница", 85, SheetColumn::Number}};
+    std::vector<SheetColumn> columns{{L"ИГЭ", 10},
+        {L"Код", 9, SheetColumn::Number},
+        {L"Число 2", 9, SheetColumn::Number},
+        {L"Число 3", 9, SheetColumn::Number},
+        {L"Нижняя\nграница", 9, SheetColumn::Number},
+        {L"Среднее", 9, SheetColumn::Number},
+        {L"Верхняя\nграница", 9, SheetColumn::Number}};
     for (const std::wstring& title : titles)
-        columns.push_back({title, 80, SheetColumn::Text, true});
-    columns.push_back({L"Рисунок 1", 80});
-    columns.push_back({L"Рисунок 2", 80});
+        columns.push_back({title, 9, SheetColumn::Text, true});
+    columns.push_back({L"Рисунок 1", 9});
+    columns.push_back({L"Рисунок 2", 9});
     return columns;
 }
 
@@ -111,18 +112,18 @@ constexpr std::wstring_view noLayers = L"В проекте нет слоев. В
 
 std::vector<SheetColumn> layerColumns()
 {
-    return {{L"№", 50, SheetColumn::Number},
-        {L"Кровля, м", 85, SheetColumn::Number},
-        {L"Подошва, м", 90, SheetColumn::Number},
-        {L"Мощность, м", 95, SheetColumn::Number},
-        {L"Абс. отметка\nподошвы, м", 105, SheetColumn::Number},
-        {L"Геоиндекс", 90},
-        {L"Описание грунта", 420}};
+    return {{L"№", 6, SheetColumn::Number},
+        {L"Кровля, м", 9, SheetColumn::Number},
+        {L"Подошва, м", 10, SheetColumn::Number},
+        {L"Мощность, м", 11, SheetColumn::Number},
+        {L"Абс. отметка\nподошвы, м", 12, SheetColumn::Number},
+        {L"Геоиндекс", 10},
+        {captions::soilDescription, 30}};
 }
 
 Sheet layerSheet()
 {
-    std::vector<SheetColumn> columns{{L"Точка", 100}};
+    std::vector<SheetColumn> columns{{L"Точка", 11}};
     const std::vector<SheetColumn> further = layerColumns();
     columns.insert(columns.end(), further.begin(), further.end());
     return {.name = "stratigraphicIge/layers",
@@ -171,11 +172,11 @@ const std::vector<Sheet>& stratigraphicOrderSheets()
         layerSheet(),
         {.name = "stratigraphicIge/indices",
             .title = L"Геоиндексы",
-            .columns = {{L"Геоиндекс", 140},
-                {L"Точек", 80, SheetColumn::Number},
-                {L"Слоев", 80, SheetColumn::Number},
-                {L"Мощность\nнаименьшая, м", 125, SheetColumn::Number},
-                {L"Мощность\nнаибольшая, м", 125, SheetColumn::Number}},
+            .columns = {{L"Геоиндекс", 16},
+                {L"Точек", 9, SheetColumn::Number},
+                {L"Слоев", 9, SheetColumn::Number},
+                {L"Мощность\nнаименьшая, м", 14, SheetColumn::Number},
+                {L"Мощность\nнаибольшая, м", 14, SheetColumn::Number}},
             .fill = fillIndices,
             .whenEmpty = noLayers},
         elementSheet("stratigraphicIge/elements"),
@@ -193,11 +194,11 @@ const std::vector<Sheet>& stratigraphicColumnSheets()
     static const std::vector<Sheet> sheets{
         {.name = "stratigraphic/columns",
             .title = L"Колонки",
-            .columns = {{L"Точка", 120},
-                {L"Отметка\nустья, м", 95, SheetColumn::Number},
-                {L"Слоев", 80, SheetColumn::Number},
-                {L"Глубина, м", 95, SheetColumn::Number},
-                {L"Абс. отметка\nзабоя, м", 110, SheetColumn::Number}},
+            .columns = {{L"Точка", 13},
+                {L"Отметка\nустья, м", 11, SheetColumn::Number},
+                {L"Слоев", 9, SheetColumn::Number},
+                {L"Глубина, м", 11, SheetColumn::Number},
+                {L"Абс. отметка\nзабоя, м", 12, SheetColumn::Number}},
             .fill = fillColumns,
             .whenEmpty = noLayers,
             .detail = &layers},

@@ -7,23 +7,18 @@
 #include "dictionaries/properties.h"
 #include "dictionaries/test_loads.h"
 
+#include <algorithm>
+#include <array>
+#include <iterator>
+
 namespace
 {
 
 using Sample = LabSampleRegister::value_type;
 
-constexpr SheetColumn pointColumn{captions::excavation, 100};
-constexpr SheetColumn depthColumn{L"Глубина\nотбора, м", 75, SheetColumn::Number};
-constexpr SheetColumn codeColumn{captions::sampleCode, 90};
-
-// The kinds of the samples in the field register, which the laboratory takes them from.
-std::unordered_map<std::wstring, int> sampleKindsByPlace(IDBProject& project)
-{
-    std::unordered_map<std::wstring, int> kinds;
-    for (const auto& [key, value] : project.getSamples())
-        kinds.try_emplace(key.pointName + L'\n' + key.depth, value.sampleKind);
-    return kinds;
-}
+constexpr SheetColumn pointColumn{captions::excavation, 11};
+constexpr SheetColumn depthColumn{L"Глубина\nотбора, м", 8, SheetColumn::Number};
+constexpr SheetColumn codeColumn{captions::sampleCode, 10};
 
 std::size_t cellCount(const LabSample& sample)
 {
@@ -35,14 +30,15 @@ std::size_t cellCount(const LabSample& sample)
 
 void fillSamples(SheetRows& rows, const SheetSource& source)
 {
-    const auto kinds = sampleKindsByPlace(source.project);
+    // The kind of a sample stands in the field register.
+    const auto field = rowsByPlace(source.project.getSamples());
     for (const auto& [key, sample] : source.project.getLabSamples()) {
-        const auto kind = kinds.find(key.pointName + L'\n' + key.depth);
+        const auto taken = field.find({key.pointName, key.depth});
         rows.add({key.pointName,
             key.depth,
             sample.code,
             std::to_wstring(sample.number),
-            kind == kinds.end() ? std::wstring() : nameText(sampleKinds, kind->second),
+            taken == field.end() ? std::wstring() : nameText(sampleKinds, taken->second->sampleKind),
             sample.soilKind.text,
             countText(sample.physical.size()),
             countText(sample.grading.size()),
@@ -86,10 +82,17 @@ void fillGrading(SheetRows& rows, const SheetSource& source)
 
 std::vector<SheetColumn> gradingColumns()
 {
+    static const auto titles = [] {
+        std::array<std::wstring, std::size(fractionRows)> made;
+        std::transform(std::begin(fractionRows), std::end(fractionRows), made.begin(), [](const auto& row) {
+            return std::wstring(row.caption) + L"\nмм, %";
+        });
+        return made;
+    }();
     std::vector<SheetColumn> columns{pointColumn, depthColumn, codeColumn};
-    for (const FractionRow& fraction : fractionRows)
-        columns.push_back({fraction.caption, 88, SheetColumn::Number, true});
-    columns.push_back({L"Прочие\nфракции", 120, SheetColumn::Text, true});
+    for (const std::wstring& title : titles)
+        columns.push_back({title, 10, SheetColumn::Number, true});
+    columns.push_back({L"Прочие\nфракции", 13, SheetColumn::Text, true});
     return columns;
 }
 
@@ -183,15 +186,15 @@ const std::vector<Sheet>& laboratorySheets()
             .columns = {pointColumn,
                 depthColumn,
                 codeColumn,
-                {L"Номер\nпробы", 75, SheetColumn::Number},
-                {captions::sampleType, 130},
-                {captions::soilName, 170},
-                {L"Физические\nсвойства", 95, SheetColumn::Number},
-                {L"Фракции", 80, SheetColumn::Number},
-                {labModeTitles.at(LabCompression), 95, SheetColumn::Number},
-                {labModeTitles.at(LabShear), 70, SheetColumn::Number},
-                {L"Набухание", 90, SheetColumn::Number},
-                {L"Усадка", 75, SheetColumn::Number}},
+                {L"Номер\nпробы", 8, SheetColumn::Number},
+                {captions::sampleType, 18},
+                {captions::soilName, 19, SheetColumn::Text, true},
+                {L"Физические\nсвойства", 11, SheetColumn::Number},
+                {L"Фракции", 9, SheetColumn::Number, true},
+                {labModeTitles.at(LabCompression), 11, SheetColumn::Number, true},
+                {labModeTitles.at(LabShear), 8, SheetColumn::Number, true},
+                {L"Набухание", 10, SheetColumn::Number, true},
+                {L"Усадка", 8, SheetColumn::Number, true}},
             .fill = fillSamples,
             .whenEmpty = L"В проекте нет лабораторных проб."},
         {.name = "laboratory/physical",
@@ -199,9 +202,9 @@ const std::vector<Sheet>& laboratorySheets()
             .columns = {pointColumn,
                 depthColumn,
                 codeColumn,
-                {captions::propertyName, 390},
-                {captions::value, 100, SheetColumn::Number},
-                {L"В наборе", 80}},
+                {captions::propertyName, 43},
+                {captions::value, 11, SheetColumn::Number},
+                {L"В наборе", 9}},
             .fill = fillPhysical,
             .whenEmpty = L"Физические свойства проб не определялись."},
         {.name = "laboratory/grading",
@@ -214,11 +217,11 @@ const std::vector<Sheet>& laboratorySheets()
             .columns = {pointColumn,
                 depthColumn,
                 codeColumn,
-                {L"Испытание", 370},
-                {L"Нагрузка,\nМПа", 85, SheetColumn::Number},
-                {L"Отсчет 1", 90, SheetColumn::Number},
-                {L"Отсчет 2", 90, SheetColumn::Number, true},
-                {L"Отсчет 3", 90, SheetColumn::Number, true}},
+                {L"Испытание", 41},
+                {L"Нагрузка,\nМПа", 9, SheetColumn::Number},
+                {L"Отсчет 1", 10, SheetColumn::Number},
+                {L"Отсчет 2", 10, SheetColumn::Number, true},
+                {L"Отсчет 3", 10, SheetColumn::Number, true}},
             .fill = fillCompression,
             .whenEmpty = L"Компрессионных испытаний нет."},
         {.name = "laboratory/shear",
@@ -226,9 +229,9 @@ const std::vector<Sheet>& laboratorySheets()
             .columns = {pointColumn,
                 depthColumn,
                 codeColumn,
-                {L"Метод", 430},
-                {L"Нагрузка,\nМПа", 85, SheetColumn::Number},
-                {L"Сопротивление\nсдвигу, МПа", 120, SheetColumn::Number}},
+                {L"Метод", 48},
+                {L"Нагрузка,\nМПа", 9, SheetColumn::Number},
+                {L"Сопротивление\nсдвигу, МПа", 13, SheetColumn::Number}},
             .fill = fillShear,
             .whenEmpty = L"Испытаний на сдвиг нет."},
         {.name = "laboratory/swelling",
@@ -236,10 +239,10 @@ const std::vector<Sheet>& laboratorySheets()
             .columns = {pointColumn,
                 depthColumn,
                 codeColumn,
-                {L"Нагрузка,\nМПа", 85, SheetColumn::Number},
-                {L"Высота\nобразца, см", 110, SheetColumn::Number},
-                {L"Набухание\nабсолютное, см", 130, SheetColumn::Number},
-                {L"Относительная\nнабухаемость", 130, SheetColumn::Number}},
+                {L"Нагрузка,\nМПа", 9, SheetColumn::Number},
+                {L"Высота\nобразца, см", 12, SheetColumn::Number},
+                {L"Набухание\nабсолютное, см", 14, SheetColumn::Number},
+                {L"Относительная\nнабухаемость", 14, SheetColumn::Number}},
             .fill = fillSwelling,
             .whenEmpty = L"Испытаний на набухание нет."},
         {.name = "laboratory/shrinkage",
@@ -247,23 +250,23 @@ const std::vector<Sheet>& laboratorySheets()
             .columns = {pointColumn,
                 depthColumn,
                 codeColumn,
-                {L"№", 50, SheetColumn::Number},
-                {captions::dryingStage, 100},
-                {L"Диаметр\nобразца, см", 105, SheetColumn::Number},
-                {L"Высота\nобразца, см", 105, SheetColumn::Number},
-                {L"Вес\nобразца, г", 105, SheetColumn::Number},
-                {L"Объем\nобразца, см3", 105, SheetColumn::Number},
-                {L"Влажность\nобразца, д.е.", 110, SheetColumn::Number}},
+                {L"№", 6, SheetColumn::Number},
+                {captions::dryingStage, 11},
+                {L"Диаметр\nобразца, см", 12, SheetColumn::Number},
+                {L"Высота\nобразца, см", 12, SheetColumn::Number},
+                {L"Вес\nобразца, г", 12, SheetColumn::Number},
+                {L"Объем\nобразца, см3", 12, SheetColumn::Number},
+                {L"Влажность\nобразца, д.е.", 12, SheetColumn::Number}},
             .fill = fillShrinkage,
             .whenEmpty = L"Испытаний на усадку нет."},
         {.name = "laboratory/templates",
             .title = L"Шаблоны",
-            .columns = {{L"Шаблон", 160},
-                {L"Свойство или нагрузка, МПа", 390},
-                {captions::value, 100, SheetColumn::Number},
-                {L"Значение 2", 100, SheetColumn::Number, true},
-                {L"Значение 3", 100, SheetColumn::Number, true},
-                {L"В наборе", 80}},
+            .columns = {{L"Шаблон", 18},
+                {L"Свойство или нагрузка, МПа", 43},
+                {captions::value, 11, SheetColumn::Number},
+                {L"Значение 2", 11, SheetColumn::Number, true},
+                {L"Значение 3", 11, SheetColumn::Number, true},
+                {L"В наборе", 9}},
             .fill = fillTemplates,
             .whenEmpty = L"Шаблоны новых проб в проекте не заданы."},
     };

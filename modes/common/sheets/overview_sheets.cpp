@@ -126,7 +126,7 @@ std::vector<SheetColumn> pointColumns()
 {
     std::vector<SheetColumn> columns;
     for (const auto& [number, title] : registerColumns)
-        columns.push_back({title, 125, number == 0 ? SheetColumn::Text : SheetColumn::Number});
+        columns.push_back({title, 14, number == 0 ? SheetColumn::Text : SheetColumn::Number});
     return columns;
 }
 
@@ -148,11 +148,11 @@ const std::vector<Sheet>& overviewSheets()
     static const std::vector<Sheet> sheets{
         {.name = "consolidated/registers",
             .title = L"Реестры",
-            .columns = {{L"Реестр", 270},
-                {L"Записей", 85, SheetColumn::Number},
-                {L"Точек", 75, SheetColumn::Number},
-                {L"Первая запись", 210},
-                {L"Последняя запись", 210}},
+            .columns = {{L"Реестр", 34},
+                {L"Записей", 9, SheetColumn::Number},
+                {L"Точек", 8, SheetColumn::Number},
+                {L"Первая запись", 23},
+                {L"Последняя запись", 23}},
             .fill = fillRegisters,
             .whenEmpty = L"В проекте нет записей."},
         {.name = "consolidated/points",
@@ -162,7 +162,7 @@ const std::vector<Sheet>& overviewSheets()
             .whenEmpty = L"Нет точек. Добавьте точку в режиме «Ведомость координат»."},
         {.name = "consolidated/head",
             .title = L"Проект",
-            .columns = {{L"Сведения", 200}, {L"Значение", 500}},
+            .columns = {{L"Сведения", 22}, {L"Значение", 56}},
             .fill = fillHead,
             .whenEmpty = L"О проекте ничего не известно."},
     };

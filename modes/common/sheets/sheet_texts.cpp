@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <optional>
 
 bool SheetRows::isColumnEmpty(std::size_t column) const
 {
@@ -23,68 +25,81 @@ static std::wstring_view withoutBlanks(std::wstring_view text)
     return text.substr(first, text.find_last_not_of(L" \t") - first + 1);
 }
 
+namespace
+{
+
+constexpr int longestPart = 9; // digits on either side of the comma: scaled, a number still fits 64 bits
+
+constexpr std::array<std::int64_t, longestPart + 1> powersOfTen = [] {
+    std::array<std::int64_t, longestPart + 1> powers{1};
+    for (std::size_t i = 1; i < powers.size(); ++i)
+        powers[i] = powers[i - 1] * 10;
+    return powers;
+}();
+
+// A typed number without the rounding of binary fractions: 1.40 is 140 with two decimals.
+struct Decimal {
+    std::int64_t digits = 0;
+    std::size_t decimals = 0;
+
+    std::int64_t scaled(std::size_t wanted) const { return digits * powersOfTen[wanted - decimals]; }
+};
+
+std::optional<Decimal> readDecimal(std::wstring_view text)
+{
+    text = withoutBlanks(text);
+    const bool negative = text.starts_with(L'-');
+    if (negative || text.starts_with(L'+'))
+        text.remove_prefix(1);
+    const std::size_t comma = std::min(text.find_first_of(L".,"), text.size());
+    const std::size_t decimals = comma == text.size() ? 0 : text.size() - comma - 1;
+    if (comma + decimals == 0 || comma > longestPart || decimals > longestPart)
+        return std::nullopt;
+    Decimal number{0, decimals};
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (i == comma)
+            continue;
+        if (text[i] < L'0' || text[i] > L'9')
+            return std::nullopt;
+        number.digits = number.digits * 10 + (text[i] - L'0');
+    }
+    if (negative)
+        number.digits = -number.digits;
+    return number;
+}
+
+} // namespace
+
 bool readTyped(std::wstring_view text, double& number)
 {
-    text = withoutBlanks(text);
-    if (text.starts_with(L'+'))
-        text.remove_prefix(1);
-    // Longer numbers than any that a person types are no numbers for us.
-    std::array<char, 64> digits{};
-    if (text.empty() || text.size() > digits.size())
-        return false;
-    std::transform(text.begin(), text.end(), digits.begin(), [](wchar_t letter) {
-        if (letter == L',')
-            return '.';
-        return letter > 0 && letter < 0x80 ? static_cast<char>(letter) : '?';
-    });
-    const char* const end = digits.data() + text.size();
-    double value = 0;
-    const auto [stop, error] = std::from_chars(digits.data(), end, value, std::chars_format::fixed);
-    if (error != std::errc() || stop != end || !std::isfinite(value))
-        return false;
-    number = value;
-    return true;
-}
-
-static std::wstring widened(const char* begin, const char* end)
-{
-    return {begin, end};
-}
-
-static int decimalsOf(std::wstring_view text)
-{
-    text = withoutBlanks(text);
-    const std::size_t comma = text.find_first_of(L".,");
-    return comma == std::wstring_view::npos ? 0 : static_cast<int>(text.size() - comma - 1);
+    const std::optional<Decimal> decimal = readDecimal(text);
+    if (decimal)
+        number = static_cast<double>(decimal->digits) / static_cast<double>(powersOfTen[decimal->decimals]);
+    return decimal.has_value();
 }
 
 std::wstring differenceText(std::wstring_view a, std::wstring_view b)
 {
-    double numberA = 0;
-    double numberB = 0;
-    if (!readTyped(a, numberA) || !readTyped(b, numberB))
+    const std::optional<Decimal> numberA = readDecimal(a);
+    const std::optional<Decimal> numberB = readDecimal(b);
+    if (!numberA || !numberB)
         return {};
-    const int decimals = std::max(decimalsOf(a), decimalsOf(b));
-    double difference = numberA - numberB;
-    // What rounds to nought must not show as "-0.00".
-    if (std::abs(difference) < 0.5 * std::pow(10.0, -decimals))
-        difference = 0;
-    std::array<char, 512> digits{};
-    const auto [end, error] = std::to_chars(
-        digits.data(), digits.data() + digits.size(), difference, std::chars_format::fixed, decimals);
-    if (error != std::errc())
-        return {};
-    std::wstring text = widened(digits.data(), end);
-    if (a.find(L',') != std::wstring_view::npos || b.find(L',') != std::wstring_view::npos)
-        std::replace(text.begin(), text.end(), L'.', L',');
-    return text;
+    const std::size_t decimals = std::max(numberA->decimals, numberB->decimals);
+    const std::int64_t difference = numberA->scaled(decimals) - numberB->scaled(decimals);
+    std::wstring text = std::to_wstring(std::abs(difference));
+    if (text.size() <= decimals)
+        text.insert(0, decimals + 1 - text.size(), L'0');
+    const bool comma = a.find(L',') != a.npos || b.find(L',') != b.npos;
+    if (decimals > 0)
+        text.insert(text.size() - decimals, 1, comma ? L',' : L'.');
+    return difference < 0 ? L"-" + text : text;
 }
 
 std::wstring singleText(float number)
 {
     std::array<char, 64> digits{};
     const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), number);
-    return error == std::errc() ? widened(digits.data(), end) : std::wstring();
+    return error == std::errc() ? std::wstring(digits.data(), end) : std::wstring();
 }
 
 std::wstring dateText(const Date3& date)

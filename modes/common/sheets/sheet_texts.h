@@ -10,11 +10,12 @@
 
 // Cells from what the project holds.
 
-// The number that a cell holds as people type it: blanks around it, comma or point. False where the cell
-// holds anything else, or not all of it is the number.
+// The number that a cell holds as people type it: sign, up to nine digits and up to nine decimals behind a
+// comma or a point, blanks around. False where the cell holds anything else, or not all of it is the number.
 bool readTyped(std::wstring_view text, double& number);
 
-// a - b with as many decimals as the longer one has, and its kind of comma; empty where one is no number.
+// a - b, exact, with as many decimals as the longer one has, and its kind of comma; empty where one is no
+// number.
 std::wstring differenceText(std::wstring_view a, std::wstring_view b);
 
 // Shortest text that reads as this single.

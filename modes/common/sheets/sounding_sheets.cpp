@@ -56,7 +56,7 @@ std::vector<SheetColumn> calcColumns()
     static const auto titles = numberedTitles<8>(L"Графа");
     std::vector<SheetColumn> columns;
     for (const std::wstring& title : titles)
-        columns.push_back({title, 110, SheetColumn::Number});
+        columns.push_back({title, 12, SheetColumn::Number});
     return columns;
 }
 
@@ -91,22 +91,22 @@ const std::vector<Sheet>& soundingSheets()
 {
     static const Sheet journal{.name = "static/journal",
         .title = soundingJournalTexts.at(languageRussian, 0),
-        .columns = {{L"Глубина, м", 100, SheetColumn::Number},
-            {L"Отсчет 1", 110, SheetColumn::Number},
-            {L"Отсчет 2", 110, SheetColumn::Number},
-            {L"Отсчет 3", 110, SheetColumn::Number},
-            {L"Отсчет 4", 110, SheetColumn::Number}},
+        .columns = {{L"Глубина, м", 11, SheetColumn::Number},
+            {L"Отсчет 1", 12, SheetColumn::Number},
+            {L"Отсчет 2", 12, SheetColumn::Number},
+            {L"Отсчет 3", 12, SheetColumn::Number},
+            {L"Отсчет 4", 12, SheetColumn::Number}},
         .fill = fillJournal,
         .whenEmpty = L"В журнале этой точки нет строк."};
     static const std::vector<Sheet> sheets{
         {.name = "static/soundings",
             .title = L"Журналы",
-            .columns = {{L"Точка", 120},
-                {captions::type, 90},
-                {captions::probeType, 150},
-                {captions::date, 100},
-                {L"Строк", 80, SheetColumn::Number},
-                {L"Макс. глубина\nзонд., м", 120, SheetColumn::Number}},
+            .columns = {{L"Точка", 13},
+                {captions::type, 10},
+                {captions::probeType, 17},
+                {captions::date, 11},
+                {L"Строк", 9, SheetColumn::Number},
+                {L"Макс. глубина\nзонд., м", 13, SheetColumn::Number}},
             .fill = fillSoundings,
             .whenEmpty = L"В проекте нет журналов статического зондирования.",
             .detail = &journal},
@@ -117,20 +117,20 @@ const std::vector<Sheet>& soundingSheets()
             .whenEmpty = L"Расчет свай не выполнялся."},
         {.name = "static/flags",
             .title = L"Признаки точек",
-            .columns = {{L"Точка", 160}, {captions::code, 80, SheetColumn::Number}},
+            .columns = {{L"Точка", 18}, {captions::code, 9, SheetColumn::Number}},
             .fill = fillFlags,
             .whenEmpty = L"Признаки точек не заданы."},
         {.name = "static/triples",
             .title = L"Наборы чисел",
-            .columns = {{L"Номер", 80, SheetColumn::Number},
-                {L"Число 1", 120, SheetColumn::Number},
-                {L"Число 2", 120, SheetColumn::Number},
-                {L"Число 3", 120, SheetColumn::Number}},
+            .columns = {{L"Номер", 9, SheetColumn::Number},
+                {L"Число 1", 13, SheetColumn::Number},
+                {L"Число 2", 13, SheetColumn::Number},
+                {L"Число 3", 13, SheetColumn::Number}},
             .fill = fillTriples,
             .whenEmpty = L"Наборы чисел не заданы."},
         {.name = "static/parameters",
             .title = L"Параметры",
-            .columns = {{L"Параметр", 160}, {captions::value, 120, SheetColumn::Number}},
+            .columns = {{L"Параметр", 18}, {captions::value, 13, SheetColumn::Number}},
             .fill = fillParameters,
             .whenEmpty = L"Параметры не заданы."},
     };
