@@ -1,17 +1,21 @@
 #!/usr/bin/env bash
-# Builds Tellurix and starts it: ./run.sh [FILE...]. On a bare Debian 12 nothing has to be done before.
-# Until the windows stand it shows what is in the given projects, or in the shipped samples.
+# Builds Tellurix and starts it: ./run.sh [FILE]. On a bare Debian 12 nothing has to be done before. Without a file
+# it opens a sample project; without a display it runs on a virtual one and leaves a screenshot.
 set -euo pipefail
 here=$(dirname "$(readlink -f "$0")")
+file=$(readlink -f "${1:-$here/samples/PORTADOWN.TLX}")
 
-"$here/tools/install_packages.sh" "$here/packages.txt"
+lists=("$here/packages.txt")
+[ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] || lists+=("$here/packages_screenshot.txt")
+"$here/tools/install_packages.sh" "${lists[@]}"
 (
     cd "$here"
     cmake --preset release >/dev/null
-    cmake --build --preset release --target tlxtool
+    cmake --build --preset release --target program
 )
-if [ $# = 0 ]; then
-    cd "$here"
-    set -- samples/*.TLX
-fi
-exec "$here/build/release/tools/tlxtool/tlxtool" info "$@"
+program=$here/build/release/program/tellurix
+[ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] || exec "$program" "$file"
+
+picture=$here/build/screenshot.png
+"$here/tools/on_virtual_display.sh" "$picture" "$program" "$file"
+echo "No display here; what the program shows: $picture"

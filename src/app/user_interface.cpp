@@ -158,6 +158,7 @@ void MainController::createStatusBar()
 {
     QStatusBar* bar = mainWindow_->statusBar();
     hintLabel_ = new ShowLabel(QStringLiteral("Используйте клавишу <Пробел> для выбора записи."));
+    hintLabel_->setObjectName(QStringLiteral("hintLabel"));
     hintLabel_->hide();
 
     progressBar_ = new QProgressBar(bar);

@@ -1,6 +1,7 @@
 #include "dialogs/stamp_dialog.h"
 
 #include <QDialogButtonBox>
+#include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
@@ -76,7 +77,7 @@ public:
         QHBoxLayout* stamp = changeTable(false);
         QLineEdit* title = cell(false, {}, 340, blockHeight);
         title->setFixedWidth(340);
-        stamp->addWidget(title, 0, Qt::AlignVCenter);
+        stamp->addWidget(title, 0, Qt::AlignTop);
         auto* sheet = bare<QVBoxLayout>();
         sheet->addWidget(cell(false, {}, blockHeight, blockHeight));
         sheet->addWidget(cell(false, text(sheetCaption), blockHeight, 2 * blockHeight));
@@ -134,11 +135,24 @@ private:
             made->setFocusPolicy(Qt::NoFocus);
         }
         if (!content.isEmpty()) {
+            fitFont(*made, width);
             QPalette palette = made->palette();
             palette.setColor(QPalette::Base, captionColor_);
             made->setPalette(palette);
         }
         return made;
+    }
+
+    // Captions of a printed title block are narrow: one that is wider than its cell is set smaller.
+    static void fitFont(QLineEdit& caption, int width)
+    {
+        static constexpr int frame = 10; // pixels that border and margins take
+        static constexpr int smallest = 6; // points
+        QFont font = caption.font();
+        while (font.pointSize() > smallest
+            && QFontMetrics(font).horizontalAdvance(caption.text()) > width - frame)
+            font.setPointSize(font.pointSize() - 1);
+        caption.setFont(font);
     }
 
     // Empty cells over a caption, where there is one.
@@ -149,6 +163,7 @@ private:
             stack->addWidget(cell(editable, {}, width, height));
         if (caption)
             stack->addWidget(cell(editable, text(*caption), width, height));
+        stack->addStretch();
         return stack;
     }
 
@@ -174,7 +189,9 @@ private:
     QLayout* mainLowerRow() const
     {
         auto* row = bare<QHBoxLayout>();
-        auto* names = column(true, 3, nullptr, 100, lineHeight);
+        auto* names = bare<QVBoxLayout>();
+        for (int i = 0; i < 3; ++i)
+            names->addWidget(cell(true, {}, 100, lineHeight));
         for (const Caption* caption : {&developedCaption, &executedCaption, &verifiedCaption})
             names->addWidget(cell(false, text(*caption), 100, lineHeight));
         row->addLayout(names);

@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTest>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 // The shell as the entry assembles it, in the folder of the test program: its settings file, the folder of
@@ -29,11 +30,13 @@ protected:
     }
     void TearDown() override
     {
-        shell.mainWindow.reset();
-        shell.splash.reset();
+        shell.closeWindows();
         shell.controller = {};
         shell.mainController = {};
         shell.settings = {};
+        // A window that was closed has told the event loops to end: one loop more, else every later one would too.
+        QTimer::singleShot(0, QCoreApplication::instance(), &QCoreApplication::quit);
+        QCoreApplication::exec();
         // What is deleted later is deleted now, not within the next test.
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
