@@ -40,9 +40,10 @@ ProjectsScreen::ProjectsScreen(IMainController* controller, QProgressBar* progre
     connect(scan_, &ProjectScan::found, this, &ProjectsScreen::showFound);
     connect(scan_, &ProjectScan::read, model_, &ProjectModel::setEntry);
     connect(model_, &ProjectModel::codeTyped, this, &ProjectsScreen::storeCode);
+    // Not at once: the window that the screen stands in is only being shown.
     connect(this, &TXWidget::signalLoadProjects, this, [this] {
         watchActivation();
-        list();
+        QTimer::singleShot(0, this, &ProjectsScreen::list);
     });
     connect(this, &TXWidget::signalUpdateProjectsPath, this, &ProjectsScreen::list);
     connect(this, &TXWidget::signalCloseAllEditCell, this, [this] { table_->setFocus(); });
@@ -80,10 +81,18 @@ QWidget* ProjectsScreen::makeTable()
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setEditTriggers(QAbstractItemView::EditKeyPressed);
     table_->verticalHeader()->hide();
-    static constexpr int widths[] = {110, 340, 170, 70, 140, 95, 260};
+    // As wide as what usually stands in a column.
+    static const QString usual[ProjectModel::ColumnCount] = {QStringLiteral("20-1040/26"),
+        QStringLiteral("Жилой дом по улице Садовой, секция «А»"),
+        QStringLiteral("SADOVAYA-12.TLX"),
+        QStringLiteral("10000"),
+        QStringLiteral("2026-11-21 00:00"),
+        QStringLiteral("Размер, КБ"),
+        QStringLiteral("этот файл")};
     if (table_->columnWidth(ProjectModel::Name) == table_->horizontalHeader()->defaultSectionSize())
         for (int column = 0; column < ProjectModel::ColumnCount; ++column)
-            table_->setColumnWidth(column, widths[column]);
+            table_->setColumnWidth(
+                column, table_->fontMetrics().horizontalAdvance(usual[column]) + 2 * margin);
     table_->installEventFilter(this);
     connect(filter_, &QLineEdit::textChanged, table_, &TableView::setFilterText);
     connect(table_, &QTableView::doubleClicked, this, &ProjectsScreen::openCurrent);
@@ -123,8 +132,9 @@ bool ProjectsScreen::eventFilter(QObject* watched, QEvent* event)
 
 bool ProjectsScreen::isOnView() const
 {
-    const auto* window = dynamic_cast<const QMdiSubWindow*>(parentWidget());
-    return isVisible() && (!window || !window->mdiArea() || window->mdiArea()->currentSubWindow() == window);
+    const auto* own = dynamic_cast<const QMdiSubWindow*>(parentWidget());
+    const QMdiSubWindow* current = own && own->mdiArea() ? own->mdiArea()->currentSubWindow() : nullptr;
+    return isVisible() && (!current || current == own);
 }
 
 // The shell does not tell this screen when it comes on top again.
