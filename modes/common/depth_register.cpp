@@ -64,11 +64,16 @@ static const RegisterRow* rowById(const RegisterRows& rows, qint64 id)
     return found != rows.end() ? &*found : nullptr;
 }
 
+bool DepthRegister::hasPlace(const RegisterRow& row) const
+{
+    return row.key && row.problems.value(depthColumn()).isEmpty();
+}
+
 // Rows without a place of their own stay below the row that they stood below.
-static void placeRowsWithoutKey(RegisterRows& placed, const RegisterRows& original)
+void DepthRegister::placeTheRest(RegisterRows& placed, const RegisterRows& original) const
 {
     for (int i = 0; i < original.size(); ++i) {
-        if (original[i].key)
+        if (hasPlace(original[i]))
             continue;
         const RegisterRow* above = i > 0 ? rowById(placed, original[i - 1].id) : nullptr;
         const int place = above ? int(above - placed.constData()) + 1 : i > 0 ? placed.size() : 0;
@@ -76,39 +81,57 @@ static void placeRowsWithoutKey(RegisterRows& placed, const RegisterRows& origin
     }
 }
 
-// By the depths that the project has, as its registers walk them.
-static void arrange(RegisterRows& rows)
+void DepthRegister::arrange(RegisterRows& rows) const
 {
     RegisterRows placed;
-    std::copy_if(rows.begin(), rows.end(), std::back_inserter(placed), [](const RegisterRow& row) {
-        return row.key.has_value();
+    std::copy_if(rows.begin(), rows.end(), std::back_inserter(placed), [this](const RegisterRow& row) {
+        return hasPlace(row);
     });
     std::stable_sort(placed.begin(), placed.end(), [](const RegisterRow& a, const RegisterRow& b) {
         return orderedDepth(QString::fromStdWString(*a.key)) < orderedDepth(QString::fromStdWString(*b.key));
     });
-    placeRowsWithoutKey(placed, rows);
+    placeTheRest(placed, rows);
     rows = placed;
 }
 
 RegisterRows DepthRegister::rowsOf(
     IDBProject& project, const std::wstring& point, const RegisterRows& before) const
 {
-    std::map<std::wstring, const RegisterRow*> known;
-    for (const RegisterRow& row : before)
+    RegisterRows known = before;
+    std::map<std::wstring, RegisterRow*> byKey;
+    for (RegisterRow& row : known)
         if (row.key)
-            known.emplace(*row.key, &row);
+            byKey.emplace(*row.key, &row);
     RegisterRows rows;
     for (const auto& [depth, value] : load(project, point)) {
-        RegisterRow row{0, cells(value), value, depth};
+        RegisterRow row{nextId(), cells(value), value, depth};
         row.cells[depthColumn()] = QString::fromStdWString(depth);
-        const auto old = known.find(depth);
-        row.id = old != known.end() ? old->second->id : nextId();
-        const bool keepTyped =
-            old != known.end() && old->second->isOpen() && cells(old->second->value) == cells(value);
-        rows.append(keepTyped ? *old->second : row);
+        if (const auto old = byKey.find(depth); old != byKey.end()) {
+            keepTyped(row, *old->second);
+            *old->second = row;
+            byKey.erase(old);
+        }
+        if (hasPlace(row))
+            rows.append(row);
     }
-    placeRowsWithoutKey(rows, before);
+    // What another screen has deleted meanwhile is gone, but for what was typed here and not stored.
+    for (const auto& [depth, row] : byKey)
+        row->key.reset();
+    known.erase(std::remove_if(known.begin(),
+                    known.end(),
+                    [](const RegisterRow& row) { return !row.key && !row.isOpen() && !row.isBlank(); }),
+        known.end());
+    placeTheRest(rows, known);
     return rows;
+}
+
+void DepthRegister::keepTyped(RegisterRow& row, const RegisterRow& old) const
+{
+    row.id = old.id;
+    row.problems = old.problems;
+    for (int column = 0; column < old.problems.size(); ++column)
+        if (!old.problems[column].isEmpty())
+            row.cells[column] = old.cells[column];
 }
 
 void DepthRegister::readCells(RegisterRow& row) const

@@ -98,6 +98,12 @@ protected:
 
 private:
     static qint64 nextId();
+    // Whether the depth of the row is the one that the project has.
+    bool hasPlace(const RegisterRow& row) const;
+    void placeTheRest(RegisterRows& placed, const RegisterRows& original) const;
+    // By the depths that the project has, as its registers walk them.
+    void arrange(RegisterRows& rows) const;
+    void keepTyped(RegisterRow& row, const RegisterRow& old) const;
     void readCells(RegisterRow& row) const;
     const QString& depthCell(const RegisterRow& row) const { return row.cells[depthColumn()]; }
     // The holder is the row that has the number already, null where there is no number.

@@ -79,7 +79,7 @@ void PointRegisterScreen::layOut()
     head_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     table_->addWidget(grid_);
     rightLayout->addWidget(head_);
-    rightLayout->addWidget(table_);
+    rightLayout->addWidget(table_, 1);
 
     emptyText_->setAlignment(Qt::AlignCenter);
     emptyText_->setWordWrap(true);
@@ -93,7 +93,7 @@ void PointRegisterScreen::layOut()
     splitter_->addWidget(points_);
     splitter_->addWidget(right);
     splitter_->setStretchFactor(1, 1);
-    arrangeSplitter(splitter_, "points", {180, 800});
+    arrangeSplitter(splitter_, "points", {170, 800});
     grid_->setEmptyText(register_->emptyText());
     setFocusProxy(grid_);
 }
@@ -103,7 +103,7 @@ void PointRegisterScreen::setSideView(QWidget* view)
     table_->addWidget(view);
     table_->setStretchFactor(0, 3);
     table_->setStretchFactor(1, 2);
-    arrangeSplitter(table_, "side", {520, 340});
+    arrangeSplitter(table_, "side", {540, 460});
     reload();
 }
 
@@ -135,11 +135,7 @@ void PointRegisterScreen::observe()
 void PointRegisterScreen::becomeCurrent()
 {
     observe();
-    if (controller_->currentMode() == mode_ && controller_->editedSample() != point_) {
-        leavePoint();
-        point_ = controller_->editedSample();
-    }
-    reload();
+    reload(controller_->currentMode() == mode_ ? controller_->editedSample() : point_);
     showAccess();
     if (isVisible() && !isAncestorOf(QApplication::focusWidget()))
         grid_->setFocus();
@@ -183,6 +179,11 @@ QVector<ListedPoint> PointRegisterScreen::listedPoints(IDBProject& project) cons
 
 void PointRegisterScreen::reload()
 {
+    reload(point_);
+}
+
+void PointRegisterScreen::reload(const std::wstring& wantedPoint)
+{
     IDBProject* project = controller_->project();
     forgetOtherProject(project);
     register_->useSettings(controller_->settings());
@@ -195,16 +196,29 @@ void PointRegisterScreen::reload()
     emptyText_->setVisible(points.isEmpty());
     emptyText_->setText(project ? QStringLiteral("Нет точек. Добавьте точку в режиме «Ведомость координат».")
                                 : QStringLiteral("Проект не открыт."));
-    const QString current = QString::fromStdWString(point_);
-    const bool isThere = std::any_of(
-        points.begin(), points.end(), [&](const ListedPoint& point) { return point.name == current; });
-    if (!isThere)
-        point_ = points.isEmpty() ? std::wstring() : points.first().name.toStdWString();
-    if (controller_->currentMode() == mode_)
-        controller_->setEditedSample(point_);
+    takePoint(points, wantedPoint);
     points_->setPoints(points);
     points_->setCurrentPoint(QString::fromStdWString(point_));
     showPoint();
+}
+
+// The wanted point, else the one on view, else the first.
+void PointRegisterScreen::takePoint(const QVector<ListedPoint>& points, const std::wstring& wanted)
+{
+    const auto isThere = [&](const std::wstring& name) {
+        const QString text = QString::fromStdWString(name);
+        return std::any_of(
+            points.begin(), points.end(), [&](const ListedPoint& point) { return point.name == text; });
+    };
+    const std::wstring next = isThere(wanted) ? wanted
+        : isThere(point_)                     ? point_
+        : points.isEmpty()                    ? std::wstring()
+                                              : points.first().name.toStdWString();
+    if (next != point_)
+        leavePoint();
+    point_ = next;
+    if (controller_->currentMode() == mode_)
+        controller_->setEditedSample(point_);
 }
 
 static QString headOf(const PointFacts& point)

@@ -50,6 +50,8 @@ protected:
 private:
     void update() override { reload(); }
 
+    void reload(const std::wstring& wantedPoint);
+    void takePoint(const QVector<ListedPoint>& points, const std::wstring& wanted);
     void connectShell();
     void connectViews();
     void layOut();

@@ -9,10 +9,10 @@ QString LayerRegister::name() const
 
 QVector<GridColumn> LayerRegister::columns() const
 {
-    return {{QStringLiteral("Подошва,\nглубина, м"), GridColumn::Number, 90},
-        {QStringLiteral("Мощность,\nм"), GridColumn::Number, 80, {}, true},
-        {QStringLiteral("Отметка\nподошвы, м"), GridColumn::Number, 90, {}, true},
-        {QStringLiteral("Геологический\nиндекс"), GridColumn::Text, 110},
+    return {{QStringLiteral("Подошва,\nм"), GridColumn::Number, 70},
+        {QStringLiteral("Мощность,\nм"), GridColumn::Number, 70, {}, true},
+        {QStringLiteral("Отметка,\nм"), GridColumn::Number, 70, {}, true},
+        {QStringLiteral("Геоиндекс"), GridColumn::Text, 90},
         {QStringLiteral("Описание грунта"), GridColumn::Text, 300, {}, false, true}};
 }
 

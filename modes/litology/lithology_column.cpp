@@ -25,14 +25,17 @@ QColor fillOfIndex(const QString& index)
 {
     if (index.trimmed().isEmpty())
         return {0xf4, 0xf4, 0xf4};
-    // Qt's own hashes change from run to run.
+    // Qt's own hashes change from run to run. The last steps part indexes that differ in one letter.
     quint32 hash = 2166136261U;
     for (const QChar& letter : index)
         hash = (hash ^ letter.unicode()) * 16777619U;
-    hash ^= hash >> 15;
-    const int hue = int(hash % 360U);
-    const int saturation = 90 + int(hash / 360U % 60U);
-    return QColor::fromHsl(hue, saturation, 214);
+    hash = (hash ^ (hash >> 16)) * 0x85ebca6bU;
+    hash = (hash ^ (hash >> 13)) * 0xc2b2ae35U;
+    hash ^= hash >> 16;
+    const int hue = int(hash % 24U) * 15;
+    const int saturation = 90 + int(hash / 24U % 3U) * 40;
+    const int lightness = 200 + int(hash / 72U % 3U) * 12;
+    return QColor::fromHsl(hue, saturation, lightness);
 }
 
 // Wraps a text into a rectangle; what does not fit ends in an ellipsis.
@@ -66,7 +69,10 @@ LithologyColumn::LithologyColumn(QWidget* parent)
 {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     viewport()->setBackgroundRole(QPalette::Base);
-    setMinimumWidth(260);
+    QFont small = font();
+    small.setPointSizeF(small.pointSizeF() * 0.88);
+    setFont(small);
+    setMinimumWidth(320);
     setFocusPolicy(Qt::NoFocus);
 }
 
@@ -107,9 +113,9 @@ void LithologyColumn::layOut()
 
 LithologyColumn::Lanes LithologyColumn::lanes() const
 {
-    const double number = fontMetrics().horizontalAdvance(QStringLiteral("Мощность,")) + 2 * padding;
+    const double number = fontMetrics().horizontalAdvance(QStringLiteral("-000.00")) + 2 * padding;
     const double water =
-        fontMetrics().horizontalAdvance(QStringLiteral("00.00")) + triangleSize + 3 * padding;
+        fontMetrics().horizontalAdvance(QStringLiteral("000.00")) + triangleSize + 3 * padding;
     double left = 0;
     const auto next = [&](double width) {
         const QRectF lane(left, 0, width, 0);
@@ -136,9 +142,9 @@ static QRectF placed(const QRectF& lane, double top, double bottom)
 void LithologyColumn::paintHeads(QPainter& painter, const Lanes& lanes) const
 {
     const std::pair<QRectF, QString> heads[] = {
-        {lanes.mark, QStringLiteral("Отметка,\nм")},
-        {lanes.depth, QStringLiteral("Глубина,\nм")},
-        {lanes.thickness, QStringLiteral("Мощность,\nм")},
+        {lanes.mark, QStringLiteral("Отм.,\nм")},
+        {lanes.depth, QStringLiteral("Глуб.,\nм")},
+        {lanes.thickness, QStringLiteral("Мощн.,\nм")},
         {lanes.strip, QStringLiteral("Индекс")},
         {lanes.water, QStringLiteral("Вода")},
         {lanes.description, QStringLiteral("Описание")},
@@ -241,7 +247,7 @@ void LithologyColumn::paintEvent(QPaintEvent*)
     QPainter painter(viewport());
     painter.setRenderHint(QPainter::Antialiasing);
     if (layers_.isEmpty() && waters_.isEmpty()) {
-        painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
+        painter.setPen(QColor(0x70, 0x70, 0x70));
         painter.drawText(viewport()->rect(),
             Qt::AlignCenter,
             QStringLiteral("Колонка появится,\nкогда у точки будут слои."));
