@@ -16,6 +16,7 @@ static constexpr double reach = 12; // px around a point in which a click is mea
 PointPlan::PointPlan(QWidget* parent)
     : QWidget(parent)
 {
+    setObjectName(QStringLiteral("pointPlan"));
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::CrossCursor);
     frame_.sheet = size();

@@ -39,12 +39,14 @@ public:
         const TX_Modes mode = ModeListCoords;
         screen.reset();
         screen.reset(dynamic_cast<TXWidget*>(create(&mode, controller.get())));
-        QObject::connect(screen.get(), &TXWidget::signalShowStatusMessage, screen.get(), [this](const std::wstring& text) {
-            status = QString::fromStdWString(text);
-        });
-        QObject::connect(screen.get(), &TXWidget::signalDeleteRecord, screen.get(), [this](TX_Modes, bool can) {
-            canDelete = can;
-        });
+        QObject::connect(
+            screen.get(), &TXWidget::signalShowStatusMessage, screen.get(), [this](const std::wstring& text) {
+                status = QString::fromStdWString(text);
+            });
+        QObject::connect(
+            screen.get(), &TXWidget::signalDeleteRecord, screen.get(), [this](TX_Modes, bool can) {
+                canDelete = can;
+            });
         screen->resize(1280, 760);
         screen->show();
         QApplication::setActiveWindow(screen.get());
@@ -86,7 +88,8 @@ public:
     static void type(const QString& text)
     {
         for (const QChar& letter : text)
-            QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, letter, Qt::NoModifier);
+            QTest::sendKeyEvent(
+                QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, letter, Qt::NoModifier);
     }
     void typeInto(int row, int column, const QString& text) const
     {
