@@ -99,8 +99,8 @@ void HeadPanel::showNotice()
     const bool unnamed = isUnnamed(head_);
     notice_->setText(!problem_.isEmpty()
             ? QStringLiteral("Имя файла не записано. ") + problem_
-            : QStringLiteral("Проект ещё не назван: он сохранится как TLXXXXX.TLX, и "
-                             "следующий неназванный проект его перепишет."));
+            : QStringLiteral(
+                "Проект ещё не назван: он сохранится как TLXXXXX.TLX поверх другого неназванного."));
     notice_->setVisible(unnamed || !problem_.isEmpty());
     nameButton_->setVisible(unnamed);
 }

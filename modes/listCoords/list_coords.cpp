@@ -20,6 +20,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <cmath>
 
 static const QString splitterKey = QStringLiteral("splitters/listCoords");
@@ -37,6 +38,7 @@ ListCoords::ListCoords(TX_Modes mode, ITellurixController* controller)
     splitter->setChildrenCollapsible(false);
     splitter->setStretchFactor(0, 3);
     splitter->setStretchFactor(1, 2);
+    splitter->setSizes({620, 380});
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(8, 8, 8, 8);
     layout->setSpacing(8);
@@ -125,6 +127,15 @@ void ListCoords::showEvent(QShowEvent* event)
     askNameOnce();
 }
 
+// A table of ten thousand points takes a while to be given out anew; mostly nothing has changed.
+static bool sameRows(const GridRows& a, const GridRows& b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const GridRow& one, const GridRow& other) {
+        return one.id == other.id && one.cells == other.cells && one.problems == other.problems
+            && one.warnings == other.warnings;
+    });
+}
+
 void ListCoords::reload()
 {
     stale_ = false;
@@ -138,7 +149,8 @@ void ListCoords::reload()
     }
     const GridRows rows = project ? table_.rows(*project) : GridRows();
     grid_->setEditingAllowed(project != nullptr);
-    grid_->setRows(rows);
+    if (!sameRows(rows, grid_->rows().rows()))
+        grid_->setRows(rows);
     showPlan(rows);
     if (project)
         head_->showHead(headOf(*project));
@@ -165,7 +177,7 @@ void ListCoords::showPlan(const GridRows& rows)
             continue;
         }
         point.kind = pointKindNamed(row.cells[PointKindColumn]);
-        point.name = row.cells[PointNameColumn];
+        point.name = QString::fromStdWString(table_.pointOf(row.id));
         point.tip = QStringLiteral("%1 %2\nX %3   Y %4\nАбс. отметка %5")
                         .arg(row.cells[PointKindColumn],
                             point.name,

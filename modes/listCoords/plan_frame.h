@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMarginsF>
 #include <QPointF>
 #include <QRectF>
 #include <QSizeF>
@@ -34,18 +35,17 @@ struct PlanFrame {
         scale = qBound(leastScale, scale * factor, greatestScale);
         center += ground - toGround(at);
     }
-    // Shows the whole rectangle of ground with a margin of so many pixels.
-    void fit(const QRectF& ground, double margin)
+    // Shows the whole rectangle of ground in the sheet without these margins, in pixels.
+    void fit(const QRectF& ground, const QMarginsF& margins)
     {
         // A lone point gets its surroundings; there is no scale that suits it.
         constexpr double least = 20;
-        const double width = qMax(ground.width(), least);
-        const double height = qMax(ground.height(), least);
+        const QRectF free = QRectF(QPointF(), sheet).marginsRemoved(margins);
+        scale = qMin(qMax(free.width(), 1.0) / qMax(ground.width(), least),
+            qMax(free.height(), 1.0) / qMax(ground.height(), least));
+        scale = qBound(leastScale, scale, greatestScale);
         center = ground.center();
-        scale = qBound(leastScale,
-            qMin(qMax(sheet.width() - 2 * margin, 1.0) / width,
-                qMax(sheet.height() - 2 * margin, 1.0) / height),
-            greatestScale);
+        moveBy(free.center() - QRectF(QPointF(), sheet).center());
     }
 };
 

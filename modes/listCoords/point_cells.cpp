@@ -51,17 +51,17 @@ struct Column {
 // In the order of PointColumn.
 // clang-format off
 constexpr Column columns[] = {
-    {L"Имя\nточки",                   GridColumn::Text,   76,  nullptr},
-    {L"Тип скв.",                     GridColumn::Choice, 100, nullptr, kinds, std::size(kinds)},
-    {captions::xMetres,               GridColumn::Number, 92,  &PointRow::text0},
-    {captions::yMetres,               GridColumn::Number, 92,  &PointRow::text1},
-    {L"Абсолютная\nотметка(м)",       GridColumn::Number, 92,  &PointRow::absoluteMark},
-    {L"Относительная\nотметка(м)",    GridColumn::Number, 104, &PointRow::text3},
-    {captions::profileType,           GridColumn::Choice, 122, nullptr, profiles, std::size(profiles)},
-    {captions::toRight,               GridColumn::Number, 72,  &PointRow::text4},
-    {captions::toLeft,                GridColumn::Number, 72,  &PointRow::text5},
-    {L"Дата\nзамера",                 GridColumn::Date,   92,  &PointRow::text6},
-    {captions::type,                  GridColumn::Choice, 72,  nullptr, types, std::size(types)},
+    {L"Имя\nточки",                   GridColumn::Text,   84,  nullptr},
+    {L"Тип скв.",                     GridColumn::Choice, 134, nullptr, kinds, std::size(kinds)},
+    {captions::xMetres,               GridColumn::Number, 112, &PointRow::text0},
+    {captions::yMetres,               GridColumn::Number, 112, &PointRow::text1},
+    {L"Абсолютная\nотметка(м)",       GridColumn::Number, 118,  &PointRow::absoluteMark},
+    {L"Относительная\nотметка(м)",    GridColumn::Number, 148, &PointRow::text3},
+    {captions::profileType,           GridColumn::Choice, 150, nullptr, profiles, std::size(profiles)},
+    {captions::toRight,               GridColumn::Number, 84,  &PointRow::text4},
+    {captions::toLeft,                GridColumn::Number, 84,  &PointRow::text5},
+    {L"Дата\nзамера",                 GridColumn::Date,   110,  &PointRow::text6},
+    {captions::type,                  GridColumn::Choice, 84,  nullptr, types, std::size(types)},
 };
 // clang-format on
 static_assert(std::size(columns) == PointColumnCount);

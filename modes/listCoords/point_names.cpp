@@ -74,7 +74,7 @@ QString PointNames::problem(const std::wstring& name, const std::wstring& ownNam
         .arg(QString::fromStdWString(other->second), typed);
 }
 
-QString PointNames::warning(const std::wstring& name) const
+QString pointNameWarning(const std::wstring& name)
 {
     const auto number = numberOfName(name);
     if (number == 0)

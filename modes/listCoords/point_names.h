@@ -18,9 +18,7 @@ public:
     // Why a point cannot have this name, for the tool tip of its cell; empty where it can. The point's
     // present name does not stand in its way; empty where it has none.
     QString problem(const std::wstring& name, const std::wstring& ownName) const;
-    // Why the name that a point has all the same, from another program's file, is no good one.
-    QString warning(const std::wstring& name) const;
-
+    // As points come and go.
     void add(const std::wstring& name);
     void remove(const std::wstring& name);
 
@@ -28,3 +26,7 @@ private:
     std::unordered_set<std::wstring> names_;
     std::unordered_multimap<int, std::wstring> numbers_;
 };
+
+// What is wrong with a name that a point has all the same, from another program's file; empty where nothing
+// is.
+QString pointNameWarning(const std::wstring& name);

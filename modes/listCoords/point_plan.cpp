@@ -9,11 +9,14 @@
 #include <cmath>
 #include <utility>
 
+// Room for labels, above for the scale bar too.
+static const QMarginsF sheetMargins(64, 64, 64, 40);
 static constexpr double reach = 12; // px around a point in which a click is meant for it
 
 PointPlan::PointPlan(QWidget* parent)
     : QWidget(parent)
 {
+    setObjectName(QStringLiteral("pointPlan"));
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::CrossCursor);
     frame_.sheet = size();
@@ -61,7 +64,7 @@ void PointPlan::fitAll()
             low = {qMin(low.x(), place.x()), qMin(low.y(), place.y())};
             high = {qMax(high.x(), place.x()), qMax(high.y(), place.y())};
         }
-        frame_.fit({low, high}, 48);
+        frame_.fit({low, high}, sheetMargins);
     }
     update();
 }

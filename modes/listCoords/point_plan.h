@@ -63,6 +63,9 @@ private:
     void drawDots(QPainter& painter, const QVector<const PlanPoint*>& points) const;
     void drawSymbols(QPainter& painter, const QVector<const PlanPoint*>& points) const;
     void drawLabels(QPainter& painter, const QVector<const PlanPoint*>& points) const;
+    const PlanPoint* currentPoint() const; // null where it is not on the plan
+    QFont currentFont() const;
+    QRectF currentLabel(const PlanPoint& point) const;
     void drawCurrent(QPainter& painter) const;
     void drawScaleBar(QPainter& painter) const;
     void drawAxes(QPainter& painter) const;

@@ -20,6 +20,8 @@ const QColor currentColor(0xd9, 0x3a, 0x1e);
 // More symbols than that run into each other: dots tell more, and are drawn at once.
 constexpr int mostSymbols = 1200;
 constexpr int mostLabels = 500;
+const QColor veil(255, 255, 255, 210); // below what stands on top of the points
+const QSizeF axesSize(54, 42);
 constexpr int symbolSize = 13; // px
 
 struct KindStyle {
@@ -144,7 +146,8 @@ void PointPlan::drawGrid(QPainter& painter) const
         painter.setPen(gridColor);
         painter.drawLine(QPointF(at, 0), QPointF(at, height()));
         painter.setPen(gridTextColor);
-        painter.drawText(QPointF(at + 3, height() - 5), text);
+        if (at + fontMetrics().horizontalAdvance(text) + 6 < width())
+            painter.drawText(QPointF(at + 3, height() - 5), text);
     }
     for (double up = std::ceil(low.y() / step) * step; up < high.y(); up += step) {
         const double at = std::floor(frame_.toScreen({0, up}).y()) + 0.5;
@@ -183,6 +186,8 @@ void PointPlan::drawSymbols(QPainter& painter, const QVector<const PlanPoint*>& 
 void PointPlan::drawLabels(QPainter& painter, const QVector<const PlanPoint*>& points) const
 {
     TakenPlaces taken;
+    if (const PlanPoint* current = currentPoint())
+        taken.take(currentLabel(*current));
     for (const PlanPoint* point : points)
         taken.take({screenPlace(*point) - QPointF(3, 3), QSizeF(6, 6)});
     const QFontMetrics metrics = fontMetrics();
@@ -198,31 +203,45 @@ void PointPlan::drawLabels(QPainter& painter, const QVector<const PlanPoint*>& p
             {-size.width() / 2, -8 - size.height()},
             {-size.width() / 2, 8}};
         for (const QPointF& place : places)
-            if (const QRectF box(at + place, size); taken.take(box)) {
+            if (const QRectF box(at + place, size); QRectF(rect()).contains(box) && taken.take(box)) {
                 painter.drawText(QPointF(box.left(), box.bottom() - metrics.descent() / 2.0), point->name);
                 break;
             }
     }
 }
 
-void PointPlan::drawCurrent(QPainter& painter) const
+const PlanPoint* PointPlan::currentPoint() const
 {
     const auto point = std::find_if(
         points_.begin(), points_.end(), [&](const PlanPoint& each) { return each.id == current_; });
-    if (point == points_.end())
-        return;
-    const QPointF at = screenPlace(*point);
-    painter.setPen(QPen(currentColor, 2));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawEllipse(at, 9, 9);
+    return point == points_.end() ? nullptr : &*point;
+}
+
+QFont PointPlan::currentFont() const
+{
     QFont bold = font();
     bold.setBold(true);
-    painter.setFont(bold);
-    const QFontMetrics metrics(bold);
-    const QRectF box(at + QPointF(13, -metrics.height() / 2.0),
-        QSizeF(metrics.horizontalAdvance(point->name) + 6, metrics.height()));
-    painter.fillRect(box, QColor(255, 255, 255, 225));
-    painter.drawText(box, Qt::AlignCenter, point->name);
+    return bold;
+}
+
+QRectF PointPlan::currentLabel(const PlanPoint& point) const
+{
+    const QFontMetrics metrics(currentFont());
+    return {screenPlace(point) + QPointF(12, -metrics.height() / 2.0),
+        QSizeF(metrics.horizontalAdvance(point.name) + 6, metrics.height())};
+}
+
+void PointPlan::drawCurrent(QPainter& painter) const
+{
+    const PlanPoint* point = currentPoint();
+    if (!point)
+        return;
+    painter.setPen(QPen(currentColor, 2));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawEllipse(screenPlace(*point), 9, 9);
+    painter.setFont(currentFont());
+    painter.fillRect(currentLabel(*point), veil);
+    painter.drawText(currentLabel(*point), Qt::AlignCenter, point->name);
     painter.setFont(font());
 }
 
@@ -230,36 +249,32 @@ void PointPlan::drawScaleBar(QPainter& painter) const
 {
     const double length = roundLength(60 / frame_.scale);
     const double pixels = length * frame_.scale;
-    const QString text = lengthText(length);
-    const QRectF box(width() - pixels - 24, 10, pixels + 14, fontMetrics().height() + 16);
-    painter.fillRect(box, QColor(255, 255, 255, 225));
+    const QRectF box(width() - axesSize.width() - pixels - 26, 6, pixels + 14, axesSize.height());
+    painter.fillRect(box, veil);
     const double left = box.left() + 7;
-    const double base = box.bottom() - 7;
+    const double base = box.bottom() - 8;
     painter.setPen(QPen(inkColor, 1.5));
     painter.drawPolyline(
         QPolygonF({{left, base - 5}, {left, base}, {left + pixels, base}, {left + pixels, base - 5}}));
-    painter.drawText(QRectF(box.left(), box.top(), box.width(), fontMetrics().height()),
-        Qt::AlignHCenter | Qt::AlignTop,
-        text);
+    painter.drawText(box.adjusted(0, 0, 0, -14), Qt::AlignHCenter | Qt::AlignBottom, lengthText(length));
 }
 
 void PointPlan::drawAxes(QPainter& painter) const
 {
-    constexpr double arm = 26;
-    const QPointF corner(width() - 46, 92);
-    painter.fillRect(
-        QRectF(corner - QPointF(8, arm + 16), QSizeF(arm + 26, arm + 24)), QColor(255, 255, 255, 225));
+    constexpr double arm = 22;
+    const QRectF box(QPointF(width() - axesSize.width() - 6, 6), axesSize);
+    const QPointF corner = box.bottomLeft() + QPointF(14, -8);
+    const QPointF up = corner - QPointF(0, arm);
+    const QPointF across = corner + QPointF(arm, 0);
+    painter.fillRect(box, veil);
     painter.setPen(QPen(inkColor, 1.2));
     painter.setBrush(inkColor);
-    const QPointF tips[] = {corner - QPointF(0, arm), corner + QPointF(arm, 0)};
-    for (const QPointF& tip : tips)
-        painter.drawLine(corner, tip);
-    painter.drawPolygon(QPolygonF({tips[0], tips[0] + QPointF(-3, 7), tips[0] + QPointF(3, 7)}));
-    painter.drawPolygon(QPolygonF({tips[1], tips[1] + QPointF(-7, -3), tips[1] + QPointF(-7, 3)}));
-    const QString up = xUp_ ? QStringLiteral("X") : QStringLiteral("Y");
-    const QString across = xUp_ ? QStringLiteral("Y") : QStringLiteral("X");
-    painter.drawText(tips[0] + QPointF(-4, -4), up);
-    painter.drawText(tips[1] + QPointF(4, 4), across);
+    painter.drawLine(corner, up);
+    painter.drawLine(corner, across);
+    painter.drawPolygon(QPolygonF({up, up + QPointF(-3, 7), up + QPointF(3, 7)}));
+    painter.drawPolygon(QPolygonF({across, across + QPointF(-7, -3), across + QPointF(-7, 3)}));
+    painter.drawText(up + QPointF(6, 8), xUp_ ? QStringLiteral("X") : QStringLiteral("Y"));
+    painter.drawText(across + QPointF(4, 4), xUp_ ? QStringLiteral("Y") : QStringLiteral("X"));
 }
 
 void PointPlan::paintEvent(QPaintEvent*)

@@ -111,6 +111,35 @@ std::vector<std::pair<std::wstring, std::vector<PointRow>>> rowsOf(
     return rows;
 }
 
+// Most rows have nothing to be noted.
+void note(QVector<QString>& notes, int column, const QString& text)
+{
+    if (text.isEmpty())
+        return;
+    notes.resize(PointColumnCount);
+    notes[column] = text;
+}
+
+GridRows::iterator findRow(GridRows& rows, qint64 id)
+{
+    return std::find_if(rows.begin(), rows.end(), [&](const GridRow& row) { return row.id == id; });
+}
+
+// Rows that are no points yet stand where they were begun; one of them may stand under another.
+void showDraft(GridRows& rows, qint64 id, const PointDraft& draft)
+{
+    auto row = findRow(rows, id);
+    if (row == rows.end()) {
+        const auto above = findRow(rows, draft.below);
+        const auto place = draft.below == 0 ? rows.begin() : above == rows.end() ? above : above + 1;
+        row = rows.insert(place, {id, QVector<QString>(PointColumnCount)});
+    }
+    for (auto cell = draft.cells.cbegin(); cell != draft.cells.cend(); ++cell)
+        row->cells[cell.key()] = cell.value();
+    for (auto problem = draft.problems.cbegin(); problem != draft.problems.cend(); ++problem)
+        note(row->problems, problem.key(), problem.value());
+}
+
 } // namespace
 
 void PointsState::putInto(IDBProject& project) const
@@ -141,33 +170,16 @@ GridRows PointTable::rows(IDBProject& project)
 {
     GridRows rows;
     points_.clear();
-    const PointNames names(project.getPointRegister());
+    rows.reserve(int(project.getPointRegister().size()) + drafts_->size());
     for (const auto& [key, pointRows] : project.getPointRegister()) {
-        GridRow row{idOf(key.pointName), pointCells(key, pointRows)};
-        row.problems.resize(PointColumnCount);
-        row.warnings.resize(PointColumnCount);
-        row.warnings[PointNameColumn] = names.warning(key.pointName);
-        rows.append(row);
+        rows.append({idOf(key.pointName), pointCells(key, pointRows)});
+        note(rows.last().warnings, PointNameColumn, pointNameWarning(key.pointName));
     }
-    // Rows that are no points yet stand where they were begun; one of them may stand under another.
-    for (auto draft = drafts_->cbegin(); draft != drafts_->cend(); ++draft) {
-        const auto idIs = [](qint64 id) { return [id](const GridRow& row) { return row.id == id; }; };
-        auto row = std::find_if(rows.begin(), rows.end(), idIs(draft.key()));
-        if (row == rows.end()) {
-            const auto above = std::find_if(rows.begin(), rows.end(), idIs(draft->below));
-            const auto place = draft->below == 0 ? rows.begin() : above == rows.end() ? above : above + 1;
-            row = rows.insert(place, {draft.key(), QVector<QString>(PointColumnCount)});
-            row->problems.resize(PointColumnCount);
-            row->warnings.resize(PointColumnCount);
-        }
-        for (auto cell = draft->cells.cbegin(); cell != draft->cells.cend(); ++cell)
-            row->cells[cell.key()] = cell.value();
-        for (auto problem = draft->problems.cbegin(); problem != draft->problems.cend(); ++problem)
-            row->problems[problem.key()] = problem.value();
-    }
+    for (auto draft = drafts_->cbegin(); draft != drafts_->cend(); ++draft)
+        showDraft(rows, draft.key(), *draft);
     for (GridRow& row : rows)
         for (int column = PointKindColumn; column < PointColumnCount; ++column)
-            row.warnings[column] = pointCellWarning(column, row.cells[column]);
+            note(row.warnings, column, pointCellWarning(column, row.cells[column]));
     return rows;
 }
 
