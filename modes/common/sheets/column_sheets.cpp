@@ -152,10 +152,10 @@ void fillColumn(SheetRows& rows, const SheetSource& source)
             layer ? layer->second.geoIndex : std::wstring(),
             row.layer.thickness,
             row.layer.bottomMark,
+            layer ? layer->second.description : std::wstring(),
             joined(row.samples),
             joined(row.waters),
-            joined(row.consistencies),
-            layer ? layer->second.description : std::wstring()});
+            joined(row.consistencies)});
     }
 }
 
@@ -204,10 +204,10 @@ const std::vector<Sheet>& columnSheets()
             {caption(1), 10},
             {L"Мощность\nслоя, м", 11, SheetColumn::Number},
             {L"Абс. отметка\nподошвы, м", 12, SheetColumn::Number},
+            {caption(9), 40},
             {caption(7), 17},
             {caption(6), 21},
-            {L"Консистенция", 14},
-            {caption(9), 30}},
+            {L"Консистенция", 14}},
         .fill = fillColumn,
         .whenEmpty = L"У точки нет слоев, проб и уровней воды."};
     static const std::vector<Sheet> sheets = makeColumnSheets(column);

@@ -187,7 +187,7 @@ const std::vector<Sheet>& laboratorySheets()
                 depthColumn,
                 codeColumn,
                 {L"Номер\nпробы", 8, SheetColumn::Number},
-                {captions::sampleType, 18},
+                {captions::sampleType, 18, SheetColumn::Text, true},
                 {captions::soilName, 19, SheetColumn::Text, true},
                 {L"Физические\nсвойства", 11, SheetColumn::Number},
                 {L"Фракции", 9, SheetColumn::Number, true},
