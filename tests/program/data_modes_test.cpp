@@ -1,0 +1,156 @@
+#include "db/exact_key.h"
+#include "program/program_test.h"
+
+namespace
+{
+
+class DataModes : public ProgramTest
+{
+protected:
+    std::size_t layersOf(const std::wstring& point)
+    {
+        const auto& layers = controller().dbProject()->getLithology();
+        return static_cast<std::size_t>(std::count_if(
+            layers.begin(), layers.end(), [&](const auto& layer) { return layer.first.pointName == point; }));
+    }
+};
+
+constexpr int depthColumn = 0;
+
+} // namespace
+
+TEST_F(DataModes, CommandLineLeadsToTheListOfPoints)
+{
+    const QByteArray path = project(QStringLiteral("PORTADOWN")).toLocal8Bit();
+    openFromCommandLine(controller(), path.constData());
+    EXPECT_EQ(shell.mainWindow->windowTitle(),
+        QStringLiteral("Tellurix 2019 - Инженерная геология - [Ведомость координат]"));
+    ASSERT_NE(screen(ModeListCoords), nullptr);
+    EXPECT_EQ(table(ModeListCoords)->model()->rowCount(), 39);
+    EXPECT_EQ(screen(ModeListCoords)->findChild<QLineEdit*>(QStringLiteral("projectCode"))->text(),
+        QStringLiteral("19-0217"));
+}
+
+TEST_F(DataModes, EditIsStoredAtOnceUndoneInItsPlaceAndSaved)
+{
+    const QString path = project(QStringLiteral("LURGAN"));
+    const QByteArray before = content(path);
+    openFromCommandLine(controller(), path.toLocal8Bit().constData());
+    action(ShellAction::Litology)->trigger();
+    QTableView* layers = table(ModeLitology);
+    const std::wstring point = shell.controller->editedSample();
+    const std::wstring depth = cell(layers, 0, depthColumn).toStdWString();
+    type(layers, 0, depthColumn, QStringLiteral("0.07"));
+    auto& lithology = controller().dbProject()->getLithology();
+    EXPECT_NE(findExact(lithology, {point, L"0.07"}), lithology.end());
+    EXPECT_EQ(findExact(lithology, {point, depth}), lithology.end());
+    EXPECT_TRUE(action(ShellAction::Undo)->isEnabled());
+
+    // Another mode has nothing to undo; coming back, the change can be.
+    action(ShellAction::Tests)->trigger();
+    EXPECT_FALSE(action(ShellAction::Undo)->isEnabled());
+    action(ShellAction::Litology)->trigger();
+    QTest::keyClick(shell.mainWindow.get(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_NE(findExact(lithology, {point, depth}), lithology.end());
+    EXPECT_EQ(cell(layers, 0, depthColumn).toStdWString(), depth);
+    controller().saveProject();
+    EXPECT_EQ(content(path), before) << "undone, so the same bytes";
+
+    QTest::keyClick(shell.mainWindow.get(), Qt::Key_Y, Qt::ControlModifier);
+    QTest::keyClick(shell.mainWindow.get(), Qt::Key_S, Qt::ControlModifier);
+    EXPECT_NE(content(path), before);
+    EXPECT_EQ(content(QString(path).replace(QStringLiteral(".TLX"), QStringLiteral(".bak"))), before);
+    const MessageAnswers answers({QMessageBox::No});
+    action(ShellAction::Close)->trigger();
+    openFromCommandLine(controller(), path.toLocal8Bit().constData());
+    auto& again = controller().dbProject()->getLithology();
+    EXPECT_NE(findExact(again, {point, L"0.07"}), again.end());
+}
+
+TEST_F(DataModes, RowsAreAddedAndDeletedByTheShellsActions)
+{
+    openFromCommandLine(controller(), project(QStringLiteral("LURGAN")).toLocal8Bit().constData());
+    action(ShellAction::Litology)->trigger();
+    const std::wstring point = shell.controller->editedSample();
+    const std::size_t count = layersOf(point);
+    QTableView* layers = table(ModeLitology);
+    layers->setCurrentIndex(layers->model()->index(0, depthColumn));
+    ASSERT_TRUE(action(ShellAction::Delete)->isEnabled());
+    action(ShellAction::Delete)->trigger();
+    EXPECT_EQ(layersOf(point), count - 1);
+    ASSERT_TRUE(action(ShellAction::Add)->isEnabled());
+    action(ShellAction::Add)->trigger();
+    EXPECT_EQ(layers->model()->rowCount(), int(count));
+    EXPECT_EQ(layersOf(point), count - 1) << "a row without a depth is not in the project yet";
+    controller().undo();
+    controller().undo();
+    EXPECT_EQ(layersOf(point), count);
+}
+
+// The text of an open cell goes into the project before anything else is done.
+TEST_F(DataModes, OpenCellIsStoredByAChangeOfModeAndKeepsItsOwnUndo)
+{
+    openFromCommandLine(controller(), project(QStringLiteral("LURGAN")).toLocal8Bit().constData());
+    action(ShellAction::Waters)->trigger();
+    action(ShellAction::Litology)->trigger();
+    QTableView* layers = table(ModeLitology);
+    const std::wstring point = shell.controller->editedSample();
+    layers->setFocus();
+    layers->setCurrentIndex(layers->model()->index(0, depthColumn));
+    QTest::keyClick(layers, Qt::Key_F2);
+    auto* editor = layers->findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    editor->selectAll();
+    QTest::keyClicks(editor, QStringLiteral("0.05"));
+    QTest::keyClick(editor, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_NE(editor->text(), QStringLiteral("0.05"));
+    editor->selectAll();
+    QTest::keyClicks(editor, QStringLiteral("0.06"));
+    action(ShellAction::Waters)->trigger();
+    auto& lithology = controller().dbProject()->getLithology();
+    EXPECT_NE(findExact(lithology, {point, L"0.06"}), lithology.end());
+}
+
+TEST_F(DataModes, EveryModeOpensWithEverySampleAndGoesOn)
+{
+    for (const char* name : {"ALLNUM", "ALLTEXT", "LURGAN", "PORTADOWN"}) {
+        const QString path = project(QString::fromLatin1(name));
+        const QByteArray before = content(path);
+        openFromCommandLine(controller(), path.toLocal8Bit().constData());
+        for (int round = 0; round < 2; ++round)
+            for (const ModeRow& row : modeRows) {
+                if (row.moduleFile.empty() || row.mode == ModeProjects || row.mode == ModeSetup
+                    || row.mode == ModeSectionEditor)
+                    continue;
+                controller().changeMode(row.mode);
+                QCoreApplication::processEvents();
+                ASSERT_NE(bus(row.mode), nullptr) << name << ' ' << row.mode;
+                EXPECT_TRUE(controller().syncMode(row.mode)) << name << ' ' << row.mode;
+                shell.mainWindow->grab();
+            }
+        controller().saveProject();
+        EXPECT_EQ(content(path), before) << name << ": looking at a project changes nothing";
+        const MessageAnswers answers({QMessageBox::No});
+        action(ShellAction::Close)->trigger();
+        EXPECT_EQ(controller().findSubWindow(ModeLitology), nullptr);
+    }
+}
+
+TEST_F(DataModes, ColumnOpensWithoutAProject)
+{
+    action(ShellAction::Column)->trigger();
+    EXPECT_NE(bus(ModeStratigraphic), nullptr);
+    EXPECT_TRUE(controller().closeColumnPrompt());
+}
+
+TEST_F(DataModes, WidthsOfColumnsAreKept)
+{
+    const QString path = project(QStringLiteral("LURGAN"));
+    openFromCommandLine(controller(), path.toLocal8Bit().constData());
+    action(ShellAction::Tests)->trigger();
+    table(ModeTests)->setColumnWidth(0, 217);
+    QTest::qWait(600);
+    controller().findSubWindow(ModeTests)->close();
+    action(ShellAction::Tests)->trigger();
+    EXPECT_EQ(table(ModeTests)->columnWidth(0), 217);
+}

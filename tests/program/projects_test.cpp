@@ -1,0 +1,160 @@
+#include "program/program_test.h"
+
+#include <QLabel>
+#include <QPushButton>
+
+namespace
+{
+
+enum Column { Code, Name, File, Points, Changed, Size, SavingPlace };
+
+class Projects : public ProgramTest
+{
+protected:
+    QTableView* registerTable() { return table(ModeProjects); }
+    // The register as it is when every file has been read.
+    void list()
+    {
+        Q_EMIT bus(ModeProjects)->signalUpdateProjectsPath();
+        QTest::qWait(150);
+    }
+    int rowOf(const QString& file)
+    {
+        for (int row = 0; row < registerTable()->model()->rowCount(); ++row)
+            if (cell(registerTable(), row, File) == file)
+                return row;
+        return -1;
+    }
+    QString at(const QString& file, Column column) { return cell(registerTable(), rowOf(file), column); }
+    void write(const QString& name, const QByteArray& bytes)
+    {
+        QFile file(here(projectsFolder + QLatin1Char('/') + name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+};
+
+} // namespace
+
+TEST_F(Projects, AreReadFromTheFolderWhateverStateTheyAreIn)
+{
+    const QByteArray sample = content(project(QStringLiteral("LURGAN")));
+    QByteArray older = sample;
+    older[12] = 103;
+    write(QStringLiteral("older.TLX"), older);
+    write(QStringLiteral("cut.TLX"), sample.left(5000));
+    write(QStringLiteral("short.TLX"), "Tellurix");
+    write(QStringLiteral("copy.TLX"), sample);
+    list();
+    EXPECT_EQ(registerTable()->model()->rowCount(), 5);
+    EXPECT_EQ(at(QStringLiteral("LURGAN.TLX"), Code), QStringLiteral("20-1040"));
+    EXPECT_EQ(at(QStringLiteral("LURGAN.TLX"), Points), QStringLiteral("24"));
+    EXPECT_EQ(at(QStringLiteral("LURGAN.TLX"), SavingPlace), QStringLiteral("этот файл"));
+    EXPECT_EQ(at(QStringLiteral("older.TLX"), Name), QStringLiteral("файл другой версии"));
+    EXPECT_EQ(at(QStringLiteral("cut.TLX"), Name), QStringLiteral("файл повреждён"));
+    EXPECT_EQ(at(QStringLiteral("short.TLX"), Name), QStringLiteral("файл повреждён"));
+    EXPECT_TRUE(
+        at(QStringLiteral("copy.TLX"), SavingPlace).endsWith(QStringLiteral("Проекты/LURGAN/LURGAN.TLX")));
+    const auto* model = registerTable()->model();
+    const auto tip = [&](const char* file) {
+        return model->index(rowOf(QString::fromLatin1(file)), Name).data(Qt::ToolTipRole).toString();
+    };
+    EXPECT_TRUE(tip("cut.TLX").contains(QStringLiteral("Critical Error reading the file")));
+    EXPECT_TRUE(tip("copy.TLX").contains(QStringLiteral("Там уже есть другой файл")));
+}
+
+TEST_F(Projects, EnterOpensWhatTheFilterLeaves)
+{
+    project(QStringLiteral("LURGAN"));
+    project(QStringLiteral("PORTADOWN"));
+    list();
+    registerTable()->setFocus();
+    QTest::keyClicks(registerTable(), QStringLiteral("p"));
+    auto* filter = screen(ModeProjects)->findChild<QLineEdit*>(QStringLiteral("filter"));
+    QTest::keyClicks(filter, QStringLiteral("ortadown"));
+    EXPECT_EQ(registerTable()->model()->rowCount(), 1);
+    QTest::keyClick(filter, Qt::Key_Return);
+    ASSERT_NE(controller().dbProject(), nullptr);
+    EXPECT_EQ(controller().dbProject()->getProjectCode(), L"19-0217");
+    EXPECT_EQ(shell.controller->currentMode(), ModeListCoords);
+}
+
+TEST_F(Projects, DamagedFileIsRefusedInWordsAndNewProjectsStillCome)
+{
+    write(QStringLiteral("cut.TLX"), content(project(QStringLiteral("LURGAN"))).left(5000));
+    list();
+    registerTable()->setCurrentIndex(registerTable()->model()->index(rowOf(QStringLiteral("cut.TLX")), Name));
+    {
+        const MessageAnswers answers;
+        QTest::keyClick(registerTable(), Qt::Key_Return);
+        ASSERT_EQ(answers.boxes().size(), 1U);
+        EXPECT_NE(answers.boxes()[0].find(L"Critical Error reading the file"), std::wstring::npos);
+    }
+    EXPECT_FALSE(controller().openFailed());
+    // The list of points asks for the new project's name; later, says the user.
+    QTimer::singleShot(300, [] {
+        if (QWidget* dialog = QApplication::activeModalWidget())
+            dialog->close();
+    });
+    QTest::mouseClick(
+        screen(ModeProjects)->findChild<QPushButton*>(QStringLiteral("newProject")), Qt::LeftButton);
+    QTest::qWait(500);
+    ASSERT_NE(controller().dbProject(), nullptr);
+    EXPECT_EQ(controller().dbProject()->getFilePath(), L"TLXXXXX.TLX");
+}
+
+TEST_F(Projects, CodeIsEditedInPlaceWhereTheFileIsTheProjectsOwn)
+{
+    const QString path = project(QStringLiteral("LURGAN"));
+    write(QStringLiteral("copy.TLX"), content(path));
+    list();
+    type(registerTable(), rowOf(QStringLiteral("LURGAN.TLX")), Code, QStringLiteral("Ш-9"));
+    EXPECT_EQ(at(QStringLiteral("LURGAN.TLX"), Code), QStringLiteral("Ш-9"));
+    EXPECT_EQ(controller().projectCodeOf(path.toStdWString()), L"Ш-9");
+    const auto* model = registerTable()->model();
+    EXPECT_FALSE(model->flags(model->index(rowOf(QStringLiteral("copy.TLX")), Code)) & Qt::ItemIsEditable);
+    EXPECT_FALSE(model->flags(model->index(rowOf(QStringLiteral("LURGAN.TLX")), Name)) & Qt::ItemIsEditable);
+}
+
+TEST_F(Projects, OpenProjectIsClosedFirst)
+{
+    project(QStringLiteral("LURGAN"));
+    list();
+    open(QStringLiteral("PORTADOWN.TLX"), QStringLiteral("a.TLX"));
+    const auto* before = controller().dbProject();
+    const MessageAnswers answers;
+    registerTable()->setCurrentIndex(registerTable()->model()->index(0, Name));
+    QTest::keyClick(registerTable(), Qt::Key_Return);
+    ASSERT_EQ(answers.boxes().size(), 1U);
+    EXPECT_NE(answers.boxes()[0].find(L"Сначала закройте текущий проект"), std::wstring::npos);
+    EXPECT_EQ(controller().dbProject(), before);
+}
+
+TEST_F(Projects, ListComesBackWhenTheProjectIsClosed)
+{
+    list();
+    EXPECT_EQ(registerTable(), nullptr) << "nothing there: words instead of an empty table";
+    const QString path = project(QStringLiteral("LURGAN"));
+    openFromCommandLine(controller(), path.toLocal8Bit().constData());
+    const MessageAnswers answers({QMessageBox::No});
+    action(ShellAction::Close)->trigger();
+    QTest::qWait(700);
+    ASSERT_NE(registerTable(), nullptr);
+    EXPECT_EQ(registerTable()->model()->rowCount(), 1);
+}
+
+TEST_F(Projects, FolderThatIsMissingIsMadeOrTold)
+{
+    QDir(here(projectsFolder)).removeRecursively();
+    list();
+    EXPECT_TRUE(QDir(here(projectsFolder)).exists());
+    QFile blocker(here(QStringLiteral("blocker")));
+    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
+    shell.settings->setProjectPath(blocker.fileName().toStdWString());
+    list();
+    EXPECT_EQ(registerTable(), nullptr);
+    bool told = false;
+    for (const QLabel* label : screen(ModeProjects)->findChildren<QLabel*>())
+        told = told || label->text().contains(QStringLiteral("не создаётся"));
+    EXPECT_TRUE(told);
+}
