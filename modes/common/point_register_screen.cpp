@@ -82,7 +82,9 @@ void PointRegisterScreen::layOut()
 
     emptyText_->setAlignment(Qt::AlignCenter);
     emptyText_->setWordWrap(true);
-    emptyText_->setForegroundRole(QPalette::Dark);
+    QPalette soft = emptyText_->palette();
+    soft.setColor(QPalette::WindowText, QColor(0x60, 0x60, 0x60));
+    emptyText_->setPalette(soft);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(8, 8, 8, 8);
     layout->addWidget(splitter_);

@@ -15,6 +15,7 @@ static constexpr double padding = 4;
 static constexpr double leadsWidth = 14;
 static constexpr double stripWidth = 60;
 static constexpr double triangleSize = 8;
+static constexpr double waterLine = 14; // on the edge of the strip, clear of the index in it
 static constexpr double largestZoom = 60;
 
 static const QColor lineColor(0x9a, 0x9a, 0x9a);
@@ -227,8 +228,8 @@ void LithologyColumn::paintRuler(QPainter& painter, const QRectF& strip, double 
 void LithologyColumn::paintWater(QPainter& painter, const Lanes& lanes, const DrawnWater& water) const
 {
     const double y = heightAt(water.depth);
-    painter.setPen(QPen(waterColor, 1, Qt::DashLine));
-    painter.drawLine(QPointF(lanes.strip.left(), y), QPointF(lanes.strip.right(), y));
+    painter.setPen(QPen(waterColor, 1.5));
+    painter.drawLine(QPointF(lanes.strip.right() - waterLine, y), QPointF(lanes.strip.right(), y));
     const QPointF tip(lanes.water.left() + padding + triangleSize / 2, y);
     painter.setPen(QPen(waterColor, 1.2));
     // Drawings show a settled level as a full triangle, one that has only appeared as an outline.
