@@ -78,6 +78,7 @@ int main(int argc, char** argv)
     QDir().mkpath(folder);
     if (!assembleShell(shell))
         return 1;
+    shell.mainWindow->showNormal();
     shell.mainWindow->resize(1440, 900);
     take(*shell.mainWindow, folder, QStringLiteral("00_projects"));
     openFromCommandLine(*shell.mainController, argv[1]);

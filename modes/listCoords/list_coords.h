@@ -1,0 +1,66 @@
+#pragma once
+
+#include "core/base/mobservable.h"
+#include "listCoords/point_table.h"
+#include "listCoords/project_head.h"
+#include "modules/tx_widget.h"
+
+#include <optional>
+
+class EditGrid;
+class HeadPanel;
+class IDBProject;
+class ITellurixController;
+class PlanPane;
+class QLineEdit;
+class QSplitter;
+
+// The screen of the coordinates' list: the project's head, the table of all points, the plan beside it.
+class ListCoords : public TXWidget, public IMObserver
+{
+    Q_OBJECT
+
+public:
+    ListCoords(TX_Modes mode, ITellurixController* controller);
+    ~ListCoords() override;
+
+    // The project has changed, by an undo for instance.
+    void update() override;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    QWidget* makeTablePane();
+    void keepSplitter(QSplitter* splitter);
+    void connectShell();
+
+    // The shell drops all observers whenever a project is opened or a closing is given up.
+    void observe();
+    void reload();
+    void showPlan(const GridRows& rows);
+    void tellActions();
+    void becomeCurrent();
+    bool store();
+
+    void edit(const GridRows& after);
+    // Asks what there is to ask about the change that waits, then makes it.
+    void settle();
+    bool isWanted(const PointsChange& change);
+    void make(const PointsChange& change);
+    void editHead(const ProjectHead& after);
+
+    void askNameOnce();
+    void askName();
+
+    TX_Modes mode_;
+    ITellurixController* controller_;
+    PointTable table_;
+    std::optional<PointsChange> waiting_;
+    IDBProject* shown_ = nullptr; // whose drafts the table holds; only compared
+    IDBProject* asked_ = nullptr; // has been asked for its name; only compared
+    bool stale_ = false;
+    HeadPanel* head_;
+    EditGrid* grid_;
+    PlanPane* pane_;
+};

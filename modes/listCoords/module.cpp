@@ -1,0 +1,7 @@
+#include "listCoords/list_coords.h"
+#include "modules/module_export.h"
+
+TELLURIX_MODULE QWidget* createWidget(const TX_Modes* mode, ITellurixController* controller)
+{
+    return new ListCoords(*mode, controller);
+}

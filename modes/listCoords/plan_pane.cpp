@@ -1,0 +1,67 @@
+#include "listCoords/plan_pane.h"
+
+#include "common/view_settings.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QSettings>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+static const QString axesKey = QStringLiteral("listCoords/xUp");
+
+PlanPane::PlanPane(QWidget* parent)
+    : QWidget(parent)
+    , plan_(new PointPlan)
+    , counts_(new QLabel)
+    , axes_(new QToolButton)
+{
+    auto* fit = new QToolButton;
+    fit->setText(QStringLiteral("Показать все"));
+    fit->setToolTip(QStringLiteral("Показать все точки (F или двойной щелчок по плану)."));
+    axes_->setCheckable(true);
+    axes_->setObjectName(QStringLiteral("planAxes"));
+    counts_->setObjectName(QStringLiteral("planCounts"));
+
+    auto* head = new QHBoxLayout;
+    head->addWidget(new QLabel(QStringLiteral("План точек")));
+    head->addStretch();
+    head->addWidget(axes_);
+    head->addWidget(fit);
+    auto* frame = new QFrame;
+    frame->setFrameShape(QFrame::StyledPanel);
+    auto* inside = new QVBoxLayout(frame);
+    inside->setContentsMargins(1, 1, 1, 1);
+    inside->addWidget(plan_);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addLayout(head);
+    layout->addWidget(frame, 1);
+    layout->addWidget(counts_);
+
+    connect(fit, &QToolButton::clicked, plan_, &PointPlan::fitAll);
+    connect(axes_, &QToolButton::clicked, this, [this](bool xRight) {
+        showAxes(!xRight);
+        viewSettings()->setValue(axesKey, !xRight);
+    });
+    showAxes(viewSettings()->value(axesKey, true).toBool());
+}
+
+void PlanPane::showAxes(bool xUp)
+{
+    axes_->setChecked(!xUp);
+    axes_->setText(xUp ? QStringLiteral("X вверх") : QStringLiteral("X вправо"));
+    axes_->setToolTip(xUp
+            ? QStringLiteral("X идёт на север, вверх. Щёлкните, если в проекте X идёт на восток.")
+            : QStringLiteral("X идёт на восток, вправо. Щёлкните, если в проекте X идёт на север."));
+    plan_->setXUp(xUp);
+}
+
+void PlanPane::setPoints(const QVector<PlanPoint>& points, int withoutPlace)
+{
+    plan_->setPoints(points);
+    counts_->setText(withoutPlace == 0 ? QStringLiteral("Точек: %1").arg(points.size())
+                                       : QStringLiteral("Точек: %1. Без координат: %2")
+                                             .arg(points.size() + withoutPlace)
+                                             .arg(withoutPlace));
+}

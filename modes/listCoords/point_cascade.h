@@ -1,0 +1,53 @@
+#pragma once
+
+#include "modules/idbproject.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// A point's name is the only link between the point register and every other register, and the store keeps
+// no links up to date. These operations carry a new name, or the end of a point, through all of them.
+//
+// Where it is open whether a name is that of a point or of a geological element (soil types of soundings,
+// subsidence names and groups, curves of sections), a name that an element of the project bears is taken for
+// the element's and stays. What only drawing modules interpret, texts inside labels and cells, stays too.
+
+// How many rows of a register name a point.
+struct PointUse {
+    std::wstring_view where;
+    std::size_t rows = 0;
+};
+
+// The registers that name one of the points, in the order of the modes. The point register is not among them.
+std::vector<PointUse> findPointUses(IDBProject& project, const std::vector<std::wstring>& pointNames);
+
+// Gives the point another name everywhere. Returns an empty text, or why a register refused; then nothing has
+// changed. Whether the new name is free among the points is for the caller to see first.
+std::wstring renamePoint(IDBProject& project, const std::wstring& oldName, const std::wstring& newName);
+
+// Takes the points out of every register; lines of sections lose them and go on, ends of sections are left
+// open. Returns as renamePoint does.
+std::wstring removePoints(IDBProject& project, const std::vector<std::wstring>& pointNames);
+
+// The section, if any, whose end lacks a mark and would take it from a point whose own mark is no number: a
+// file with such an end does not open.
+std::wstring sectionWithoutMark(IDBProject& project);
+
+// The point register and whichever others name one of the points, copied entry by entry, so that putting
+// them back restores them exactly, in orders that no insertion could make again too.
+class RegistersCopy
+{
+public:
+    RegistersCopy() = default; // nothing
+    RegistersCopy(IDBProject& project, const std::vector<std::wstring>& pointNames);
+    // The same registers as another copy holds, as they are now.
+    RegistersCopy(IDBProject& project, const RegistersCopy& same);
+
+    void putBack(IDBProject& project) const;
+
+private:
+    struct Maps;
+    std::shared_ptr<const Maps> maps_;
+};

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "listCoords/point_cascade.h"
+#include "listCoords/point_cells.h"
+#include "listCoords/point_names.h"
+
+#include <QMap>
+
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+// What was typed into a row and cannot be stored yet: a name that the registers refuse, the cells of a row
+// that has no name. It stays here until it is right; nothing typed is lost.
+struct PointDraft {
+    std::wstring point; // the point whose row it is; empty for a row that is no point yet
+    qint64 below = 0; // the row under which such a row stands, 0 for the top
+    QMap<int, QString> cells; // by column, as typed
+    QMap<int, QString> problems; // by column, why it cannot be stored
+
+    bool operator==(const PointDraft&) const = default;
+};
+
+using PointDrafts = QMap<qint64, PointDraft>; // by the row's id
+
+// The points as they are before or after an act of the user: the drafts, and of the project what the act
+// touches.
+struct PointsState {
+    PointDrafts drafts;
+    std::vector<std::pair<std::wstring, std::vector<PointRow>>> rows; // of points that keep their names
+    RegistersCopy registers; // where names or kinds change
+
+    void putInto(IDBProject& project) const;
+};
+
+// An act of the user, tried out and taken back again: what it would do.
+struct PointsChange {
+    PointsState before;
+    PointsState after;
+    std::vector<std::pair<std::wstring, std::wstring>> renamed; // from, to
+    std::vector<std::wstring> removed;
+    std::vector<PointUse> uses; // rows of other registers that go along
+    std::wstring refusal; // why rows that should go have to stay; nothing is changed then
+    bool stored = false; // some cell or name has gone into the project
+    bool keysChanged = false; // points have come, gone or changed their names or kinds
+
+    bool isEmpty() const { return before.drafts == after.drafts && removed.empty() && !stored; }
+};
+
+// The table of points: the register and the drafts as rows of cells, and the way back.
+class PointTable
+{
+public:
+    GridRows rows(IDBProject& project);
+
+    // What the user did when the table that looked like `before` shall look like `after`.
+    PointsChange change(IDBProject& project, const GridRows& before, const GridRows& after);
+
+    std::shared_ptr<PointDrafts> drafts() const { return drafts_; }
+    // The point in a row; empty where it is none yet.
+    std::wstring pointOf(qint64 id) const;
+    // The first cell that is not stored, and why; empty where all is.
+    QString firstProblem(IDBProject& project);
+
+private:
+    PointDrafts noteEdits(const GridRows& before, const GridRows& after, std::vector<std::wstring>& removed);
+    void noteRow(
+        const GridRow* before, const GridRow& after, qint64 id, qint64 below, PointDrafts& drafts) const;
+    void store(IDBProject& project, PointDrafts& drafts, PointsChange& change);
+    void storeName(
+        IDBProject& project, qint64 id, PointDraft& draft, PointNames& names, PointsChange& change);
+    qint64 idOf(const std::wstring& pointName);
+
+    std::shared_ptr<PointDrafts> drafts_ = std::make_shared<PointDrafts>();
+    std::map<std::wstring, qint64> ids_; // a renamed point keeps its row's id under both names
+    std::map<qint64, std::wstring> points_; // of the rows as given out last
+    qint64 lastId_ = 0;
+};
