@@ -255,14 +255,31 @@ void LithologyColumn::paintEvent(QPaintEvent*)
         return;
     }
     const Lanes lanes = this->lanes();
-    const double scrolled = verticalScrollBar()->value();
-    const double seen = viewport()->height() - headHeight_;
     painter.save();
-    painter.translate(0, headHeight_ - scrolled);
+    painter.translate(0, headHeight_ - verticalScrollBar()->value());
+    paintSeen(painter, lanes);
+    for (const DrawnLayer& layer : qAsConst(layers_)) {
+        if (layer.id != current_)
+            continue;
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2.5));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(placed(lanes.strip, heightAt(layer.top), heightAt(layer.bottom)));
+    }
+    for (const DrawnWater& water : qAsConst(waters_))
+        paintWater(painter, lanes, water);
+    painter.restore();
+    paintHeads(painter, lanes);
+}
+
+// Of a long column only what is in view.
+void LithologyColumn::paintSeen(QPainter& painter, const Lanes& lanes) const
+{
+    const double top = verticalScrollBar()->value();
+    const double bottom = top + viewport()->height() - headHeight_;
     for (int layer = 0; layer < layers_.size(); ++layer) {
-        const double top = qMin(textTops_[layer], heightAt(layers_[layer].top));
-        const double bottom = qMax(textTops_[layer + 1], heightAt(layers_[layer].bottom));
-        if (bottom < scrolled || top > scrolled + seen)
+        const double layerTop = qMin(textTops_[layer], heightAt(layers_[layer].top));
+        const double layerBottom = qMax(textTops_[layer + 1], heightAt(layers_[layer].bottom));
+        if (layerBottom < top || layerTop > bottom)
             continue;
         paintTexts(painter, lanes, layer);
         paintLayer(painter, lanes, layer);
@@ -271,19 +288,8 @@ void LithologyColumn::paintEvent(QPaintEvent*)
     if (!layers_.isEmpty())
         paintRuler(painter,
             lanes.strip,
-            scrolled / pixelsPerMetre_,
-            qMin((scrolled + seen) / pixelsPerMetre_, layers_.last().bottom));
-    for (const DrawnLayer& layer : layers_) {
-        if (layer.id != current_)
-            continue;
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 2.5));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRect(placed(lanes.strip, heightAt(layer.top), heightAt(layer.bottom)));
-    }
-    for (const DrawnWater& water : waters_)
-        paintWater(painter, lanes, water);
-    painter.restore();
-    paintHeads(painter, lanes);
+            top / pixelsPerMetre_,
+            qMin(bottom / pixelsPerMetre_, layers_.last().bottom));
 }
 
 void LithologyColumn::resizeEvent(QResizeEvent* event)
