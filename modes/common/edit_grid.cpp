@@ -11,6 +11,7 @@
 #include <QMenu>
 #include <QPainter>
 #include <QSettings>
+#include <QTimer>
 
 #include <algorithm>
 #include <initializer_list>
@@ -29,7 +30,13 @@ EditGrid::EditGrid(const QString& name, const QVector<GridColumn>& columns, QWid
     if (model_->hasTallRows()) {
         setWordWrap(true);
         setVerticalScrollMode(ScrollPerPixel);
-        connect(horizontalHeader(), &QHeaderView::sectionResized, this, &EditGrid::fitRowHeights);
+        // Once the columns have come to rest: the last one takes what the others leave.
+        auto* rest = new QTimer(this);
+        rest->setSingleShot(true);
+        rest->setInterval(0);
+        connect(rest, &QTimer::timeout, this, &EditGrid::fitRowHeights);
+        connect(horizontalHeader(), &QHeaderView::sectionResized, rest, [rest] { rest->start(); });
+        connect(horizontalHeader(), &QHeaderView::geometriesChanged, rest, [rest] { rest->start(); });
     }
 }
 

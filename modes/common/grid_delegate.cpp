@@ -103,7 +103,8 @@ static QWidget* choiceEditor(const QStringList& choices, QWidget* parent)
 static QWidget* textEditor(QWidget* parent)
 {
     auto* edit = new QPlainTextEdit(parent);
-    edit->setFrameShape(QFrame::NoFrame);
+    edit->setFrameShape(QFrame::Box);
+    edit->setFrameShadow(QFrame::Plain);
     edit->setTabChangesFocus(true);
     edit->document()->setDocumentMargin(2);
     return edit;

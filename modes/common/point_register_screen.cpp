@@ -45,7 +45,6 @@ PointRegisterScreen::PointRegisterScreen(TX_Modes mode,
     layOut();
     connectViews();
     connectShell();
-    observe();
     reload();
 }
 
@@ -83,7 +82,9 @@ void PointRegisterScreen::layOut()
 
     emptyText_->setAlignment(Qt::AlignCenter);
     emptyText_->setWordWrap(true);
-    emptyText_->setForegroundRole(QPalette::Dark);
+    QPalette soft = emptyText_->palette();
+    soft.setColor(QPalette::WindowText, QColor(0x60, 0x60, 0x60));
+    emptyText_->setPalette(soft);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(8, 8, 8, 8);
     layout->addWidget(splitter_);
@@ -120,7 +121,7 @@ void PointRegisterScreen::connectShell()
     connect(this, &TXWidget::signalUpdateDB, this, &PointRegisterScreen::storeAll);
     connect(this, &TXWidget::signalDelSelectedRecord, grid_, &EditGrid::deleteSelectedRows);
     connect(this, &TXWidget::signalAddSelectedRecord, grid_, &EditGrid::addRow);
-    connect(this, &TXWidget::signalUpdateInfo, this, &PointRegisterScreen::becomeCurrent);
+    connect(this, &TXWidget::signalUpdateInfo, this, [this] { reload(wantedPoint()); });
     connect(this, &TXWidget::signalUpdateMode, this, &PointRegisterScreen::becomeCurrent);
 }
 
@@ -132,10 +133,17 @@ void PointRegisterScreen::observe()
 }
 
 // The user comes from another screen: its point is shown here too, where there is one of that name.
+const std::wstring& PointRegisterScreen::wantedPoint() const
+{
+    return controller_->currentMode() == mode_ ? controller_->editedSample() : point_;
+}
+
+// A new screen has read the project already, and an old one has been told to before.
 void PointRegisterScreen::becomeCurrent()
 {
     observe();
-    reload(controller_->currentMode() == mode_ ? controller_->editedSample() : point_);
+    if (wantedPoint() != point_ || memory_->project != controller_->project())
+        reload(wantedPoint());
     showAccess();
     if (isVisible() && !isAncestorOf(QApplication::focusWidget()))
         grid_->setFocus();
@@ -182,8 +190,9 @@ void PointRegisterScreen::reload()
     reload(point_);
 }
 
-void PointRegisterScreen::reload(const std::wstring& wantedPoint)
+void PointRegisterScreen::reload(const std::wstring& wanted)
 {
+    observe();
     IDBProject* project = controller_->project();
     forgetOtherProject(project);
     register_->useSettings(controller_->settings());
@@ -196,7 +205,7 @@ void PointRegisterScreen::reload(const std::wstring& wantedPoint)
     emptyText_->setVisible(points.isEmpty());
     emptyText_->setText(project ? QStringLiteral("Нет точек. Добавьте точку в режиме «Ведомость координат».")
                                 : QStringLiteral("Проект не открыт."));
-    takePoint(points, wantedPoint);
+    takePoint(points, wanted);
     points_->setPoints(points);
     points_->setCurrentPoint(QString::fromStdWString(point_));
     showPoint();
@@ -305,6 +314,7 @@ void PointRegisterScreen::edit(const GridRows& after)
     if (!controller_->project() || point_.empty())
         return;
     observe();
+    controller_->setEditedSample(point_);
     const auto apply = [controller = controller_, memory = memory_, rowsOfPoint = register_](
                            const PointState& state) {
         IDBProject* project = controller->project();

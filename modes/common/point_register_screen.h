@@ -50,7 +50,8 @@ protected:
 private:
     void update() override { reload(); }
 
-    void reload(const std::wstring& wantedPoint);
+    const std::wstring& wantedPoint() const;
+    void reload(const std::wstring& wanted);
     void takePoint(const QVector<ListedPoint>& points, const std::wstring& wanted);
     void connectShell();
     void connectViews();

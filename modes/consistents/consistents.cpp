@@ -7,7 +7,7 @@
 namespace
 {
 
-enum Column { From, To, Kind, ColumnCount };
+enum Column { From, To, Kind };
 
 class Consistencies : public DepthRegisterOf<ConsistencyRegister>
 {

@@ -13,7 +13,7 @@ QVector<GridColumn> LayerRegister::columns() const
         {QStringLiteral("Мощность,\nм"), GridColumn::Number, 70, {}, true},
         {QStringLiteral("Отметка,\nм"), GridColumn::Number, 70, {}, true},
         {QStringLiteral("Геоиндекс"), GridColumn::Text, 90},
-        {QStringLiteral("Описание грунта"), GridColumn::Text, 300, {}, false, true}};
+        {QStringLiteral("Описание"), GridColumn::Text, 300, {}, false, true}};
 }
 
 QString LayerRegister::emptyText() const

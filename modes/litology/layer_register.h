@@ -6,7 +6,7 @@
 class LayerRegister : public DepthRegisterOf<LithologyRegister>
 {
 public:
-    enum Column { Bottom, Thickness, Mark, Index, Description, ColumnCount };
+    enum Column { Bottom, Thickness, Mark, Index, Description };
 
     LayerRegister()
         : DepthRegisterOf(&IDBProject::getLithology, &IDBProject::addLithology)

@@ -15,6 +15,7 @@ static constexpr double padding = 4;
 static constexpr double leadsWidth = 14;
 static constexpr double stripWidth = 60;
 static constexpr double triangleSize = 8;
+static constexpr double waterLine = 14; // on the edge of the strip, clear of the index in it
 static constexpr double largestZoom = 60;
 
 static const QColor lineColor(0x9a, 0x9a, 0x9a);
@@ -227,8 +228,8 @@ void LithologyColumn::paintRuler(QPainter& painter, const QRectF& strip, double 
 void LithologyColumn::paintWater(QPainter& painter, const Lanes& lanes, const DrawnWater& water) const
 {
     const double y = heightAt(water.depth);
-    painter.setPen(QPen(waterColor, 1, Qt::DashLine));
-    painter.drawLine(QPointF(lanes.strip.left(), y), QPointF(lanes.strip.right(), y));
+    painter.setPen(QPen(waterColor, 1.5));
+    painter.drawLine(QPointF(lanes.strip.right() - waterLine, y), QPointF(lanes.strip.right(), y));
     const QPointF tip(lanes.water.left() + padding + triangleSize / 2, y);
     painter.setPen(QPen(waterColor, 1.2));
     // Drawings show a settled level as a full triangle, one that has only appeared as an outline.
@@ -254,14 +255,31 @@ void LithologyColumn::paintEvent(QPaintEvent*)
         return;
     }
     const Lanes lanes = this->lanes();
-    const double scrolled = verticalScrollBar()->value();
-    const double seen = viewport()->height() - headHeight_;
     painter.save();
-    painter.translate(0, headHeight_ - scrolled);
+    painter.translate(0, headHeight_ - verticalScrollBar()->value());
+    paintSeen(painter, lanes);
+    for (const DrawnLayer& layer : qAsConst(layers_)) {
+        if (layer.id != current_)
+            continue;
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2.5));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(placed(lanes.strip, heightAt(layer.top), heightAt(layer.bottom)));
+    }
+    for (const DrawnWater& water : qAsConst(waters_))
+        paintWater(painter, lanes, water);
+    painter.restore();
+    paintHeads(painter, lanes);
+}
+
+// Of a long column only what is in view.
+void LithologyColumn::paintSeen(QPainter& painter, const Lanes& lanes) const
+{
+    const double top = verticalScrollBar()->value();
+    const double bottom = top + viewport()->height() - headHeight_;
     for (int layer = 0; layer < layers_.size(); ++layer) {
-        const double top = qMin(textTops_[layer], heightAt(layers_[layer].top));
-        const double bottom = qMax(textTops_[layer + 1], heightAt(layers_[layer].bottom));
-        if (bottom < scrolled || top > scrolled + seen)
+        const double layerTop = qMin(textTops_[layer], heightAt(layers_[layer].top));
+        const double layerBottom = qMax(textTops_[layer + 1], heightAt(layers_[layer].bottom));
+        if (layerBottom < top || layerTop > bottom)
             continue;
         paintTexts(painter, lanes, layer);
         paintLayer(painter, lanes, layer);
@@ -270,19 +288,8 @@ void LithologyColumn::paintEvent(QPaintEvent*)
     if (!layers_.isEmpty())
         paintRuler(painter,
             lanes.strip,
-            scrolled / pixelsPerMetre_,
-            qMin((scrolled + seen) / pixelsPerMetre_, layers_.last().bottom));
-    for (const DrawnLayer& layer : layers_) {
-        if (layer.id != current_)
-            continue;
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 2.5));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRect(placed(lanes.strip, heightAt(layer.top), heightAt(layer.bottom)));
-    }
-    for (const DrawnWater& water : waters_)
-        paintWater(painter, lanes, water);
-    painter.restore();
-    paintHeads(painter, lanes);
+            top / pixelsPerMetre_,
+            qMin(bottom / pixelsPerMetre_, layers_.last().bottom));
 }
 
 void LithologyColumn::resizeEvent(QResizeEvent* event)

@@ -69,6 +69,7 @@ private:
     // From depth to the height in the drawing, the scroll position left out.
     double heightAt(double depth) const { return depth * pixelsPerMetre_; }
     int layerAt(const QPoint& place) const;
+    void paintSeen(QPainter& painter, const Lanes& lanes) const;
     void paintHeads(QPainter& painter, const Lanes& lanes) const;
     void paintLayer(QPainter& painter, const Lanes& lanes, int layer) const;
     void paintTexts(QPainter& painter, const Lanes& lanes, int layer) const;

@@ -6,7 +6,7 @@
 namespace
 {
 
-enum Column { Depth, Kind, ColumnCount };
+enum Column { Depth, Kind };
 
 class Samples : public DepthRegisterOf<SampleRegister>
 {

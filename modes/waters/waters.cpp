@@ -7,7 +7,7 @@
 namespace
 {
 
-enum Column { Depth, Date, Appeared, Settled, ColumnCount };
+enum Column { Depth, Date, Appeared, Settled };
 
 // Day, month, year as people part them; years of two digits are those of the surveys that are on file.
 bool readDate(const QString& text, Date3& date)

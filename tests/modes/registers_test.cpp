@@ -1,11 +1,12 @@
 #include "db/exact_key.h"
 #include "support/registers_screen_host.h"
 
+#include <QAbstractScrollArea>
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QLineEdit>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -208,6 +209,41 @@ TEST_F(Litology, PasteStoresWhatCanBeStoredInOneStep)
     host.controller.undo();
     expectTable("3|3.00|97.50|aQ|песок\n12|9.00|88.50|gQ|глина");
     EXPECT_EQ(depthsOf(*host.project, L"1"), "3 12 ");
+}
+
+TEST_F(Litology, AClickInTheColumnChoosesTheRow)
+{
+    const auto areas = host.screen->findChildren<QAbstractScrollArea*>();
+    const auto column = std::find_if(areas.begin(), areas.end(), [](const QAbstractScrollArea* area) {
+        return area->metaObject()->className() == std::string("LithologyColumn");
+    });
+    ASSERT_NE(column, areas.end());
+    QWidget* drawing = (*column)->viewport();
+    host.goTo(0, Index);
+    // To scale the first layer takes the upper quarter.
+    QTest::mouseClick(drawing, Qt::LeftButton, {}, {drawing->width() - 20, drawing->height() / 2});
+    EXPECT_EQ(host.table()->currentIndex(), host.table()->model()->index(1, Index));
+    QTest::mouseClick(drawing, Qt::LeftButton, {}, {drawing->width() - 20, drawing->height() / 6});
+    EXPECT_EQ(host.table()->currentIndex().row(), 0);
+}
+
+TEST_F(Litology, TheShellsActionsAddAndDelete)
+{
+    bool canDelete = true;
+    QObject::connect(host.screen.get(), &TXWidget::signalDeleteRecord, [&](TX_Modes mode, bool value) {
+        EXPECT_EQ(mode, ModeLitology);
+        canDelete = value;
+    });
+    host.goTo(0, Bottom);
+    host.press(Qt::Key_F2);
+    host.type(text("4"));
+    Q_EMIT host.screen->signalAddSelectedRecord(); // an open cell is committed first
+    EXPECT_EQ(depthsOf(*host.project, L"1"), "4 12 ");
+    EXPECT_EQ(host.table()->model()->rowCount(), 3);
+    host.table()->selectAll();
+    Q_EMIT host.screen->signalDelSelectedRecord();
+    EXPECT_EQ(depthsOf(*host.project, L"1"), "");
+    EXPECT_FALSE(canDelete);
 }
 
 TEST_F(Litology, FollowsThePointOfTheScreenBefore)
