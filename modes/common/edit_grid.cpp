@@ -35,10 +35,15 @@ EditGrid::EditGrid(const QString& name, const QVector<GridColumn>& columns, QWid
 
 void EditGrid::setDefaultWidths(const QString& name)
 {
+    const int last = model_->columns().size() - 1;
+    const bool stretches = model_->columns()[last].kind == GridColumn::Text;
+    horizontalHeader()->setStretchLastSection(stretches);
     if (viewSettings()->contains(QStringLiteral("widths/") + name))
         return;
-    for (int column = 0; column < model_->columns().size(); ++column)
-        setColumnWidth(column, model_->columns()[column].width);
+    // No title is cut off, whatever the size of the system's letters.
+    for (int column = 0; column <= (stretches ? last - 1 : last); ++column)
+        setColumnWidth(
+            column, qMax(model_->columns()[column].width, horizontalHeader()->sectionSizeHint(column)));
 }
 
 void EditGrid::fitRowHeights()
@@ -53,6 +58,18 @@ void EditGrid::setRows(const GridRows& rows)
     fitRowHeights();
     if (!currentIndex().isValid() && model()->rowCount() > 0)
         goTo(model()->index(0, firstEditableColumn()));
+}
+
+// An act that changes nothing is no undo step.
+void EditGrid::submit(const GridRows& after)
+{
+    const GridRows& before = model_->rows();
+    const bool same = std::equal(
+        before.begin(), before.end(), after.begin(), after.end(), [](const GridRow& a, const GridRow& b) {
+            return a.id == b.id && a.cells == b.cells;
+        });
+    if (!same)
+        Q_EMIT edited(after);
 }
 
 void EditGrid::setEmptyText(const QString& text)
@@ -135,7 +152,7 @@ void EditGrid::addRow()
     const QModelIndex current = sourceIndex(currentIndex());
     const int place = current.isValid() ? current.row() + 1 : after.size();
     after.insert(place, GridRow{0, QVector<QString>(model_->columns().size())});
-    Q_EMIT edited(after);
+    submit(after);
     for (const GridRow& row : model_->rows()) {
         const bool isNew =
             std::none_of(before.begin(), before.end(), [&](const GridRow& old) { return old.id == row.id; });
@@ -155,7 +172,7 @@ void EditGrid::deleteSelectedRows()
     for (int row = 0; row < model_->rows().size(); ++row)
         if (!doomed.contains(row))
             after.append(model_->rows()[row]);
-    Q_EMIT edited(after);
+    submit(after);
 }
 
 void EditGrid::cut()
@@ -177,7 +194,7 @@ void EditGrid::fillSelection(const QString& text)
     const QModelIndexList selected = selectionModel()->selectedIndexes();
     for (const QModelIndex& index : selected)
         putCell(after[sourceIndex(index).row()].cells, index.column(), text);
-    Q_EMIT edited(after);
+    submit(after);
 }
 
 void EditGrid::paste()
@@ -207,7 +224,7 @@ void EditGrid::pasteBlock(const CellBlock& block)
         for (int j = 0; j < block[i].size(); ++j)
             putCell(after[row].cells, left + j, block[i][j]);
     }
-    Q_EMIT edited(after);
+    submit(after);
 }
 
 void EditGrid::toggleFlag()
@@ -352,7 +369,7 @@ void EditGrid::paintEvent(QPaintEvent* event)
     if (model()->rowCount() > 0 || emptyText_.isEmpty())
         return;
     QPainter painter(viewport());
-    painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
+    painter.setPen(QColor(0x70, 0x70, 0x70));
     painter.drawText(
         viewport()->rect().adjusted(16, 16, -16, -16), Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
 }

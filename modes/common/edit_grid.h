@@ -71,6 +71,7 @@ private:
     void putCell(QVector<QString>& cells, int column, const QString& text) const;
     QModelIndex topLeftOfSelection() const;
 
+    void submit(const GridRows& after);
     void goTo(const QModelIndex& seen);
     void goOn();
     void openOrGoOn();

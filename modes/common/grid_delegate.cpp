@@ -12,6 +12,7 @@
 #include <QPlainTextEdit>
 
 static constexpr int openedLines = 4; // height of the editor of many lines
+static constexpr int tallRowMargin = 3;
 
 QString fittedToChoices(const QStringList& choices, const QString& text)
 {
@@ -62,7 +63,12 @@ void GridDelegate::paint(
     const bool isSet = isFlag && !cell.text.isEmpty();
     if (isFlag)
         cell.text.clear();
+    if (model_->hasTallRows()) {
+        style->drawPrimitive(QStyle::PE_PanelItemViewItem, &cell, painter, cell.widget);
+        cell.rect.adjust(0, tallRowMargin, 0, -tallRowMargin);
+    }
     style->drawControl(QStyle::CE_ItemViewItem, &cell, painter, cell.widget);
+    cell.rect = option.rect;
     if (isFlag) {
         QStyleOptionButton box;
         box.rect = style->subElementRect(QStyle::SE_CheckBoxIndicator, &box, cell.widget);
@@ -79,7 +85,7 @@ void GridDelegate::paint(
 QSize GridDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
     const QSize size = QStyledItemDelegate::sizeHint(option, index);
-    return model_->hasTallRows() ? QSize(size.width(), size.height() + 6) : size;
+    return model_->hasTallRows() ? QSize(size.width(), size.height() + 2 * tallRowMargin) : size;
 }
 
 static QWidget* choiceEditor(const QStringList& choices, QWidget* parent)

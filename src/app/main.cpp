@@ -81,8 +81,7 @@ int main(int argc, char** argv)
 
     int exitCode = -1;
     const std::wstring failure = failureOf([&] { exitCode = runShell(shell, argc, argv); });
-    shell.mainWindow.reset();
-    shell.splash.reset();
+    shell.closeWindows();
     if (!failure.empty())
         showCriticalError(failure);
     application.reset();

@@ -16,6 +16,13 @@ struct Shell {
     Reference<TellurixController> controller;
     std::unique_ptr<SplashScreen> splash;
     std::unique_ptr<MainWindow> mainWindow;
+
+    // Takes window and splash down, which must be before the application object goes.
+    void closeWindows()
+    {
+        mainWindow.reset();
+        splash.reset();
+    }
 };
 
 // Ties the shell together over the settings and shows the main window with the register of projects. False

@@ -50,10 +50,70 @@ constexpr ChangeColumn changeColumns[] = {
     {dateCaption, 50},
 };
 
+// The most that a cell may take, and what the window leaves it of that.
+struct CellSize {
+    QSize most;
+    QSize shown;
+
+    CellSize(int width, int height)
+        : CellSize({width, height}, {width, height})
+    {
+    }
+    CellSize(QSize mostSize, QSize shownSize)
+        : most(mostSize)
+        , shown(shownSize)
+    {
+    }
+};
+
 constexpr int lineHeight = 20;
 constexpr int blockHeight = 60;
+// The main stamp is a rectangle: its wide cells end where the last of the three blocks below them does.
+constexpr int stageWidth = 80;
+constexpr int wideWidth = 3 * stageWidth;
+constexpr int titleWidth = 340;
+constexpr int sheetWidth = 52;
+constexpr int agreedHeight = 20;
+constexpr int sideHeight = 30;
 
-// Puts the three title blocks together from cells of fixed size.
+// A cell of a title block: as large as it is told, whatever the style would give a line of text.
+class StampCell : public QLineEdit
+{
+public:
+    StampCell(const QString& content, const CellSize& size)
+        : QLineEdit(content)
+        , shown_(size.shown)
+    {
+        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+        setAlignment(Qt::AlignCenter);
+        setMaximumSize(size.most);
+        setTextMargins(-2, 0, -2, 0);
+        fitFont(content);
+    }
+
+    QSize sizeHint() const override { return shown_; }
+    QSize minimumSizeHint() const override { return shown_; }
+
+private:
+    // Captions are of one size, but for one that would be cut off.
+    void fitFont(const QString& content)
+    {
+        constexpr int largest = 12;
+        constexpr int smallest = 8;
+        constexpr int frame = 8;
+        QFont fitting = font();
+        for (int size = largest; size >= smallest; --size) {
+            fitting.setPixelSize(size);
+            if (QFontMetrics(fitting).horizontalAdvance(content) <= shown_.width() - frame)
+                break;
+        }
+        setFont(fitting);
+    }
+
+    QSize shown_;
+};
+
+// Puts the three title blocks together from cells.
 class StampBuilder
 {
 public:
@@ -74,12 +134,12 @@ public:
     QLayout* narrowStamp() const
     {
         QHBoxLayout* stamp = changeTable(false);
-        QLineEdit* title = cell(false, {}, 340, blockHeight);
-        title->setFixedWidth(340);
-        stamp->addWidget(title, 0, Qt::AlignVCenter);
+        QLineEdit* title = cell(false, {}, {titleWidth, blockHeight});
+        title->setFixedWidth(titleWidth);
+        stamp->addWidget(title, 0, Qt::AlignBottom);
         auto* sheet = bare<QVBoxLayout>();
-        sheet->addWidget(cell(false, {}, blockHeight, blockHeight));
-        sheet->addWidget(cell(false, text(sheetCaption), blockHeight, 2 * blockHeight));
+        sheet->addWidget(cell(false, {}, {{60, 60}, {sheetWidth, 2 * lineHeight}}));
+        sheet->addWidget(cell(false, text(sheetCaption), {{60, 120}, {sheetWidth, 3 * lineHeight}}));
         stamp->addLayout(sheet);
         stamp->addStretch();
         return stamp;
@@ -87,17 +147,20 @@ public:
 
     QLayout* sideStamp() const
     {
+        struct Pair {
+            const Caption& caption;
+            int width;
+        };
         auto* stamp = bare<QHBoxLayout>();
-        const Caption* const captions[] = {&inventoryCaption, &signatureDateCaption, &replacesCaption};
-        const int widths[] = {80, 100, 80};
-        for (std::size_t i = 0; i < std::size(captions); ++i)
-            stamp->addLayout(column(true, 1, captions[i], widths[i], blockHeight));
+        for (const auto& [caption, width] :
+            {Pair{inventoryCaption, 80}, Pair{signatureDateCaption, 100}, Pair{replacesCaption, 80}})
+            stamp->addLayout(column(1, {&caption}, {{width, blockHeight}, {width, sideHeight}}));
         auto* agreed = bare<QVBoxLayout>();
-        agreed->addWidget(cell(false, text(agreedCaption), 290, blockHeight));
+        agreed->addWidget(cell(false, text(agreedCaption), {{290, blockHeight}, {290, agreedHeight}}));
         for (int row = 0; row < 2; ++row) {
             auto* cells = bare<QHBoxLayout>();
             for (const int width : {80, 80, 80, 50})
-                cells->addWidget(cell(true, {}, width, blockHeight));
+                cells->addWidget(cell(true, {}, {{width, blockHeight}, {width, agreedHeight}}));
             agreed->addLayout(cells);
         }
         stamp->addLayout(agreed);
@@ -121,13 +184,9 @@ private:
     }
 
     // A cell with a text is a printed label; an empty one can be typed into where it is editable.
-    QLineEdit* cell(bool editable, const QString& content, int width, int height) const
+    QLineEdit* cell(bool editable, const QString& content, const CellSize& size) const
     {
-        auto* made = new QLineEdit(content);
-        made->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-        made->setAlignment(Qt::AlignCenter);
-        made->setMaximumSize(width, height);
-        made->setMinimumSize(width, height);
+        auto* made = new StampCell(content, size);
         if (!content.isEmpty() || !editable) {
             made->setReadOnly(true);
             made->setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -141,22 +200,25 @@ private:
         return made;
     }
 
-    // Empty cells over a caption, where there is one.
-    QVBoxLayout* column(bool editable, int cells, const Caption* caption, int width, int height) const
+    // Empty cells over captions.
+    QVBoxLayout* column(int cells,
+        std::initializer_list<const Caption*> captions,
+        const CellSize& size,
+        bool editable = true) const
     {
         auto* stack = bare<QVBoxLayout>();
         for (int i = 0; i < cells; ++i)
-            stack->addWidget(cell(editable, {}, width, height));
-        if (caption)
-            stack->addWidget(cell(editable, text(*caption), width, height));
+            stack->addWidget(cell(editable, {}, size));
+        for (const Caption* caption : captions)
+            stack->addWidget(cell(editable, text(*caption), size));
         return stack;
     }
 
     QHBoxLayout* changeTable(bool editable) const
     {
         auto* row = bare<QHBoxLayout>();
-        for (const ChangeColumn& change : changeColumns)
-            row->addLayout(column(editable, 4, &change.caption, change.width, lineHeight));
+        for (const auto& [caption, width] : changeColumns)
+            row->addLayout(column(4, {&caption}, {width, lineHeight}, editable));
         return row;
     }
 
@@ -164,8 +226,8 @@ private:
     {
         QHBoxLayout* row = changeTable(true);
         auto* wide = bare<QVBoxLayout>();
-        for (const int height : {2 * lineHeight, 3 * lineHeight})
-            wide->addWidget(cell(true, {}, 340, height));
+        for (const int lines : {2, 3})
+            wide->addWidget(cell(true, {}, {wideWidth, lines * lineHeight}));
         row->addLayout(wide);
         row->addStretch();
         return row;
@@ -174,16 +236,13 @@ private:
     QLayout* mainLowerRow() const
     {
         auto* row = bare<QHBoxLayout>();
-        auto* names = column(true, 3, nullptr, 100, lineHeight);
-        for (const Caption* caption : {&developedCaption, &executedCaption, &verifiedCaption})
-            names->addWidget(cell(false, text(*caption), 100, lineHeight));
-        row->addLayout(names);
+        row->addLayout(column(3, {&developedCaption, &executedCaption, &verifiedCaption}, {100, lineHeight}));
         for (const int width : {100, 80, 50})
-            row->addLayout(column(true, 6, nullptr, width, lineHeight));
+            row->addLayout(column(6, {}, {width, lineHeight}));
         for (const Caption* caption : {&stageCaption, &sheetCaption, &sheetsCaption}) {
             auto* block = bare<QVBoxLayout>();
-            block->addWidget(cell(false, text(*caption), 80, blockHeight));
-            block->addWidget(cell(true, {}, 80, blockHeight));
+            block->addWidget(cell(false, text(*caption), {stageWidth, blockHeight}));
+            block->addWidget(cell(true, {}, {stageWidth, blockHeight}));
             row->addLayout(block);
         }
         row->addStretch();
@@ -208,11 +267,14 @@ StampDialog::StampDialog(bool ukrainian, QWidget* parent)
 
     const StampBuilder builder(*this, ukrainian_);
     auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(6, 6, 6, 6);
+    layout->setSpacing(4);
     const auto addStamp = [&](const QString& heading, QLayout* stamp) {
         auto* label = new QLabel(heading, this);
         QFont font = label->font();
         font.setBold(true);
         font.setItalic(true);
+        font.setPixelSize(13);
         label->setFont(font);
         layout->addWidget(label);
         layout->addLayout(stamp);

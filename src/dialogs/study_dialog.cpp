@@ -19,6 +19,8 @@ StudyDialog::StudyDialog(IDBProject* project, QWidget* parent)
     controller_->setModel(model);
     controller_->setTable(table_);
     controller_->rebuildRows();
+    // The table was made over no rows.
+    controller_->refresh();
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(table_);
 }

@@ -64,6 +64,18 @@ StudyTable::StudyTable(StudyController* controller, StudyModel* model, QWidget* 
     verticalHeader()->hide();
 }
 
+void StudyTable::paintEvent(QPaintEvent* event)
+{
+    TXTable::paintEvent(event);
+    if (model()->rowCount() > 0)
+        return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
+    painter.drawText(viewport()->rect(),
+        Qt::AlignCenter,
+        QStringLiteral("Нет точек. Добавьте точку в режиме «Ведомость координат»."));
+}
+
 void StudyTable::keyPressEvent(QKeyEvent* event)
 {
     TXTable::keyPressEvent(event);

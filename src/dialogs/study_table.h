@@ -11,6 +11,7 @@ public:
     StudyTable(StudyController* controller, StudyModel* model, QWidget* parent = nullptr);
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -19,5 +20,5 @@ private:
     // Nothing happens yet on the keypad's Enter, on Escape and on a double click; here is where it would.
     void react() { }
 
-    StudyController* controller_;
+    [[maybe_unused]] StudyController* controller_; // for the reactions
 };

@@ -30,8 +30,7 @@ protected:
     }
     void TearDown() override
     {
-        shell.mainWindow.reset();
-        shell.splash.reset();
+        shell.closeWindows();
         shell.controller = {};
         shell.mainController = {};
         shell.settings = {};

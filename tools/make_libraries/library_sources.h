@@ -9,7 +9,7 @@
 
 // From the readable sources of the libraries (data/README.md) to the files that the program reads.
 
-// Both throw std::runtime_error with the place of the mistake where the source has one.
+// Both throw a std::exception that names the place where the source has a mistake.
 IDBHatch::Patterns readHatchSource(std::string_view json);
 IDBIgkPreset::Presets readPresetSource(std::string_view json);
 

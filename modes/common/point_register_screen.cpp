@@ -1,0 +1,357 @@
+#include "common/point_register_screen.h"
+
+#include "common/edit_grid.h"
+#include "common/exchange_command.h"
+#include "common/point_list.h"
+#include "common/view_settings.h"
+#include "core/base/reference.h"
+#include "modules/itx_undo_redo.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QSettings>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+static std::shared_ptr<RegisterMemory> memoryOf(TX_Modes mode, const ITellurixController* controller)
+{
+    static std::map<std::pair<int, const ITellurixController*>, std::weak_ptr<RegisterMemory>> memories;
+    std::weak_ptr<RegisterMemory>& known = memories[{mode, controller}];
+    std::shared_ptr<RegisterMemory> memory = known.lock();
+    if (!memory)
+        known = memory = std::make_shared<RegisterMemory>();
+    return memory;
+}
+
+PointRegisterScreen::PointRegisterScreen(TX_Modes mode,
+    std::shared_ptr<DepthRegister> depthRegister,
+    ITellurixController* controller,
+    QWidget* parent)
+    : TXWidget(parent)
+    , mode_(mode)
+    , register_(std::move(depthRegister))
+    , controller_(controller)
+    , memory_(memoryOf(mode, controller))
+    , points_(new PointList(this))
+    , head_(new QLabel(this))
+    , emptyText_(new QLabel(this))
+    , grid_(new EditGrid(register_->name(), register_->columns(), this))
+    , table_(new QSplitter(Qt::Horizontal, this))
+    , splitter_(new QSplitter(Qt::Horizontal, this))
+{
+    layOut();
+    connectViews();
+    connectShell();
+    observe();
+    reload();
+}
+
+PointRegisterScreen::~PointRegisterScreen()
+{
+    controller_->detach(this);
+    const auto settings = viewSettings();
+    settings->setValue(splitterKey("points"), splitter_->saveState());
+    settings->setValue(splitterKey("side"), table_->saveState());
+}
+
+QString PointRegisterScreen::splitterKey(const char* part) const
+{
+    return QStringLiteral("splitters/%1/%2").arg(register_->name(), QLatin1String(part));
+}
+
+void PointRegisterScreen::arrangeSplitter(QSplitter* splitter, const char* part, const QList<int>& sizes)
+{
+    splitter->setChildrenCollapsible(false);
+    splitter->setSizes(sizes);
+    splitter->restoreState(viewSettings()->value(splitterKey(part)).toByteArray());
+}
+
+void PointRegisterScreen::layOut()
+{
+    auto* right = new QWidget(splitter_);
+    auto* rightLayout = new QVBoxLayout(right);
+    rightLayout->setContentsMargins(0, 0, 0, 0);
+    head_->setTextFormat(Qt::RichText);
+    head_->setMinimumHeight(head_->fontMetrics().height() + 8);
+    head_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    table_->addWidget(grid_);
+    rightLayout->addWidget(head_);
+    rightLayout->addWidget(table_, 1);
+
+    emptyText_->setAlignment(Qt::AlignCenter);
+    emptyText_->setWordWrap(true);
+    emptyText_->setForegroundRole(QPalette::Dark);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(8, 8, 8, 8);
+    layout->addWidget(splitter_);
+    layout->addWidget(emptyText_);
+
+    points_->setMinimumWidth(120);
+    splitter_->addWidget(points_);
+    splitter_->addWidget(right);
+    splitter_->setStretchFactor(1, 1);
+    arrangeSplitter(splitter_, "points", {170, 800});
+    grid_->setEmptyText(register_->emptyText());
+    setFocusProxy(grid_);
+}
+
+void PointRegisterScreen::setSideView(QWidget* view)
+{
+    table_->addWidget(view);
+    table_->setStretchFactor(0, 3);
+    table_->setStretchFactor(1, 2);
+    arrangeSplitter(table_, "side", {540, 460});
+    reload();
+}
+
+void PointRegisterScreen::connectViews()
+{
+    connect(points_, &PointList::chosen, this, &PointRegisterScreen::choosePoint);
+    connect(points_, &PointList::entered, grid_, [this] { grid_->setFocus(); });
+    connect(grid_, &EditGrid::edited, this, &PointRegisterScreen::edit);
+}
+
+void PointRegisterScreen::connectShell()
+{
+    connect(this, &TXWidget::signalCloseAllEditCell, grid_, [this] { grid_->closeEditor(); });
+    connect(this, &TXWidget::signalUpdateDB, this, &PointRegisterScreen::storeAll);
+    connect(this, &TXWidget::signalDelSelectedRecord, grid_, &EditGrid::deleteSelectedRows);
+    connect(this, &TXWidget::signalAddSelectedRecord, grid_, &EditGrid::addRow);
+    connect(this, &TXWidget::signalUpdateInfo, this, &PointRegisterScreen::becomeCurrent);
+    connect(this, &TXWidget::signalUpdateMode, this, &PointRegisterScreen::becomeCurrent);
+}
+
+// The shell drops its observers when a project is opened, so the place among them is taken anew.
+void PointRegisterScreen::observe()
+{
+    controller_->detach(this);
+    controller_->attach(this);
+}
+
+// The user comes from another screen: its point is shown here too, where there is one of that name.
+void PointRegisterScreen::becomeCurrent()
+{
+    observe();
+    reload(controller_->currentMode() == mode_ ? controller_->editedSample() : point_);
+    showAccess();
+    if (isVisible() && !isAncestorOf(QApplication::focusWidget()))
+        grid_->setFocus();
+}
+
+void PointRegisterScreen::forgetOtherProject(const IDBProject* project)
+{
+    if (memory_->project == project)
+        return;
+    memory_->project = project;
+    memory_->rows.clear();
+    rows_.clear();
+}
+
+QVector<ListedPoint> PointRegisterScreen::listedPoints(IDBProject& project) const
+{
+    DepthRegister::Counts counts = register_->counts(project);
+    for (const auto& [name, rows] : memory_->rows)
+        counts.emplace(name, 0);
+    const auto hasProblem = [this](const std::wstring& name) {
+        const auto typed = memory_->rows.find(name);
+        return typed != memory_->rows.end()
+            && std::any_of(typed->second.begin(), typed->second.end(), std::mem_fn(&RegisterRow::isOpen));
+    };
+    QVector<ListedPoint> points;
+    for (const auto& [key, rows] : project.getPointRegister()) {
+        const auto counted = counts.find(key.pointName);
+        points.append({QString::fromStdWString(key.pointName),
+            key.pointKind,
+            counted != counts.end() ? counted->second : 0,
+            hasProblem(key.pointName)});
+        if (counted != counts.end())
+            counts.erase(counted);
+    }
+    // Rows whose point is not there any more are data all the same.
+    for (const auto& [name, rows] : std::map<std::wstring, int>(counts.begin(), counts.end()))
+        if (rows > 0 || hasProblem(name))
+            points.append({QString::fromStdWString(name), 0, rows, hasProblem(name)});
+    return points;
+}
+
+void PointRegisterScreen::reload()
+{
+    reload(point_);
+}
+
+void PointRegisterScreen::reload(const std::wstring& wantedPoint)
+{
+    IDBProject* project = controller_->project();
+    forgetOtherProject(project);
+    register_->useSettings(controller_->settings());
+    const QVector<GridColumn> columns = register_->columns();
+    for (int column = 0; column < columns.size(); ++column)
+        grid_->rows().setChoices(column, columns[column].choices);
+
+    const QVector<ListedPoint> points = project ? listedPoints(*project) : QVector<ListedPoint>();
+    splitter_->setVisible(!points.isEmpty());
+    emptyText_->setVisible(points.isEmpty());
+    emptyText_->setText(project ? QStringLiteral("Нет точек. Добавьте точку в режиме «Ведомость координат».")
+                                : QStringLiteral("Проект не открыт."));
+    takePoint(points, wantedPoint);
+    points_->setPoints(points);
+    points_->setCurrentPoint(QString::fromStdWString(point_));
+    showPoint();
+}
+
+// The wanted point, else the one on view, else the first.
+void PointRegisterScreen::takePoint(const QVector<ListedPoint>& points, const std::wstring& wanted)
+{
+    const auto isThere = [&](const std::wstring& name) {
+        const QString text = QString::fromStdWString(name);
+        return std::any_of(
+            points.begin(), points.end(), [&](const ListedPoint& point) { return point.name == text; });
+    };
+    const std::wstring next = isThere(wanted) ? wanted
+        : isThere(point_)                     ? point_
+        : points.isEmpty()                    ? std::wstring()
+                                              : points.first().name.toStdWString();
+    if (next != point_)
+        leavePoint();
+    point_ = next;
+    if (controller_->currentMode() == mode_)
+        controller_->setEditedSample(point_);
+}
+
+static QString headOf(const PointFacts& point)
+{
+    const QString gap = QStringLiteral(" &nbsp;·&nbsp; ");
+    QString head = QStringLiteral("<b>%1</b>").arg(QString::fromStdWString(point.name).toHtmlEscaped()) + gap
+        + (point.kind == 0 ? QStringLiteral("нет в ведомости координат") : pointKindName(point.kind));
+    if (!point.mark.isEmpty())
+        head += gap + QStringLiteral("отметка %1 м").arg(point.mark.toHtmlEscaped());
+    if (!point.bottom.isEmpty())
+        head += gap + QStringLiteral("глубина %1 м").arg(point.bottom.toHtmlEscaped());
+    return head;
+}
+
+void PointRegisterScreen::showPoint()
+{
+    IDBProject* project = controller_->project();
+    if (!project || point_.empty()) {
+        rows_.clear();
+        grid_->setRows({});
+        rowsShown({}, {});
+        return;
+    }
+    rows_ = register_->rowsOf(*project, point_, memory_->rows[point_]);
+    memory_->rows[point_] = rows_;
+    const PointFacts facts = pointFacts(*project, point_);
+    const GridRows shown = register_->shown(rows_, facts);
+    head_->setText(headOf(facts));
+    grid_->setRows(shown);
+    rowsShown(shown, facts);
+}
+
+void PointRegisterScreen::choosePoint(const QString& name)
+{
+    grid_->closeEditor();
+    leavePoint();
+    point_ = name.toStdWString();
+    controller_->setEditedSample(point_);
+    showPoint();
+    showAccess();
+}
+
+// Rows that nobody typed anything into are not worth keeping.
+void PointRegisterScreen::leavePoint()
+{
+    const auto known = memory_->rows.find(point_);
+    if (known == memory_->rows.end())
+        return;
+    RegisterRows& rows = known->second;
+    rows.erase(std::remove_if(rows.begin(), rows.end(), [](const RegisterRow& row) { return row.isBlank(); }),
+        rows.end());
+    const bool allStored =
+        std::none_of(rows.begin(), rows.end(), [](const RegisterRow& row) { return row.isOpen(); });
+    if (allStored)
+        memory_->rows.erase(known);
+}
+
+void PointRegisterScreen::showAccess()
+{
+    Q_EMIT signalAddRecord(mode_, !point_.empty());
+    Q_EMIT signalDeleteRecord(mode_, !rows_.isEmpty());
+    Q_EMIT signalUpdateMenus();
+}
+
+RegisterRows PointRegisterScreen::typedRows(const GridRows& typed) const
+{
+    RegisterRows rows;
+    for (const GridRow& row : typed) {
+        const auto old = std::find_if(
+            rows_.begin(), rows_.end(), [&](const RegisterRow& known) { return known.id == row.id; });
+        RegisterRow next = old != rows_.end() ? *old : register_->newRow();
+        next.cells = row.cells;
+        for (int column = 0; column < next.cells.size(); ++column)
+            if (grid_->rows().columns()[column].readOnly)
+                next.cells[column].clear();
+        rows.append(next);
+    }
+    register_->settle(rows);
+    return rows;
+}
+
+void PointRegisterScreen::edit(const GridRows& after)
+{
+    if (!controller_->project() || point_.empty())
+        return;
+    observe();
+    const auto apply = [controller = controller_, memory = memory_, rowsOfPoint = register_](
+                           const PointState& state) {
+        IDBProject* project = controller->project();
+        if (!project)
+            return;
+        memory->rows[state.point] = rowsOfPoint->store(*project, state);
+        controller->notify();
+    };
+    const auto command = makeReference<ExchangeCommand<PointState>>(
+        apply, PointState{point_, rows_}, PointState{point_, typedRows(after)});
+    controller_->undoRedo()->execute(controller_->undoContext(), command.get());
+    const QString problem = firstProblem(point_, rows_);
+    if (!problem.isEmpty() || problemTold_)
+        Q_EMIT signalShowStatusMessage(problem.isEmpty() ? L"Готово." : problem.toStdWString());
+    problemTold_ = !problem.isEmpty();
+    showAccess();
+}
+
+QString PointRegisterScreen::firstProblem(const std::wstring& point, const RegisterRows& rows) const
+{
+    for (int row = 0; row < rows.size(); ++row)
+        for (int column = 0; column < rows[row].problems.size(); ++column)
+            if (const QString& problem = rows[row].problems[column]; !problem.isEmpty())
+                return QStringLiteral("Точка %1, строка %2, «%3»: %4")
+                    .arg(QString::fromStdWString(point))
+                    .arg(row + 1)
+                    .arg(grid_->rows().columns()[column].title, problem)
+                    .replace(QLatin1Char('\n'), QLatin1Char(' '));
+    return {};
+}
+
+bool PointRegisterScreen::storeAll()
+{
+    grid_->closeEditor();
+    forgetOtherProject(controller_->project());
+    QString problem = firstProblem(point_, rows_);
+    for (auto known = memory_->rows.begin(); problem.isEmpty() && known != memory_->rows.end(); ++known)
+        problem = firstProblem(known->first, known->second);
+    if (!problem.isEmpty())
+        Q_EMIT signalShowStatusMessage(problem.toStdWString());
+    return problem.isEmpty();
+}
+
+void PointRegisterScreen::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        points_->setFocus();
+    else
+        TXWidget::keyPressEvent(event);
+}

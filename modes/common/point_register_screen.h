@@ -1,0 +1,88 @@
+#pragma once
+
+#include "common/depth_register.h"
+#include "common/point_list.h"
+#include "core/base/mobservable.h"
+#include "modules/itellurix_controller.h"
+#include "modules/tx_widget.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+
+class EditGrid;
+class QLabel;
+class QSplitter;
+
+// What the user typed and the project could not take, by point. It lives as long as a screen or an undo step
+// needs it, so a screen that is made anew finds it again.
+struct RegisterMemory {
+    const IDBProject* project = nullptr;
+    std::map<std::wstring, RegisterRows> rows;
+};
+
+// The screen of a register: the points on the left, the rows of the chosen one on the right. The chosen point
+// is the shell's edited sample, so every point has an undo history of its own. A row goes into the project as
+// soon as it can be stored; until then it stays in the table as typed, marked, over reloads and changes of
+// the point.
+class PointRegisterScreen : public TXWidget, private IMObserver
+{
+    Q_OBJECT
+
+public:
+    PointRegisterScreen(TX_Modes mode,
+        std::shared_ptr<DepthRegister> depthRegister,
+        ITellurixController* controller,
+        QWidget* parent = nullptr);
+    ~PointRegisterScreen() override;
+
+protected:
+    // A view beside the table; it belongs to the screen from now on.
+    void setSideView(QWidget* view);
+    virtual void rowsShown(const GridRows&, const PointFacts&) { }
+    EditGrid& grid() { return *grid_; }
+    ITellurixController* controller() const { return controller_; }
+    // Reads the project anew.
+    void reload();
+
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void update() override { reload(); }
+
+    void reload(const std::wstring& wantedPoint);
+    void takePoint(const QVector<ListedPoint>& points, const std::wstring& wanted);
+    void connectShell();
+    void connectViews();
+    void layOut();
+    QString splitterKey(const char* part) const;
+    void arrangeSplitter(QSplitter* splitter, const char* part, const QList<int>& sizes);
+    void observe();
+    void becomeCurrent();
+    void choosePoint(const QString& name);
+    void leavePoint();
+    void showPoint();
+    void showAccess();
+    void edit(const GridRows& after);
+    bool storeAll();
+    QVector<ListedPoint> listedPoints(IDBProject& project) const;
+    RegisterRows typedRows(const GridRows& typed) const;
+    // The first cell that cannot be stored, in words; empty where there is none.
+    QString firstProblem(const std::wstring& point, const RegisterRows& rows) const;
+    void forgetOtherProject(const IDBProject* project);
+
+    const TX_Modes mode_;
+    const std::shared_ptr<DepthRegister> register_;
+    ITellurixController* const controller_;
+    std::shared_ptr<RegisterMemory> memory_;
+    std::wstring point_;
+    RegisterRows rows_;
+    bool problemTold_ = false;
+
+    PointList* points_;
+    QLabel* head_;
+    QLabel* emptyText_;
+    EditGrid* grid_;
+    QSplitter* table_;
+    QSplitter* splitter_;
+};

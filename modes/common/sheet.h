@@ -1,0 +1,97 @@
+#pragma once
+
+#include <cstddef>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class IDBProject;
+
+// What a mode shows of the project, as tables of texts below the windows: a screen draws them, a test reads
+// them, neither knows where a cell comes from.
+
+struct SheetColumn {
+    enum Kind {
+        Text,
+        Number, // right-aligned
+    };
+    std::wstring_view title; // may have line breaks
+    int width = 12; // in digits of the font, until the user drags it; a title always fits
+    Kind kind = Text;
+    bool onlyWhenFilled = false; // hidden while every cell is empty
+};
+
+// The rows of a sheet: all their texts in one block, so that a register of 100,000 rows costs two growing
+// buffers instead of a million strings. Copies the texts; the project may go meanwhile.
+class SheetRows
+{
+public:
+    explicit SheetRows(std::size_t columns = 1)
+        : columns_(columns)
+    {
+    }
+
+    // Cells that are missing at the end of the row are empty, those beyond the last column are dropped.
+    void add(std::initializer_list<std::wstring_view> cells) { add(cells.begin(), cells.size()); }
+    void add(const std::vector<std::wstring>& cells) { add(cells.data(), cells.size()); }
+
+    std::size_t columns() const { return columns_; }
+    std::size_t size() const { return ends_.size() / columns_; }
+    std::wstring_view cell(std::size_t row, std::size_t column) const
+    {
+        const std::size_t place = row * columns_ + column;
+        const std::size_t begin = place == 0 ? 0 : ends_[place - 1];
+        return std::wstring_view(text_).substr(begin, ends_[place] - begin);
+    }
+    bool isColumnEmpty(std::size_t column) const;
+    // A copy with every character changed, for a search that does not tell small letters from capitals.
+    template <class Change>
+    SheetRows changed(Change change) const
+    {
+        SheetRows copy = *this;
+        for (wchar_t& character : copy.text_)
+            character = change(character);
+        return copy;
+    }
+
+    bool operator==(const SheetRows&) const = default;
+
+private:
+    template <class Cell>
+    void add(const Cell* cells, std::size_t count)
+    {
+        for (std::size_t column = 0; column < columns_; ++column) {
+            if (column < count)
+                text_ += cells[column];
+            ends_.push_back(text_.size());
+        }
+    }
+
+    std::size_t columns_;
+    std::wstring text_;
+    std::vector<std::size_t> ends_; // of each cell, row by row
+};
+
+// Where the rows come from.
+struct SheetSource {
+    IDBProject& project;
+    int language = 0; // of the names in dictionaries: languageRussian or languageUkrainian
+    std::wstring_view chosen = {}; // for a detail: the first cell of the row chosen above it
+};
+
+struct Sheet {
+    std::string_view name; // of the table in the file of view settings: "laboratory/properties"
+    std::wstring_view title; // of the tab
+    std::vector<SheetColumn> columns = {};
+    void (*fill)(SheetRows& rows, const SheetSource& source) = nullptr;
+    std::wstring_view whenEmpty = {}; // a sentence in place of a table without rows
+    const Sheet* detail = nullptr; // shown below for the current row
+};
+
+inline SheetRows rowsOf(const Sheet& sheet, const SheetSource& source)
+{
+    SheetRows rows(sheet.columns.size());
+    sheet.fill(rows, source);
+    return rows;
+}

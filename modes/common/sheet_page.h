@@ -1,0 +1,58 @@
+#pragma once
+
+#include "common/sheet.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+
+class QLabel;
+class QStackedLayout;
+class SheetModel;
+class TableView;
+
+// For lines beside the data: text between black and the ground, still easy to read.
+QPalette quietPalette(const QPalette& palette);
+
+// A sheet in view: its table, below it the table of details where the sheet has one, a sentence in place of
+// either while it has no rows.
+class SheetPage : public QWidget
+{
+    Q_OBJECT
+
+public:
+    // The project of the moment, or nothing while none is open.
+    using Source = std::function<std::optional<SheetSource>()>;
+
+    SheetPage(const Sheet& sheet, Source source, QWidget* parent = nullptr);
+
+    // Reads the project anew. Place and selection stay while the rows are the same; the current row stays
+    // near while they are not.
+    void read();
+    void setFilterText(const QString& text);
+
+    int shownRows() const;
+    int allRows() const;
+    void focusTable();
+
+Q_SIGNALS:
+    void rowsChanged();
+
+private:
+    QWidget* makeContent();
+    QWidget* makeDetail();
+    void keepingPlace(const std::function<bool()>& change);
+    void showState();
+    void readDetail();
+    void hideEmptyColumns();
+
+    const Sheet& sheet_;
+    Source source_;
+    SheetModel* model_;
+    TableView* table_;
+    QLabel* message_;
+    QStackedLayout* stack_;
+    SheetModel* detailModel_ = nullptr;
+    QLabel* detailTitle_ = nullptr;
+};

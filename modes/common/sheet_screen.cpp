@@ -1,0 +1,224 @@
+#include "common/sheet_screen.h"
+
+#include "common/sheet_page.h"
+#include "modules/isettings.h"
+#include "modules/itellurix_controller.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QShortcut>
+#include <QTabWidget>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+static constexpr int margin = 8;
+static constexpr int manyRows = 5000; // from here on the filter waits until the typing rests
+
+SheetScreen::SheetScreen(
+    TX_Modes mode, ITellurixController* controller, const std::vector<Sheet>& sheets, QWidget* parent)
+    : TXWidget(parent)
+    , mode_(mode)
+    , controller_(controller)
+    , observer_(this)
+    , filterRest_(new QTimer(this))
+{
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->setSpacing(margin);
+    layout->addWidget(makeHead());
+    addPages(sheets);
+    layout->addWidget(tabs_ ? static_cast<QWidget*>(tabs_) : pages_.front(), 1);
+    layout->addWidget(makeNote());
+    setFocusProxy(filter_);
+    filterRest_->setSingleShot(true);
+    filterRest_->setInterval(150);
+    connectSignals();
+    addShortcuts();
+    controller_->attach(&observer_);
+}
+
+SheetScreen::~SheetScreen()
+{
+    controller_->detach(&observer_);
+}
+
+QWidget* SheetScreen::makeHead()
+{
+    auto* head = new QWidget(this);
+    auto* layout = new QHBoxLayout(head);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(margin);
+    filter_ = new QLineEdit(head);
+    filter_->setObjectName(QStringLiteral("filter"));
+    filter_->setPlaceholderText(QStringLiteral("Фильтр: слова через пробел"));
+    filter_->setToolTip(QStringLiteral("Показать строки, в которых есть каждое из слов. Ctrl+F: сюда, "
+                                       "стрелка вниз: к таблице, Esc: очистить."));
+    filter_->setClearButtonEnabled(true);
+    filter_->setMaximumWidth(380);
+    filter_->installEventFilter(this);
+    count_ = new QLabel(head);
+    count_->setObjectName(QStringLiteral("count"));
+    layout->addWidget(filter_, 1);
+    layout->addWidget(count_);
+    layout->addStretch(1);
+    return head;
+}
+
+QLabel* SheetScreen::makeNote()
+{
+    auto* note = new QLabel(
+        QStringLiteral("Просмотр. Редактирование этих данных появится в следующих версиях."), this);
+    note->setPalette(quietPalette(note->palette()));
+    return note;
+}
+
+void SheetScreen::addPages(const std::vector<Sheet>& sheets)
+{
+    if (sheets.size() > 1) {
+        tabs_ = new QTabWidget(this);
+        tabs_->setDocumentMode(true);
+    }
+    stale_.assign(sheets.size(), true);
+    for (const Sheet& sheet : sheets) {
+        auto* page = new SheetPage(
+            sheet, [this] { return source(); }, this);
+        connect(page, &SheetPage::rowsChanged, this, [this] { showCount(); });
+        pages_.push_back(page);
+        if (tabs_)
+            tabs_->addTab(
+                page, QString::fromWCharArray(sheet.title.data(), static_cast<int>(sheet.title.size())));
+    }
+    if (tabs_)
+        connect(tabs_, &QTabWidget::currentChanged, this, [this] {
+            readIfStale();
+            filter();
+        });
+}
+
+void SheetScreen::connectSignals()
+{
+    connect(filter_, &QLineEdit::textChanged, this, [this] {
+        if (page()->allRows() < manyRows)
+            filter();
+        else
+            filterRest_->start();
+    });
+    connect(filterRest_, &QTimer::timeout, this, [this] { filter(); });
+    // Nothing waits here to be stored.
+    connect(this, &TXWidget::signalUpdateDB, this, [] { return true; });
+    connect(this, &TXWidget::signalUpdateInfo, this, [this] {
+        reattach();
+        readAnew();
+    });
+    for (const auto signal :
+        {&TXWidget::signalUpdateComplexPoints, &TXWidget::signalChangeLanguage, &TXWidget::signalUpdateSetup})
+        connect(this, signal, this, [this] { readAnew(); });
+    connect(this, &TXWidget::signalUpdateMode, this, [this] { becomeCurrent(); });
+}
+
+void SheetScreen::addShortcuts()
+{
+    const auto add = [this](const QKeySequence& keys, auto act) {
+        auto* shortcut = new QShortcut(keys, this);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, act);
+    };
+    add(QKeySequence::Find, [this] {
+        filter_->setFocus();
+        filter_->selectAll();
+    });
+    add(QKeySequence(QStringLiteral("Ctrl+PgDown")), [this] { turnPage(1); });
+    add(QKeySequence(QStringLiteral("Ctrl+PgUp")), [this] { turnPage(-1); });
+}
+
+void SheetScreen::turnPage(int by)
+{
+    if (tabs_)
+        tabs_->setCurrentIndex((tabs_->currentIndex() + by + tabs_->count()) % tabs_->count());
+}
+
+void SheetScreen::becomeCurrent()
+{
+    Q_EMIT signalDeleteRecord(mode_, false);
+    Q_EMIT signalAddRecord(mode_, false);
+    Q_EMIT signalUpdateMenus();
+}
+
+// The shell drops all observers with every project that it opens, and with a close that is called off.
+void SheetScreen::reattach()
+{
+    controller_->detach(&observer_);
+    controller_->attach(&observer_);
+}
+
+void SheetScreen::readAnew()
+{
+    stale_.assign(pages_.size(), true);
+    if (isVisible())
+        readIfStale();
+}
+
+void SheetScreen::readIfStale()
+{
+    const auto current = static_cast<std::size_t>(tabs_ ? tabs_->currentIndex() : 0);
+    if (!stale_[current])
+        return;
+    stale_[current] = false;
+    page()->read();
+}
+
+void SheetScreen::filter()
+{
+    filterRest_->stop();
+    page()->setFilterText(filter_->text());
+}
+
+void SheetScreen::showCount()
+{
+    count_->setText(controller_->project()
+            ? QStringLiteral("Показано %1 из %2").arg(page()->shownRows()).arg(page()->allRows())
+            : QString());
+}
+
+SheetPage* SheetScreen::page() const
+{
+    return pages_[static_cast<std::size_t>(tabs_ ? tabs_->currentIndex() : 0)];
+}
+
+std::optional<SheetSource> SheetScreen::source() const
+{
+    IDBProject* project = controller_->project();
+    if (!project)
+        return std::nullopt;
+    ISettings* settings = controller_->settings();
+    return SheetSource{*project, settings ? settings->reportLanguage() : 0};
+}
+
+void SheetScreen::showEvent(QShowEvent* event)
+{
+    TXWidget::showEvent(event);
+    readIfStale();
+}
+
+bool SheetScreen::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched != filter_ || event->type() != QEvent::KeyPress)
+        return TXWidget::eventFilter(watched, event);
+    switch (static_cast<QKeyEvent*>(event)->key()) {
+    case Qt::Key_Down:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        filter();
+        page()->focusTable();
+        return true;
+    case Qt::Key_Escape:
+        filter_->clear();
+        return true;
+    default:
+        return false;
+    }
+}

@@ -1,0 +1,93 @@
+#include "common/sheets/by_point.h"
+#include "common/sheets/sheets.h"
+#include "dictionaries/captions.h"
+#include "modules/idbproject.h"
+
+namespace
+{
+
+void fillSubsidence(SheetRows& rows, const SheetSource& source)
+{
+    for (const auto& [point, cells] : source.project.getSubsidence())
+        for (const SubsidenceCell& cell : cells)
+            rows.add({point, cell.title, std::to_wstring(cell.code), cell.text});
+}
+
+void fillNames(SheetRows& rows, const SheetSource& source)
+{
+    for (const auto& [point, names] : source.project.getSubsidenceNames())
+        rows.add({point, joined(names)});
+}
+
+void fillGroups(SheetRows& rows, const SheetSource& source)
+{
+    for (const auto& [point, groups] : source.project.getSubsidenceGroups()) {
+        std::size_t number = 0;
+        for (const std::vector<std::wstring>& group : groups)
+            rows.add({point, std::to_wstring(++number), joined(group)});
+    }
+}
+
+void fillChemistry(SheetRows& rows, const SheetSource& source)
+{
+    const auto samples = rowsByPlace(source.project.getLabSamples());
+    for (const auto& [key, record] : source.project.getChemistry()) {
+        const auto sample = samples.find({key.pointName, key.depth});
+        std::vector<std::wstring> cells{
+            key.pointName, key.depth, sample == samples.end() ? std::wstring() : sample->second->code};
+        cells.insert(cells.end(), record.cells.begin(), record.cells.end());
+        rows.add(cells);
+    }
+}
+
+// No dictionary names the components, so they go by number; an analysis fills a few of the thirty.
+std::vector<SheetColumn> chemistryColumns()
+{
+    static const auto titles =
+        numberedTitles<std::tuple_size_v<decltype(ChemistryRecord::cells)>>(L"Показатель");
+    std::vector<SheetColumn> columns{{captions::excavation, 11},
+        {L"Глубина\nотбора, м", 9, SheetColumn::Number},
+        {captions::sampleCode, 10, SheetColumn::Text, true}};
+    for (const std::wstring& title : titles)
+        columns.push_back({title, 13, SheetColumn::Number, true});
+    return columns;
+}
+
+} // namespace
+
+const std::vector<Sheet>& subsidenceSheets()
+{
+    static const std::vector<Sheet> sheets{
+        {.name = "subsidence/cells",
+            .title = L"Просадочность",
+            .columns = {{L"Точка", 13},
+                {L"Название", 24},
+                {captions::code, 9, SheetColumn::Number},
+                {captions::value, 13, SheetColumn::Number}},
+            .fill = fillSubsidence,
+            .whenEmpty = L"Просадочность точек не определялась."},
+        {.name = "subsidence/names",
+            .title = L"Наименования",
+            .columns = {{L"Точка", 13}, {L"Наименования", 56}},
+            .fill = fillNames,
+            .whenEmpty = L"Наименований нет."},
+        {.name = "subsidence/groups",
+            .title = L"Группы",
+            .columns = {{L"Точка", 13}, {L"Группа", 9, SheetColumn::Number}, {L"Состав", 56}},
+            .fill = fillGroups,
+            .whenEmpty = L"Групп нет."},
+    };
+    return sheets;
+}
+
+const std::vector<Sheet>& chemistrySheets()
+{
+    static const std::vector<Sheet> sheets{
+        {.name = "chemistry/analyses",
+            .title = L"Анализы",
+            .columns = chemistryColumns(),
+            .fill = fillChemistry,
+            .whenEmpty = L"В проекте нет химических анализов."},
+    };
+    return sheets;
+}

@@ -1,0 +1,215 @@
+#include "common/sheets/by_point.h"
+#include "common/sheets/sheets.h"
+#include "dictionaries/laboratory_vocabulary.h"
+#include "dictionaries/section_captions.h"
+#include "dictionaries/soil_names.h"
+
+#include <map>
+#include <tuple>
+#include <unordered_set>
+
+namespace
+{
+
+struct PointSummary {
+    int kind = 0; // 0 where the point stands in no register of points
+    std::wstring_view mark = {};
+};
+
+using Counts = std::unordered_map<std::wstring_view, std::size_t>;
+
+// What the registers hold for the points.
+struct Holdings {
+    Counts layers;
+    Counts samples;
+    Counts waters;
+    Counts consistencies;
+};
+
+// Every point that has a row somewhere, those of the point register first.
+std::vector<std::pair<std::wstring_view, PointSummary>> allPoints(
+    const PointRegister& points, const Holdings& holdings)
+{
+    std::vector<std::pair<std::wstring_view, PointSummary>> found;
+    std::unordered_set<std::wstring_view> seen;
+    for (const auto& [key, rows] : points)
+        if (seen.insert(key.pointName).second)
+            found.emplace_back(key.pointName,
+                PointSummary{key.pointKind,
+                    rows.empty() ? std::wstring_view() : std::wstring_view(rows.front().absoluteMark)});
+    const auto known = found.size();
+    for (const Counts* counts :
+        {&holdings.layers, &holdings.samples, &holdings.waters, &holdings.consistencies})
+        for (const auto& [name, count] : *counts)
+            if (seen.insert(name).second)
+                found.emplace_back(name, PointSummary{});
+    std::sort(found.begin() + static_cast<std::ptrdiff_t>(known),
+        found.end(),
+        [](const auto& a, const auto& b) { return a.first < b.first; });
+    return found;
+}
+
+std::unordered_map<std::wstring_view, std::wstring_view> greatestDepths(const LithologyRegister& layers)
+{
+    std::unordered_map<std::wstring_view, std::pair<double, std::wstring_view>> deepest;
+    for (const auto& [key, layer] : layers)
+        if (double depth = 0; readTyped(key.depth, depth)) {
+            const auto [place, isNew] = deepest.try_emplace(key.pointName, depth, key.depth);
+            if (!isNew && depth > place->second.first)
+                place->second = {depth, key.depth};
+        }
+    std::unordered_map<std::wstring_view, std::wstring_view> depths;
+    for (const auto& [name, depth] : deepest)
+        depths.emplace(name, depth.second);
+    return depths;
+}
+
+void fillPoints(SheetRows& rows, const SheetSource& source)
+{
+    IDBProject& project = source.project;
+    const Holdings holdings{rowCounts(project.getLithology()),
+        rowCounts(project.getSamples()),
+        rowCounts(project.getWaterLevels()),
+        rowCounts(project.getConsistency())};
+    const auto depths = greatestDepths(project.getLithology());
+    for (const auto& [name, summary] : allPoints(project.getPointRegister(), holdings))
+        rows.add({name,
+            summary.kind == 0 ? std::wstring() : pointKindText(summary.kind),
+            summary.mark,
+            foundOr(depths, name),
+            countText(foundOr(holdings.layers, name)),
+            countText(foundOr(holdings.samples, name)),
+            countText(foundOr(holdings.waters, name)),
+            countText(foundOr(holdings.consistencies, name))});
+}
+
+// What stands at one depth of a column.
+struct DepthRow {
+    std::wstring_view depth = {};
+    LayerView layer = {};
+    std::vector<std::wstring> samples = {};
+    std::vector<std::wstring> waters = {};
+    std::vector<std::wstring> consistencies = {};
+};
+
+// The rows of several registers of one point, those of equal depth in one row ("2.5" is as deep as "2.50"),
+// from the top down; depths that are no numbers last.
+class MergedColumn
+{
+public:
+    DepthRow& at(std::wstring_view depth)
+    {
+        double number = 0;
+        const bool isNumber = readTyped(depth, number);
+        const DepthPlace place{!isNumber, number, isNumber ? std::wstring_view() : depth};
+        DepthRow& row = rows_[place];
+        row.depth = row.depth.empty() ? depth : row.depth;
+        return row;
+    }
+    auto begin() const { return rows_.begin(); }
+    auto end() const { return rows_.end(); }
+
+private:
+    using DepthPlace = std::tuple<bool, double, std::wstring_view>;
+    std::map<DepthPlace, DepthRow> rows_;
+};
+
+std::wstring waterText(const WaterValue& water)
+{
+    std::vector<std::wstring> parts;
+    if (water.flagA != 0)
+        parts.emplace_back(L"появился");
+    if (water.flagB != 0)
+        parts.emplace_back(L"установился");
+    if (const std::wstring date = dateText(water.date); !date.empty())
+        parts.push_back(date);
+    return parts.empty() ? L"уровень" : joined(parts, L", ");
+}
+
+MergedColumn mergedColumn(const SheetSource& source)
+{
+    IDBProject& project = source.project;
+    const std::wstring_view mark = foundOr(absoluteMarks(project), source.chosen);
+    MergedColumn column;
+    for (const LayerView& layer : layersOf(rowsOfPoint(project.getLithology(), source.chosen), mark))
+        column.at(layer.layer->first.depth).layer = layer;
+    for (const auto* row : rowsOfPoint(project.getSamples(), source.chosen))
+        column.at(row->first.depth).samples.push_back(nameText(sampleKinds, row->second.sampleKind));
+    for (const auto* row : rowsOfPoint(project.getWaterLevels(), source.chosen))
+        column.at(row->first.depth).waters.push_back(waterText(row->second));
+    for (const auto* row : rowsOfPoint(project.getConsistency(), source.chosen))
+        column.at(row->first.depth)
+            .consistencies.push_back(
+                nameText(consistencyNames, source.language, row->second.consistencyKind));
+    return column;
+}
+
+void fillColumn(SheetRows& rows, const SheetSource& source)
+{
+    for (const auto& [place, row] : mergedColumn(source)) {
+        const auto* layer = row.layer.layer;
+        rows.add({row.depth,
+            layer ? layer->second.geoIndex : std::wstring(),
+            row.layer.thickness,
+            row.layer.bottomMark,
+            layer ? layer->second.description : std::wstring(),
+            joined(row.samples),
+            joined(row.waters),
+            joined(row.consistencies)});
+    }
+}
+
+void fillLinks(SheetRows& rows, const SheetSource& source)
+{
+    for (const auto& [key, value] : source.project.getNumberedLinks())
+        rows.add({key, value});
+}
+
+constexpr std::wstring_view caption(int number)
+{
+    return sectionColumnCaptionsWrapped.at(languageRussian, number);
+}
+
+std::vector<Sheet> makeColumnSheets(const Sheet& column)
+{
+    return {
+        {.name = "igk/points",
+            .title = L"Колонки",
+            .columns = {{L"Точка", 13},
+                {L"Тип", 8},
+                {L"Отметка\nустья, м", 10, SheetColumn::Number},
+                {L"Глубина, м", 10, SheetColumn::Number},
+                {L"Слоев", 8, SheetColumn::Number},
+                {L"Проб", 8, SheetColumn::Number},
+                {L"Уровней\nводы", 9, SheetColumn::Number},
+                {L"Консистенция", 12, SheetColumn::Number}},
+            .fill = fillPoints,
+            .whenEmpty = L"Нет точек. Добавьте точку в режиме «Ведомость координат».",
+            .detail = &column},
+        {.name = "igk/links",
+            .title = L"Нумерованные связи",
+            .columns = {{L"Ключ", 22}, {L"Значение", 33}},
+            .fill = fillLinks,
+            .whenEmpty = L"Нумерованных связей в проекте нет."},
+    };
+}
+
+} // namespace
+
+const std::vector<Sheet>& columnSheets()
+{
+    static const Sheet column{.name = "igk/column",
+        .title = L"Колонка",
+        .columns = {{L"Глубина, м", 10, SheetColumn::Number},
+            {caption(1), 10},
+            {L"Мощность\nслоя, м", 11, SheetColumn::Number},
+            {L"Абс. отметка\nподошвы, м", 12, SheetColumn::Number},
+            {caption(9), 40},
+            {caption(7), 17},
+            {caption(6), 21},
+            {L"Консистенция", 14}},
+        .fill = fillColumn,
+        .whenEmpty = L"У точки нет слоев, проб и уровней воды."};
+    static const std::vector<Sheet> sheets = makeColumnSheets(column);
+    return sheets;
+}

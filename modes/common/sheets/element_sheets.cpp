@@ -1,0 +1,207 @@
+#include "common/sheets/by_point.h"
+#include "common/sheets/sheets.h"
+#include "dictionaries/captions.h"
+
+#include <map>
+
+namespace
+{
+
+void fillElements(SheetRows& rows, const SheetSource& source)
+{
+    for (const auto& [name, element] : source.project.getStrataElements()) {
+        std::vector<std::wstring> cells{name,
+            std::to_wstring(element.code),
+            std::to_wstring(element.valueB),
+            std::to_wstring(element.valueC),
+            std::to_wstring(element.lowerBound),
+            std::to_wstring(element.middleValue),
+            std::to_wstring(element.upperBound)};
+        cells.insert(cells.end(), element.texts.begin(), element.texts.end());
+        cells.emplace_back(yesText(!element.patternA.empty()));
+        cells.emplace_back(yesText(!element.patternB.empty()));
+        rows.add(cells);
+    }
+}
+
+// Their texts have no captions anywhere but in the screen that edits them, so they go by number here.
+std::vector<SheetColumn> elementColumns()
+{
+    static const auto titles = numberedTitles<11>(L"Текст");
+    std::vector<SheetColumn> columns{{L"ИГЭ", 10},
+        {L"Код", 9, SheetColumn::Number},
+        {L"Число 2", 9, SheetColumn::Number},
+        {L"Число 3", 9, SheetColumn::Number},
+        {L"Нижняя\nграница", 9, SheetColumn::Number},
+        {L"Среднее", 9, SheetColumn::Number},
+        {L"Верхняя\nграница", 9, SheetColumn::Number}};
+    for (const std::wstring& title : titles)
+        columns.push_back({title, 9, SheetColumn::Text, true});
+    columns.push_back({L"Рисунок 1", 9});
+    columns.push_back({L"Рисунок 2", 9});
+    return columns;
+}
+
+Sheet elementSheet(std::string_view name)
+{
+    return {.name = name,
+        .title = L"Элементы",
+        .columns = elementColumns(),
+        .fill = fillElements,
+        .whenEmpty = L"Инженерно-геологические элементы в проекте не выделены."};
+}
+
+void fillLayers(SheetRows& rows, const SheetSource& source)
+{
+    const auto marks = absoluteMarks(source.project);
+    for (const auto& [point, entries] : rowsByPoint(source.project.getLithology())) {
+        std::size_t number = 0;
+        for (const LayerView& layer : layersOf(entries, foundOr(marks, point)))
+            rows.add({point,
+                std::to_wstring(++number),
+                layer.top,
+                layer.layer->first.depth,
+                layer.thickness,
+                layer.bottomMark,
+                layer.layer->second.geoIndex,
+                layer.layer->second.description});
+    }
+}
+
+// Where an index was met, and how thick.
+struct IndexSummary {
+    std::size_t layers = 0;
+    std::size_t points = 0;
+    std::wstring_view lastPoint = {};
+    std::wstring thinnest = {};
+    std::wstring thickest = {};
+};
+
+void keepExtreme(std::wstring& kept, const std::wstring& thickness, bool greatest)
+{
+    double old = 0;
+    double now = 0;
+    if (!readTyped(thickness, now))
+        return;
+    if (!readTyped(kept, old) || (greatest ? now > old : now < old))
+        kept = thickness;
+}
+
+void fillIndices(SheetRows& rows, const SheetSource& source)
+{
+    std::map<std::wstring_view, IndexSummary> indices;
+    for (const auto& [point, entries] : rowsByPoint(source.project.getLithology()))
+        for (const LayerView& layer : layersOf(entries, {})) {
+            IndexSummary& summary = indices[layer.layer->second.geoIndex];
+            ++summary.layers;
+            if (summary.points == 0 || summary.lastPoint != point)
+                ++summary.points;
+            summary.lastPoint = point;
+            keepExtreme(summary.thinnest, layer.thickness, false);
+            keepExtreme(summary.thickest, layer.thickness, true);
+        }
+    for (const auto& [index, summary] : indices)
+        rows.add({index.empty() ? std::wstring_view(L"(без индекса)") : index,
+            std::to_wstring(summary.points),
+            std::to_wstring(summary.layers),
+            summary.thinnest,
+            summary.thickest});
+}
+
+constexpr std::wstring_view noLayers = L"В проекте нет слоев. Введите их в режиме «Литология».";
+
+std::vector<SheetColumn> layerColumns()
+{
+    return {{L"№", 6, SheetColumn::Number},
+        {L"Кровля, м", 9, SheetColumn::Number},
+        {L"Подошва, м", 10, SheetColumn::Number},
+        {L"Мощность, м", 11, SheetColumn::Number},
+        {L"Абс. отметка\nподошвы, м", 12, SheetColumn::Number},
+        {L"Геоиндекс", 10},
+        {captions::soilDescription, 30}};
+}
+
+Sheet layerSheet()
+{
+    std::vector<SheetColumn> columns{{L"Точка", 11}};
+    const std::vector<SheetColumn> further = layerColumns();
+    columns.insert(columns.end(), further.begin(), further.end());
+    return {.name = "stratigraphicIge/layers",
+        .title = L"Слои",
+        .columns = columns,
+        .fill = fillLayers,
+        .whenEmpty = noLayers};
+}
+
+void fillColumns(SheetRows& rows, const SheetSource& source)
+{
+    const auto marks = absoluteMarks(source.project);
+    for (const auto& [point, entries] : rowsByPoint(source.project.getLithology()))
+        rows.add({point,
+            foundOr(marks, point),
+            std::to_wstring(entries.size()),
+            entries.back()->first.depth,
+            differenceText(foundOr(marks, point), entries.back()->first.depth)});
+}
+
+void fillLayersOfColumn(SheetRows& rows, const SheetSource& source)
+{
+    const std::wstring_view mark = foundOr(absoluteMarks(source.project), source.chosen);
+    std::size_t number = 0;
+    for (const LayerView& layer : layersOf(rowsOfPoint(source.project.getLithology(), source.chosen), mark))
+        rows.add({std::to_wstring(++number),
+            layer.top,
+            layer.layer->first.depth,
+            layer.thickness,
+            layer.bottomMark,
+            layer.layer->second.geoIndex,
+            layer.layer->second.description});
+}
+
+} // namespace
+
+const std::vector<Sheet>& elementSheets()
+{
+    static const std::vector<Sheet> sheets{elementSheet("ige/elements")};
+    return sheets;
+}
+
+const std::vector<Sheet>& stratigraphicOrderSheets()
+{
+    static const std::vector<Sheet> sheets{
+        layerSheet(),
+        {.name = "stratigraphicIge/indices",
+            .title = L"Геоиндексы",
+            .columns = {{L"Геоиндекс", 16},
+                {L"Точек", 9, SheetColumn::Number},
+                {L"Слоев", 9, SheetColumn::Number},
+                {L"Мощность\nнаименьшая, м", 14, SheetColumn::Number},
+                {L"Мощность\nнаибольшая, м", 14, SheetColumn::Number}},
+            .fill = fillIndices,
+            .whenEmpty = noLayers},
+        elementSheet("stratigraphicIge/elements"),
+    };
+    return sheets;
+}
+
+const std::vector<Sheet>& stratigraphicColumnSheets()
+{
+    static const Sheet layers{.name = "stratigraphic/layers",
+        .title = L"Слои колонки",
+        .columns = layerColumns(),
+        .fill = fillLayersOfColumn,
+        .whenEmpty = L"У точки нет слоев."};
+    static const std::vector<Sheet> sheets{
+        {.name = "stratigraphic/columns",
+            .title = L"Колонки",
+            .columns = {{L"Точка", 13},
+                {L"Отметка\nустья, м", 11, SheetColumn::Number},
+                {L"Слоев", 9, SheetColumn::Number},
+                {L"Глубина, м", 11, SheetColumn::Number},
+                {L"Абс. отметка\nзабоя, м", 12, SheetColumn::Number}},
+            .fill = fillColumns,
+            .whenEmpty = noLayers,
+            .detail = &layers},
+    };
+    return sheets;
+}

@@ -1,0 +1,274 @@
+#include "common/sheets/by_point.h"
+#include "common/sheets/sheets.h"
+#include "dictionaries/captions.h"
+#include "dictionaries/fractions.h"
+#include "dictionaries/laboratory_vocabulary.h"
+#include "dictionaries/modes.h"
+#include "dictionaries/properties.h"
+#include "dictionaries/test_loads.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+namespace
+{
+
+using Sample = LabSampleRegister::value_type;
+
+constexpr SheetColumn pointColumn{captions::excavation, 11};
+constexpr SheetColumn depthColumn{L"Глубина\nотбора, м", 8, SheetColumn::Number};
+constexpr SheetColumn codeColumn{captions::sampleCode, 10};
+
+std::size_t cellCount(const LabSample& sample)
+{
+    std::size_t count = 0;
+    for (const auto& [test, group] : sample.compression)
+        count += group.cells.size();
+    return count;
+}
+
+void fillSamples(SheetRows& rows, const SheetSource& source)
+{
+    // The kind of a sample stands in the field register.
+    const auto field = rowsByPlace(source.project.getSamples());
+    for (const auto& [key, sample] : source.project.getLabSamples()) {
+        const auto taken = field.find({key.pointName, key.depth});
+        rows.add({key.pointName,
+            key.depth,
+            sample.code,
+            std::to_wstring(sample.number),
+            taken == field.end() ? std::wstring() : nameText(sampleKinds, taken->second->sampleKind),
+            sample.soilKind.text,
+            countText(sample.physical.size()),
+            countText(sample.grading.size()),
+            countText(cellCount(sample)),
+            countText(sample.shear.size()),
+            countText(sample.swelling.size()),
+            countText(sample.shrinkage.size())});
+    }
+}
+
+void fillPhysical(SheetRows& rows, const SheetSource& source)
+{
+    for (const auto& [key, sample] : source.project.getLabSamples())
+        for (const PropertyCell& cell : sample.physical)
+            rows.add({key.pointName,
+                key.depth,
+                sample.code,
+                nameText(propertyNames, source.language, cell.id),
+                cell.value,
+                yesText(cell.enabled)});
+}
+
+void fillGrading(SheetRows& rows, const SheetSource& source)
+{
+    for (const auto& [key, sample] : source.project.getLabSamples()) {
+        if (sample.grading.empty())
+            continue;
+        std::vector<std::wstring> cells{key.pointName, key.depth, sample.code};
+        for (const FractionRow& fraction : fractionRows) {
+            const auto found = sample.grading.find(static_cast<std::uint8_t>(fraction.number));
+            cells.push_back(found == sample.grading.end() ? std::wstring() : found->second);
+        }
+        std::vector<std::wstring> others;
+        for (const auto& [number, percentage] : sample.grading)
+            if (!fractionCaptions.contains(number))
+                others.push_back(std::to_wstring(number) + L": " + percentage);
+        cells.push_back(joined(others));
+        rows.add(cells);
+    }
+}
+
+std::vector<SheetColumn> gradingColumns()
+{
+    static const auto titles = [] {
+        std::array<std::wstring, std::size(fractionRows)> made;
+        std::transform(std::begin(fractionRows), std::end(fractionRows), made.begin(), [](const auto& row) {
+            return std::wstring(row.caption) + L"\nмм, %";
+        });
+        return made;
+    }();
+    std::vector<SheetColumn> columns{pointColumn, depthColumn, codeColumn};
+    for (const std::wstring& title : titles)
+        columns.push_back({title, 10, SheetColumn::Number, true});
+    columns.push_back({L"Прочие\nфракции", 13, SheetColumn::Text, true});
+    return columns;
+}
+
+void fillCompression(SheetRows& rows, const SheetSource& source)
+{
+    for (const auto& [key, sample] : source.project.getLabSamples())
+        for (const auto& [test, group] : sample.compression)
+            for (const CompressionCell& cell : group.cells)
+                rows.add({key.pointName,
+                    key.depth,
+                    sample.code,
+                    nameText(subsidenceMethodNames, source.language, test),
+                    nameText(compressionLoads, cell.id),
+                    cell.textA,
+                    cell.textB,
+                    cell.textC});
+}
+
+void fillShear(SheetRows& rows, const SheetSource& source)
+{
+    for (const auto& [key, sample] : source.project.getLabSamples())
+        for (const auto& [method, cells] : sample.shear)
+            for (const ShearCell& cell : cells)
+                rows.add({key.pointName,
+                    key.depth,
+                    sample.code,
+                    nameText(shearMethodNames, source.language, method),
+                    nameText(shearLoads, cell.id),
+                    cell.value});
+}
+
+void fillSwelling(SheetRows& rows, const SheetSource& source)
+{
+    for (const auto& [key, sample] : source.project.getLabSamples())
+        for (const SwellingCell& cell : sample.swelling)
+            rows.add({key.pointName,
+                key.depth,
+                sample.code,
+                nameText(swellLoads, cell.id),
+                cell.textA,
+                cell.textB,
+                cell.textC});
+}
+
+void fillShrinkage(SheetRows& rows, const SheetSource& source)
+{
+    for (const auto& [key, sample] : source.project.getLabSamples())
+        for (const ShrinkageRow& row : sample.shrinkage)
+            rows.add({key.pointName,
+                key.depth,
+                sample.code,
+                std::to_wstring(row.stage),
+                row.cells[0],
+                row.cells[1],
+                row.cells[2],
+                row.cells[3],
+                row.cells[4],
+                row.cells[5]});
+}
+
+void fillTemplates(SheetRows& rows, const SheetSource& source)
+{
+    IDBProject& project = source.project;
+    for (const PropertyCell& cell : project.getPhysicalTemplate())
+        rows.add({labModeTitles.at(LabPhysical),
+            nameText(propertyNames, source.language, cell.id),
+            cell.value,
+            {},
+            {},
+            yesText(cell.enabled)});
+    for (const CompressionCell& cell : project.getCompressionTemplate())
+        rows.add({labModeTitles.at(LabCompression),
+            nameText(compressionLoads, cell.id),
+            cell.textA,
+            cell.textB,
+            cell.textC});
+    for (const ShearCell& cell : project.getShearTemplate())
+        rows.add({labModeTitles.at(LabShear), nameText(shearLoads, cell.id), cell.value});
+    for (const SwellingCell& cell : project.getSwellingTemplate())
+        rows.add(
+            {labModeTitles.at(LabSwell), nameText(swellLoads, cell.id), cell.textA, cell.textB, cell.textC});
+}
+
+} // namespace
+
+const std::vector<Sheet>& laboratorySheets()
+{
+    static const std::vector<Sheet> sheets{
+        {.name = "laboratory/samples",
+            .title = captions::sampleRegister,
+            .columns = {pointColumn,
+                depthColumn,
+                codeColumn,
+                {L"Номер\nпробы", 8, SheetColumn::Number},
+                {captions::sampleType, 18, SheetColumn::Text, true},
+                {captions::soilName, 19, SheetColumn::Text, true},
+                {L"Физические\nсвойства", 11, SheetColumn::Number},
+                {L"Фракции", 9, SheetColumn::Number, true},
+                {labModeTitles.at(LabCompression), 11, SheetColumn::Number, true},
+                {labModeTitles.at(LabShear), 8, SheetColumn::Number, true},
+                {L"Набухание", 10, SheetColumn::Number, true},
+                {L"Усадка", 8, SheetColumn::Number, true}},
+            .fill = fillSamples,
+            .whenEmpty = L"В проекте нет лабораторных проб."},
+        {.name = "laboratory/physical",
+            .title = labModeTitles.at(LabPhysical),
+            .columns = {pointColumn,
+                depthColumn,
+                codeColumn,
+                {captions::propertyName, 43},
+                {captions::value, 11, SheetColumn::Number},
+                {L"В наборе", 9}},
+            .fill = fillPhysical,
+            .whenEmpty = L"Физические свойства проб не определялись."},
+        {.name = "laboratory/grading",
+            .title = labModeTitles.at(LabGranulometry),
+            .columns = gradingColumns(),
+            .fill = fillGrading,
+            .whenEmpty = L"Гранулометрический состав проб не определялся."},
+        {.name = "laboratory/compression",
+            .title = labModeTitles.at(LabCompression),
+            .columns = {pointColumn,
+                depthColumn,
+                codeColumn,
+                {L"Испытание", 41},
+                {L"Нагрузка,\nМПа", 9, SheetColumn::Number},
+                {L"Отсчет 1", 10, SheetColumn::Number},
+                {L"Отсчет 2", 10, SheetColumn::Number, true},
+                {L"Отсчет 3", 10, SheetColumn::Number, true}},
+            .fill = fillCompression,
+            .whenEmpty = L"Компрессионных испытаний нет."},
+        {.name = "laboratory/shear",
+            .title = labModeTitles.at(LabShear),
+            .columns = {pointColumn,
+                depthColumn,
+                codeColumn,
+                {L"Метод", 48},
+                {L"Нагрузка,\nМПа", 9, SheetColumn::Number},
+                {L"Сопротивление\nсдвигу, МПа", 13, SheetColumn::Number}},
+            .fill = fillShear,
+            .whenEmpty = L"Испытаний на сдвиг нет."},
+        {.name = "laboratory/swelling",
+            .title = L"Набухание",
+            .columns = {pointColumn,
+                depthColumn,
+                codeColumn,
+                {L"Нагрузка,\nМПа", 9, SheetColumn::Number},
+                {L"Высота\nобразца, см", 12, SheetColumn::Number},
+                {L"Набухание\nабсолютное, см", 14, SheetColumn::Number},
+                {L"Относительная\nнабухаемость", 14, SheetColumn::Number}},
+            .fill = fillSwelling,
+            .whenEmpty = L"Испытаний на набухание нет."},
+        {.name = "laboratory/shrinkage",
+            .title = L"Усадка",
+            .columns = {pointColumn,
+                depthColumn,
+                codeColumn,
+                {L"№", 6, SheetColumn::Number},
+                {captions::dryingStage, 11},
+                {L"Диаметр\nобразца, см", 12, SheetColumn::Number},
+                {L"Высота\nобразца, см", 12, SheetColumn::Number},
+                {L"Вес\nобразца, г", 12, SheetColumn::Number},
+                {L"Объем\nобразца, см3", 12, SheetColumn::Number},
+                {L"Влажность\nобразца, д.е.", 12, SheetColumn::Number}},
+            .fill = fillShrinkage,
+            .whenEmpty = L"Испытаний на усадку нет."},
+        {.name = "laboratory/templates",
+            .title = L"Шаблоны",
+            .columns = {{L"Шаблон", 18},
+                {L"Свойство или нагрузка, МПа", 43},
+                {captions::value, 11, SheetColumn::Number},
+                {L"Значение 2", 11, SheetColumn::Number, true},
+                {L"Значение 3", 11, SheetColumn::Number, true},
+                {L"В наборе", 9}},
+            .fill = fillTemplates,
+            .whenEmpty = L"Шаблоны новых проб в проекте не заданы."},
+    };
+    return sheets;
+}

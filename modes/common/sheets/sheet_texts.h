@@ -1,0 +1,68 @@
+#pragma once
+
+#include "db/records/register_header.h"
+#include "dictionaries/dictionary.h"
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// Cells from what the project holds.
+
+// The number that a cell holds as people type it: sign, up to nine digits and up to nine decimals behind a
+// comma or a point, blanks around. False where the cell holds anything else, or not all of it is the number.
+bool readTyped(std::wstring_view text, double& number);
+
+// a - b, exact, with as many decimals as the longer one has, and its kind of comma; empty where one is no
+// number.
+std::wstring differenceText(std::wstring_view a, std::wstring_view b);
+
+// Shortest text that reads as this single.
+std::wstring singleText(float number);
+
+// "07.08.2019"; empty for a date that was never given.
+std::wstring dateText(const Date3& date);
+
+inline std::wstring_view yesText(bool value)
+{
+    return value ? std::wstring_view(L"да") : std::wstring_view();
+}
+
+// A count in a cell: nothing is easier to read than a nought.
+inline std::wstring countText(std::size_t count)
+{
+    return count == 0 ? std::wstring() : std::to_wstring(count);
+}
+
+std::wstring joined(const std::vector<std::wstring>& texts, std::wstring_view separator = L"; ");
+
+// Name of a number in a dictionary; the number itself where the dictionary lacks it.
+template <std::size_t Size>
+std::wstring nameText(const NameDictionary<Size>& names, int language, int number)
+{
+    const BilingualRow* row = names.find(number);
+    if (!row)
+        return std::to_wstring(number);
+    return std::wstring(language == languageUkrainian ? row->ukrainian : row->russian);
+}
+
+template <std::size_t Size>
+std::wstring nameText(const Dictionary<int, std::wstring_view, Size>& names, int number)
+{
+    const std::wstring_view* name = names.find(number);
+    return name ? std::wstring(*name) : std::to_wstring(number);
+}
+
+// "Скв.", "Шурф", "Тсз.".
+std::wstring pointKindText(int kind);
+
+// Titles of cells that have numbers for names: "Показатель 1", "Показатель 2".
+template <std::size_t Count>
+std::array<std::wstring, Count> numberedTitles(std::wstring_view word)
+{
+    std::array<std::wstring, Count> titles;
+    for (std::size_t i = 0; i < Count; ++i)
+        titles[i] = std::wstring(word) + L" " + std::to_wstring(i + 1);
+    return titles;
+}

@@ -1,0 +1,138 @@
+#include "common/sheets/by_point.h"
+#include "common/sheets/sheets.h"
+#include "dictionaries/captions.h"
+#include "dictionaries/sounding_captions.h"
+
+namespace
+{
+
+std::wstring_view greatestDepth(const std::vector<SoundingRow>& journal)
+{
+    std::wstring_view deepest;
+    double greatest = 0;
+    for (const SoundingRow& row : journal)
+        if (double depth = 0; readTyped(row.depth, depth) && (deepest.empty() || depth > greatest)) {
+            greatest = depth;
+            deepest = row.depth;
+        }
+    return deepest;
+}
+
+void fillSoundings(SheetRows& rows, const SheetSource& source)
+{
+    for (const auto& [key, journal] : source.project.getSoundings())
+        rows.add({key.pointName,
+            pointKindText(static_cast<int>(key.pointKind)),
+            key.device,
+            key.date,
+            std::to_wstring(journal.size()),
+            greatestDepth(journal)});
+}
+
+void fillJournal(SheetRows& rows, const SheetSource& source)
+{
+    for (const auto& [key, journal] : source.project.getSoundings()) {
+        if (key.pointName != source.chosen)
+            continue;
+        for (const SoundingRow& row : journal)
+            rows.add({row.depth, row.cells[0], row.cells[1], row.cells[2], row.cells[3]});
+    }
+}
+
+void fillFlags(SheetRows& rows, const SheetSource& source)
+{
+    for (const auto& [name, code] : source.project.getSoundingFlags())
+        rows.add({name, std::to_wstring(code)});
+}
+
+void fillCalcRows(SheetRows& rows, const SheetSource& source)
+{
+    for (const SoundingCalcRow& row : source.project.getSoundingCalcRows())
+        rows.add(std::vector<std::wstring>(row.cells.begin(), row.cells.end()));
+}
+
+std::vector<SheetColumn> calcColumns()
+{
+    static const auto titles = numberedTitles<8>(L"Графа");
+    std::vector<SheetColumn> columns;
+    for (const std::wstring& title : titles)
+        columns.push_back({title, 12, SheetColumn::Number});
+    return columns;
+}
+
+void fillTriples(SheetRows& rows, const SheetSource& source)
+{
+    for (const auto& [number, values] : source.project.getSoundingTriples())
+        rows.add({std::to_wstring(number),
+            std::to_wstring(values[0]),
+            std::to_wstring(values[1]),
+            std::to_wstring(values[2])});
+}
+
+void fillParameters(SheetRows& rows, const SheetSource& source)
+{
+    IDBProject& project = source.project;
+    rows.add({L"Признак A", project.getSoundingOptionA() ? L"да" : L"нет"});
+    rows.add({L"Признак B", project.getSoundingOptionB() ? L"да" : L"нет"});
+    rows.add({L"Число A", std::to_wstring(project.getSoundingValueA())});
+    rows.add({L"Число B", std::to_wstring(project.getSoundingValueB())});
+    rows.add({L"Число C", std::to_wstring(project.getSoundingValueC())});
+    rows.add({L"Число D", std::to_wstring(project.getSoundingValueD())});
+    rows.add({L"Коэффициент A", singleText(project.getSoundingRatioA())});
+    rows.add({L"Коэффициент B", singleText(project.getSoundingRatioB())});
+    rows.add({L"Коэффициент C", singleText(project.getSoundingRatioC())});
+    rows.add({L"Коэффициент D", singleText(project.getSoundingRatioD())});
+    rows.add({L"Коэффициент E", singleText(project.getSoundingRatioE())});
+}
+
+} // namespace
+
+const std::vector<Sheet>& soundingSheets()
+{
+    static const Sheet journal{.name = "static/journal",
+        .title = soundingJournalTexts.at(languageRussian, 0),
+        .columns = {{L"Глубина, м", 11, SheetColumn::Number},
+            {L"Отсчет 1", 12, SheetColumn::Number},
+            {L"Отсчет 2", 12, SheetColumn::Number},
+            {L"Отсчет 3", 12, SheetColumn::Number},
+            {L"Отсчет 4", 12, SheetColumn::Number}},
+        .fill = fillJournal,
+        .whenEmpty = L"В журнале этой точки нет строк."};
+    static const std::vector<Sheet> sheets{
+        {.name = "static/soundings",
+            .title = L"Журналы",
+            .columns = {{L"Точка", 13},
+                {captions::type, 10},
+                {captions::probeType, 17},
+                {captions::date, 11},
+                {L"Строк", 9, SheetColumn::Number},
+                {L"Макс. глубина\nзонд., м", 13, SheetColumn::Number}},
+            .fill = fillSoundings,
+            .whenEmpty = L"В проекте нет журналов статического зондирования.",
+            .detail = &journal},
+        {.name = "static/piles",
+            .title = captions::pileCalculation,
+            .columns = calcColumns(),
+            .fill = fillCalcRows,
+            .whenEmpty = L"Расчет свай не выполнялся."},
+        {.name = "static/flags",
+            .title = L"Признаки точек",
+            .columns = {{L"Точка", 18}, {captions::code, 9, SheetColumn::Number}},
+            .fill = fillFlags,
+            .whenEmpty = L"Признаки точек не заданы."},
+        {.name = "static/triples",
+            .title = L"Наборы чисел",
+            .columns = {{L"Номер", 9, SheetColumn::Number},
+                {L"Число 1", 13, SheetColumn::Number},
+                {L"Число 2", 13, SheetColumn::Number},
+                {L"Число 3", 13, SheetColumn::Number}},
+            .fill = fillTriples,
+            .whenEmpty = L"Наборы чисел не заданы."},
+        {.name = "static/parameters",
+            .title = L"Параметры",
+            .columns = {{L"Параметр", 18}, {captions::value, 13, SheetColumn::Number}},
+            .fill = fillParameters,
+            .whenEmpty = L"Параметры не заданы."},
+    };
+    return sheets;
+}

@@ -1,0 +1,76 @@
+#include "common/named_numbers.h"
+#include "common/point_register_screen.h"
+#include "dictionaries/soil_names.h"
+#include "modules/isettings.h"
+#include "modules/module_export.h"
+
+namespace
+{
+
+enum Column { From, To, Kind, ColumnCount };
+
+class Consistencies : public DepthRegisterOf<ConsistencyRegister>
+{
+public:
+    Consistencies()
+        : DepthRegisterOf(&IDBProject::getConsistency, &IDBProject::addConsistency)
+    {
+    }
+
+    QString name() const override { return QStringLiteral("consistents/intervals"); }
+    QString emptyText() const override
+    {
+        return QStringLiteral(
+            "У этой точки консистенция не описана.\nIns — добавить интервал, Ctrl+V — вставить из таблицы.");
+    }
+    int depthColumn() const override { return To; }
+
+    void useSettings(ISettings* settings) override
+    {
+        const int language = settings ? settings->reportLanguage() : languageRussian;
+        kinds_ = {};
+        for (const BilingualRow& row : consistencyNames)
+            kinds_.add(row.number, language == languageUkrainian ? row.ukrainian : row.russian);
+    }
+
+    QVector<GridColumn> columns() const override
+    {
+        return {{QStringLiteral("От, м"), GridColumn::Number, 100, {}, true},
+            {QStringLiteral("До, м"), GridColumn::Number, 100},
+            {QStringLiteral("Консистенция"), GridColumn::Choice, 240, kinds_.names()}};
+    }
+
+    QVector<QString> cells(const RegisterValue& value) const override
+    {
+        return {QString(), QString(), kinds_.nameOf(std::get<ConsistencyValue>(value).consistencyKind)};
+    }
+
+    QString read(int column, const QString& text, RegisterValue& value) const override
+    {
+        if (column != Kind || kinds_.read(text, std::get<ConsistencyValue>(value).consistencyKind))
+            return {};
+        return QStringLiteral("Выберите консистенцию из списка.");
+    }
+
+    // An interval begins where the one above ends.
+    void complete(GridRows& rows, const PointFacts&) const override
+    {
+        QString from = QStringLiteral("0");
+        for (GridRow& row : rows) {
+            if (!row.problems.value(To).isEmpty() || row.cells[To].isEmpty())
+                continue;
+            row.cells[From] = from;
+            from = row.cells[To];
+        }
+    }
+
+private:
+    NamedNumbers kinds_;
+};
+
+} // namespace
+
+TELLURIX_MODULE QWidget* createWidget(const TX_Modes* mode, ITellurixController* controller)
+{
+    return new PointRegisterScreen(*mode, std::make_shared<Consistencies>(), controller);
+}

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <QAbstractScrollArea>
+#include <QColor>
+#include <QVector>
+
+struct DrawnLayer {
+    qint64 id = 0; // of its row in the table
+    double top = 0;
+    double bottom = 0; // m
+    QString bottomText; // as typed
+    QString thickness;
+    QString mark;
+    QString index;
+    QString description;
+};
+
+struct DrawnWater {
+    double depth = 0; // m
+    QString text;
+    bool appeared = false;
+    bool settled = false;
+};
+
+// The soft fill of a geological index: the same for the same text, on every machine and in every project.
+QColor fillOfIndex(const QString& index);
+
+// The column of a point, to depth scale, as geologists draw it: marks, depths and thicknesses on the left,
+// the strip, the water levels, the descriptions. Where layers are too thin for their texts, the texts move
+// apart and lines lead to them. The wheel scrolls, with Ctrl it changes the scale; a click chooses a layer.
+class LithologyColumn : public QAbstractScrollArea
+{
+    Q_OBJECT
+
+public:
+    explicit LithologyColumn(QWidget* parent = nullptr);
+
+    // Layers from top to bottom; those that have no thickness are not drawn.
+    void setColumn(const QVector<DrawnLayer>& layers, const QVector<DrawnWater>& waters);
+    void setCurrentLayer(qint64 id);
+
+    QSize sizeHint() const override { return {380, 400}; }
+
+Q_SIGNALS:
+    void layerClicked(qint64 id);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+
+private:
+    // The places of the columns, from the left.
+    struct Lanes {
+        QRectF mark;
+        QRectF depth;
+        QRectF thickness;
+        QRectF leftLeads;
+        QRectF strip;
+        QRectF water;
+        QRectF rightLeads;
+        QRectF description;
+    };
+
+    void layOut();
+    Lanes lanes() const;
+    // From depth to the height in the drawing, the scroll position left out.
+    double heightAt(double depth) const { return depth * pixelsPerMetre_; }
+    int layerAt(const QPoint& place) const;
+    void paintHeads(QPainter& painter, const Lanes& lanes) const;
+    void paintLayer(QPainter& painter, const Lanes& lanes, int layer) const;
+    void paintTexts(QPainter& painter, const Lanes& lanes, int layer) const;
+    void paintLeads(QPainter& painter, const Lanes& lanes, int layer) const;
+    void paintRuler(QPainter& painter, const QRectF& strip, double from, double to) const;
+    void paintWater(QPainter& painter, const Lanes& lanes, const DrawnWater& water) const;
+
+    QVector<DrawnLayer> layers_;
+    QVector<DrawnWater> waters_;
+    // Where the texts of each layer begin; one more for the end of the last.
+    QVector<double> textTops_;
+    qint64 current_ = 0;
+    double pixelsPerMetre_ = 1;
+    double zoom_ = 1;
+    int headHeight_ = 0;
+    int lineHeight_ = 0;
+};

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+// A project file as the register shows it, read without the shell.
+struct ProjectEntry {
+    enum class State { waiting, current, olderVersion, damaged };
+
+    std::wstring path;
+    std::uint64_t size = 0; // bytes
+    std::int64_t modified = 0; // seconds since 1970
+    State state = State::waiting;
+    std::wstring problem; // why it is not current, in words
+
+    std::wstring code;
+    std::wstring name;
+    std::size_t points = 0;
+    std::wstring savingPlace; // where the program saves this project; empty where the file is not current
+    bool savesElsewhere = false; // the place is not this file
+    bool placeIsTaken = false; // and another file stands there
+};
+
+// The folder of projects in a work folder.
+std::wstring projectsFolderOf(const std::wstring& workFolder);
+
+// Reads the file behind entry.path and fills in all that it tells. Never throws.
+void readProjectEntry(ProjectEntry& entry, const std::wstring& workFolder);
+
+// Why the file cannot be opened, in words; empty where it can, or is one that the shell converts first.
+std::wstring openingProblem(const std::wstring& path);

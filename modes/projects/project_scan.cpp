@@ -1,0 +1,77 @@
+#include "projects/project_scan.h"
+
+#include "platform/files.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
+#include <QProgressBar>
+
+ProjectScan::ProjectScan(QProgressBar* progress, QObject* parent)
+    : QObject(parent)
+    , progress_(progress)
+{
+    progress_->hide();
+    connect(&timer_, &QTimer::timeout, this, &ProjectScan::readNext);
+}
+
+// Files of the folder itself and of the folders in it.
+static QVector<ProjectEntry> filesBelow(const QString& folder)
+{
+    const QStringList pattern{QStringLiteral("*.TLX")};
+    QFileInfoList files = QDir(folder).entryInfoList(pattern, QDir::Files, QDir::Name);
+    for (const QFileInfo& below : QDir(folder).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name))
+        files += QDir(below.filePath()).entryInfoList(pattern, QDir::Files, QDir::Name);
+    QVector<ProjectEntry> entries;
+    for (const QFileInfo& file : qAsConst(files)) {
+        ProjectEntry entry;
+        entry.path = file.filePath().toStdWString();
+        entry.size = static_cast<std::uint64_t>(file.size());
+        entry.modified = file.lastModified().toSecsSinceEpoch();
+        entries.append(entry);
+    }
+    return entries;
+}
+
+bool ProjectScan::start(const std::wstring& workFolder)
+{
+    const std::wstring folder = projectsFolderOf(workFolder);
+    const bool isThere = bool(createFolder(folder));
+    const bool sameFolder = workFolder == workFolder_;
+    workFolder_ = workFolder;
+    QVector<ProjectEntry> entries =
+        isThere ? filesBelow(QString::fromStdWString(systemPath(folder))) : QVector<ProjectEntry>();
+    for (ProjectEntry& entry : entries)
+        for (const ProjectEntry& known : qAsConst(entries_))
+            if (sameFolder && known.path == entry.path && known.size == entry.size
+                && known.modified == entry.modified)
+                entry = known;
+    entries_ = entries;
+    next_ = 0;
+    Q_EMIT found(entries_);
+    progress_->setRange(0, qMax(1, entries_.size()));
+    progress_->setValue(0);
+    progress_->setVisible(!entries_.isEmpty());
+    timer_.start(0);
+    return isThere;
+}
+
+void ProjectScan::stop()
+{
+    timer_.stop();
+    progress_->hide();
+}
+
+void ProjectScan::readNext()
+{
+    while (next_ < entries_.size() && entries_[next_].state != ProjectEntry::State::waiting)
+        ++next_;
+    if (next_ >= entries_.size()) {
+        stop();
+        return;
+    }
+    ProjectEntry& entry = entries_[next_];
+    readProjectEntry(entry, workFolder_);
+    Q_EMIT read(next_, entry);
+    progress_->setValue(++next_);
+}

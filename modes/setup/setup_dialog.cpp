@@ -1,0 +1,121 @@
+#include "setup/setup_dialog.h"
+
+#include "modules/isettings.h"
+#include "modules/itellurix_controller.h"
+#include "platform/files.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QStackedWidget>
+
+#include <algorithm>
+
+SetupDialog::SetupDialog(ITellurixController* controller)
+    : controller_(controller)
+    , list_(new QListWidget(this))
+    , pages_(new QStackedWidget(this))
+{
+    setWindowTitle(QStringLiteral("Настройка программы"));
+    resize(980, 620);
+    for (const SettingPage& page : settingPages()) {
+        list_->addItem(QString::fromWCharArray(page.title));
+        pages_->addWidget(makePage(page));
+    }
+    list_->setFixedWidth(list_->sizeHintForColumn(0) + 28);
+    connect(list_, &QListWidget::currentRowChanged, pages_, &QStackedWidget::setCurrentIndex);
+    list_->setCurrentRow(0);
+
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    buttons->button(QDialogButtonBox::Cancel)->setText(QStringLiteral("Отмена"));
+    auto* reset = buttons->addButton(QStringLiteral("Сбросить страницу"), QDialogButtonBox::ResetRole);
+    reset->setToolTip(QStringLiteral("Вернуть этой странице исходные значения"));
+    connect(reset, &QPushButton::clicked, this, &SetupDialog::resetPage);
+    connect(buttons, &QDialogButtonBox::accepted, this, &SetupDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &SetupDialog::reject);
+
+    auto* middle = new QHBoxLayout;
+    middle->addWidget(list_);
+    middle->addWidget(pages_, 1);
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(middle, 1);
+    layout->addWidget(buttons);
+}
+
+QWidget* SetupDialog::makePage(const SettingPage& page)
+{
+    ISettings& settings = *controller_->settings();
+    auto* area = new QScrollArea(pages_);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    auto* content = new QWidget(area);
+    auto* form = new QFormLayout(content);
+    form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    form->setHorizontalSpacing(24);
+    form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    for (const SettingRow& row : page.rows) {
+        SettingEditor editor = makeSettingEditor(row, *accessOf(row.key), content);
+        editor.show(editor.access->read(settings));
+        auto* label = new QLabel(QString::fromWCharArray(row.label), content);
+        label->setBuddy(editor.widget);
+        label->setToolTip(editor.widget->toolTip());
+        form->addRow(label, editor.widget);
+        if (row.key == "typeObject")
+            editor.widget->setEnabled(settings.isShowTypeObject() != 0);
+        editors_.push_back(std::move(editor));
+    }
+    area->setWidget(content);
+    return area;
+}
+
+SettingEditor& SetupDialog::editorOf(std::string_view key)
+{
+    return *std::find_if(editors_.begin(), editors_.end(), [=](const SettingEditor& editor) {
+        return editor.access->key == key;
+    });
+}
+
+void SetupDialog::resetPage()
+{
+    const SettingPage& page = settingPages()[static_cast<std::size_t>(list_->currentRow())];
+    for (const SettingRow& row : page.rows)
+        if (SettingEditor& editor = editorOf(row.key);
+            editor.access->initial.isValid() && editor.widget->isEnabled())
+            editor.show(editor.access->initial);
+}
+
+bool SetupDialog::makeProjectsFolder()
+{
+    const std::wstring folder = editorOf("projectPath").value().toString().toStdWString();
+    const FileResult made = createFolder(folder + L"\\Проекты");
+    if (made)
+        return true;
+    list_->setCurrentRow(0);
+    QMessageBox::warning(this,
+        windowTitle(),
+        QStringLiteral("В рабочей папке не создаётся папка «Проекты»:\n%1\n\n%2\n\nВыберите папку, в которую "
+                       "можно записывать.")
+            .arg(QString::fromStdWString(systemPath(folder)), QString::fromStdWString(made.reason)));
+    editorOf("projectPath").widget->setFocus();
+    return false;
+}
+
+void SetupDialog::accept()
+{
+    if (!makeProjectsFolder())
+        return;
+    // All of them and in the order of the store: a background that is set blackens its colour first.
+    for (const SettingAccess& access : settingAccesses()) {
+        const auto editor = std::find_if(editors_.begin(),
+            editors_.end(),
+            [&](const SettingEditor& candidate) { return candidate.access == &access; });
+        if (editor != editors_.end())
+            access.write(*controller_->settings(), editor->value());
+    }
+    QDialog::accept();
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "setup/setting_editor.h"
+
+#include <QDialog>
+
+#include <vector>
+
+class ITellurixController;
+class QListWidget;
+class QStackedWidget;
+
+// The program's settings, a page a group. Nothing is set before the user accepts; then everything is, in the
+// settings' own order.
+class SetupDialog : public QDialog
+{
+public:
+    explicit SetupDialog(ITellurixController* controller);
+
+    // Makes the folder of projects in the work folder first; stays open where that fails.
+    void accept() override;
+
+private:
+    QWidget* makePage(const SettingPage& page);
+    void resetPage();
+    SettingEditor& editorOf(std::string_view key);
+    bool makeProjectsFolder();
+
+    ITellurixController* controller_;
+    std::vector<SettingEditor> editors_;
+    QListWidget* list_;
+    QStackedWidget* pages_;
+};

@@ -1,0 +1,58 @@
+#include "common/named_numbers.h"
+#include "common/point_register_screen.h"
+#include "dictionaries/laboratory_vocabulary.h"
+#include "modules/module_export.h"
+
+namespace
+{
+
+enum Column { Depth, Kind, ColumnCount };
+
+class Samples : public DepthRegisterOf<SampleRegister>
+{
+public:
+    Samples()
+        : DepthRegisterOf(&IDBProject::getSamples, &IDBProject::addSample)
+    {
+        for (const auto& [number, name] : sampleKinds)
+            kinds_.add(number, name);
+    }
+
+    QString name() const override { return QStringLiteral("tests/samples"); }
+    QString emptyText() const override
+    {
+        return QStringLiteral("У этой точки нет проб.\nIns — добавить пробу, Ctrl+V — вставить из таблицы.");
+    }
+    int depthColumn() const override { return Depth; }
+    void useSettings(ISettings*) override { }
+
+    QVector<GridColumn> columns() const override
+    {
+        return {{QStringLiteral("Глубина отбора, м"), GridColumn::Number, 140},
+            {QStringLiteral("Вид пробы"), GridColumn::Choice, 220, kinds_.names()}};
+    }
+
+    QVector<QString> cells(const RegisterValue& value) const override
+    {
+        return {QString(), kinds_.nameOf(std::get<SampleValue>(value).sampleKind)};
+    }
+
+    QString read(int, const QString& text, RegisterValue& value) const override
+    {
+        return kinds_.read(text, std::get<SampleValue>(value).sampleKind)
+            ? QString()
+            : QStringLiteral("Выберите вид пробы из списка.");
+    }
+
+    void complete(GridRows&, const PointFacts&) const override { }
+
+private:
+    NamedNumbers kinds_;
+};
+
+} // namespace
+
+TELLURIX_MODULE QWidget* createWidget(const TX_Modes* mode, ITellurixController* controller)
+{
+    return new PointRegisterScreen(*mode, std::make_shared<Samples>(), controller);
+}

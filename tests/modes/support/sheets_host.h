@@ -1,0 +1,87 @@
+#pragma once
+
+#include "core/facade/mode_libraries.h"
+#include "core/facade/tellurix_controller.h"
+#include "modules/icreate_widget.h"
+#include "modules/tx_widget.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLibrary>
+#include <QLineEdit>
+#include <QTabWidget>
+#include <QTableView>
+#include <QTest>
+
+#include <memory>
+
+// The modules whose screens show sheets.
+struct SheetModule {
+    const char* file;
+    TX_Modes mode;
+};
+inline constexpr SheetModule sheetModules[] = {
+    {"laboratory19.dll", ModeLaboratory},
+    {"ige19.dll", ModeIge},
+    {"static19.dll", ModeStatic},
+    {"section19.dll", ModeSection},
+    {"igk19.dll", ModeIgk},
+    {"subsidence19.dll", ModeSubsidence},
+    {"chemistry19.dll", ModeChemistry},
+    {"consolidated19.dll", ModeConsolidated},
+    {"stratigraphic19.dll", ModeStratigraphic},
+    {"stratigraphicIge19.dll", ModeStratigraphicIge},
+};
+
+// Such a screen as the shell makes it, over the real facade.
+class SheetHost
+{
+public:
+    SheetHost(const SheetModule& module, DBProject* project)
+        : controller(settings.get(), project)
+        , library_(modeLibraryPath(QLatin1String(module.file)))
+    {
+        const TX_Modes mode = module.mode;
+        QWidget* made = nullptr;
+        if (mode == ModeSection) {
+            using Create = QWidget* (*)(const TX_Modes*, ITellurixController*, ICreateWidget*);
+            if (const auto create = reinterpret_cast<Create>(library_.resolve("createWidget")))
+                made = create(&mode, &controller, nullptr);
+        } else {
+            using Create = QWidget* (*)(const TX_Modes*, ITellurixController*);
+            if (const auto create = reinterpret_cast<Create>(library_.resolve("createWidget")))
+                made = create(&mode, &controller);
+        }
+        screen.reset(dynamic_cast<TXWidget*>(made));
+        if (!screen)
+            qFatal("%s: %s", module.file, qPrintable(library_.errorString()));
+        screen->resize(1100, 600);
+        screen->show();
+        QApplication::setActiveWindow(screen.get());
+    }
+
+    QLineEdit* filter() const { return screen->findChild<QLineEdit*>(QStringLiteral("filter")); }
+    std::string count() const
+    {
+        return screen->findChild<QLabel*>(QStringLiteral("count"))->text().toStdString();
+    }
+    QTableView* table(const char* name) const { return screen->findChild<QTableView*>(QLatin1String(name)); }
+    // Everything that the labels in view say.
+    std::string labels() const
+    {
+        QStringList texts;
+        for (const QLabel* label : screen->findChildren<QLabel*>())
+            if (label->isVisible())
+                texts += label->text();
+        return texts.join(QLatin1Char('\n')).toStdString();
+    }
+
+    Reference<Settings> settings = makeReference<Settings>();
+    TellurixController controller;
+
+private:
+    QLibrary library_;
+
+public:
+    std::unique_ptr<TXWidget> screen;
+};

@@ -1,0 +1,21 @@
+#!/usr/bin/env bash
+# A picture of every mode, for people to look at: tools/screenshots.sh [PROJECT [FOLDER]]. Works on copies in a
+# folder of its own, since the program writes beside itself. The register of projects shows the samples.
+set -euo pipefail
+here=$(dirname "$(readlink -f "$0")")/..
+project=$(readlink -f "${1:-$here/samples/PORTADOWN.TLX}")
+pictures=$(readlink -m "${2:-$here/build/screenshots}")
+
+cd "$here"
+cmake --preset release >/dev/null
+cmake --build --preset release --target program screenshots >/dev/null
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cp -r build/release/program/. "$work"
+cp build/release/tools/screenshots/screenshots "$work"
+for sample in samples/*.TLX; do
+    name=$(basename "$sample" .TLX)
+    mkdir -p "$work/Проекты/$name"
+    cp "$sample" "$work/Проекты/$name"
+done
+QT_QPA_PLATFORM=offscreen "$work/screenshots" "$project" "$pictures"

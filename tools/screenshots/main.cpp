@@ -1,0 +1,89 @@
+// A picture of every mode with a project open: screenshots PROJECT FOLDER. Runs beside the module libraries.
+
+#include "app/mdi_child.h"
+#include "app/shell_assembly.h"
+#include "app/tx_application.h"
+#include "dialogs/stamp_dialog.h"
+#include "dialogs/study_dialog.h"
+
+#include <QDialog>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QIcon>
+#include <QStyleFactory>
+
+#include <cstdio>
+
+static void settle(int milliseconds)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (timer.elapsed() < milliseconds)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+}
+
+static void take(QWidget& widget, const QString& folder, const QString& name)
+{
+    settle(300);
+    const QString path = folder + QLatin1Char('/') + name + QStringLiteral(".png");
+    std::printf("%s%s\n", qPrintable(path), widget.grab().save(path) ? "" : ": cannot be written");
+}
+
+static void takeModes(Shell& shell, const QString& folder)
+{
+    for (const ModeRow& row : modeRows) {
+        if (row.moduleFile.empty() || row.mode == ModeSetup || row.mode == ModeSectionEditor
+            || row.mode == ModeProjects)
+            continue;
+        shell.mainController->changeMode(row.mode);
+        const QString file = QString::fromWCharArray(row.moduleFile.data(), int(row.moduleFile.size()));
+        take(*shell.mainWindow,
+            folder,
+            QStringLiteral("%1_%2")
+                .arg(int(row.mode), 2, 10, QLatin1Char('0'))
+                .arg(file.section(QLatin1Char('1'), 0, 0)));
+    }
+}
+
+static void takeDialogs(Shell& shell, const QString& folder)
+{
+    const std::unique_ptr<QWidget> setup(shell.mainController->createWidget(ModeSetup));
+    setup->show();
+    take(*setup, folder, QStringLiteral("02_setup"));
+    StudyDialog study(shell.mainController->project());
+    study.show();
+    take(study, folder, QStringLiteral("study"));
+    for (const bool ukrainian : {false, true}) {
+        StampDialog stamps(ukrainian);
+        stamps.show();
+        take(stamps, folder, ukrainian ? QStringLiteral("stamps_uk") : QStringLiteral("stamps_ru"));
+    }
+}
+
+int main(int argc, char** argv)
+{
+    if (argc != 3) {
+        std::fprintf(stderr, "screenshots PROJECT FOLDER\n");
+        return 2;
+    }
+    Q_INIT_RESOURCE(tellurix);
+    QIcon::setThemeSearchPaths({QStringLiteral(":/icons")});
+    QIcon::setThemeName(QStringLiteral("tellurix"));
+    Shell shell;
+    shell.settings = makeReference<Settings>();
+    const TXApplication application(argc, argv, shell.settings.get());
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    shell.settings->initialise();
+    const QString folder = QString::fromLocal8Bit(argv[2]);
+    QDir().mkpath(folder);
+    if (!assembleShell(shell))
+        return 1;
+    shell.mainWindow->showNormal();
+    shell.mainWindow->resize(1440, 900);
+    take(*shell.mainWindow, folder, QStringLiteral("00_projects"));
+    openFromCommandLine(*shell.mainController, argv[1]);
+    takeModes(shell, folder);
+    takeDialogs(shell, folder);
+    shell.closeWindows();
+    return 0;
+}
