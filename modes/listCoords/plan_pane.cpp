@@ -42,8 +42,12 @@ PlanPane::PlanPane(QWidget* parent)
     layout->addLayout(head);
     layout->addWidget(frame, 1);
     auto* foot = new QHBoxLayout;
-    foot->addWidget(counts_, 1);
-    foot->addWidget(new QLabel(legend));
+    // A narrow plan loses the legend before anything else.
+    auto* kinds = new QLabel(legend);
+    kinds->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    kinds->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    foot->addWidget(counts_);
+    foot->addWidget(kinds, 1);
     layout->addLayout(foot);
 
     connect(fit, &QToolButton::clicked, plan_, &PointPlan::fitAll);
