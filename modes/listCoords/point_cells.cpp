@@ -51,7 +51,7 @@ struct Column {
 // In the order of PointColumn.
 // clang-format off
 constexpr Column columns[] = {
-    {L"Имя\nточки",                   GridColumn::Text,   84,  nullptr},
+    {L"Имя\nточки",                   GridColumn::Text,   96,  nullptr},
     {L"Тип скв.",                     GridColumn::Choice, 148, nullptr, kinds, std::size(kinds)},
     {captions::xMetres,               GridColumn::Number, 112, &PointRow::text0},
     {captions::yMetres,               GridColumn::Number, 112, &PointRow::text1},
