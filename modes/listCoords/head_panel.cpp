@@ -56,6 +56,12 @@ HeadPanel::HeadPanel(ISettings* settings, QWidget* parent)
     showNothing();
 }
 
+HeadPanel::~HeadPanel()
+{
+    for (QLineEdit* line : {code_, title_, file_})
+        line->disconnect(this);
+}
+
 void HeadPanel::showNothing()
 {
     head_ = {};

@@ -17,6 +17,7 @@ class HeadPanel : public QWidget
 
 public:
     explicit HeadPanel(ISettings* settings, QWidget* parent = nullptr);
+    ~HeadPanel() override;
 
     // The project as stored. A refused file name stays until the stored one changes.
     void showHead(const ProjectHead& head);

@@ -56,8 +56,12 @@ ListCoords::ListCoords(TX_Modes mode, ITellurixController* controller)
     reload();
 }
 
+// A line or cell that has the focus still reports its text while it goes; by then this screen is gone.
 ListCoords::~ListCoords()
 {
+    head_->disconnect(this);
+    grid_->disconnect(this);
+    grid_->selectionModel()->disconnect(this);
     controller_->detach(this);
 }
 

@@ -9,6 +9,10 @@
 #include <QVBoxLayout>
 
 static const QString axesKey = QStringLiteral("listCoords/xUp");
+// The symbols of the plan in their colours.
+static const QString legend = QStringLiteral(
+    "<span style='color:#1f6fb2'>●</span> скважина  <span style='color:#8a5a1c'>■</span> шурф  "
+    "<span style='color:#2f8f5b'>▼</span> зондирование");
 
 PlanPane::PlanPane(QWidget* parent)
     : QWidget(parent)
@@ -37,7 +41,14 @@ PlanPane::PlanPane(QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(head);
     layout->addWidget(frame, 1);
-    layout->addWidget(counts_);
+    auto* foot = new QHBoxLayout;
+    // A narrow plan loses the legend before anything else.
+    auto* kinds = new QLabel(legend);
+    kinds->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    kinds->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    foot->addWidget(counts_);
+    foot->addWidget(kinds, 1);
+    layout->addLayout(foot);
 
     connect(fit, &QToolButton::clicked, plan_, &PointPlan::fitAll);
     connect(axes_, &QToolButton::clicked, this, [this](bool xRight) {

@@ -51,8 +51,8 @@ struct Column {
 // In the order of PointColumn.
 // clang-format off
 constexpr Column columns[] = {
-    {L"Имя\nточки",                   GridColumn::Text,   84,  nullptr},
-    {L"Тип скв.",                     GridColumn::Choice, 134, nullptr, kinds, std::size(kinds)},
+    {L"Имя\nточки",                   GridColumn::Text,   96,  nullptr},
+    {L"Тип скв.",                     GridColumn::Choice, 148, nullptr, kinds, std::size(kinds)},
     {captions::xMetres,               GridColumn::Number, 112, &PointRow::text0},
     {captions::yMetres,               GridColumn::Number, 112, &PointRow::text1},
     {L"Абсолютная\nотметка(м)",       GridColumn::Number, 118,  &PointRow::absoluteMark},

@@ -47,9 +47,8 @@ bool askAboutChange(const PointsChange& change, QWidget* parent)
     box.setIcon(QMessageBox::Question);
     box.setWindowTitle(QStringLiteral("Ведомость координат"));
     box.setText(deletes ? deletion(change) : renaming(change));
-    box.setInformativeText(
-        (deletes ? QStringLiteral("Вместе с ней из проекта уйдут записи других реестров.\n\n")
-                 : QStringLiteral("Новое имя получат и записи других реестров.\n\n"))
+    box.setInformativeText((deletes ? QStringLiteral("Из проекта уйдут и записи других реестров.\n\n")
+                                    : QStringLiteral("Новое имя получат и записи других реестров.\n\n"))
         + lines.join(QLatin1Char('\n')));
     QPushButton* go = box.addButton(
         deletes ? QStringLiteral("Удалить") : QStringLiteral("Переименовать"), QMessageBox::AcceptRole);

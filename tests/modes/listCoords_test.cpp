@@ -22,7 +22,7 @@ static Reference<DBProject> smallProject()
     project->setFilePath(L"ABC.TLX");
     project->setFileStem(L"ABC");
     project->addPointRegisterEntry({L"1", 1}, {placed(L"100", L"200")});
-    project->addPointRegisterEntry({L"2", 2}, {placed(L"150", L"250,5"), placed(L"7", L"8")});
+    project->addPointRegisterEntry({L"2", 2}, {placed(L"150", L"300,5"), placed(L"7", L"8")});
     project->addPointRegisterEntry({L"10", 3}, {placed(L"", L"")});
     project->addLithology({L"2", L"1.5"}, {L"aQ", L"Песок"});
     project->addSample({L"2", L"1"}, {1});
@@ -178,6 +178,7 @@ TEST(ListCoords, NameWaitsForTheOneInItsWay)
     host.typeInto(2, 0, QStringLiteral("11"));
     EXPECT_FALSE(holds(*host.project, L"1"));
     EXPECT_EQ(firstRow(*host.project, L"10").text0, L"100");
+    EXPECT_EQ(host.table()->currentIndex().row(), host.rowOf(QStringLiteral("11")));
     EXPECT_TRUE(Q_EMIT host.screen->signalUpdateDB());
 }
 
@@ -291,6 +292,10 @@ TEST(ListCoords, HeadIsStoredLineByLine)
     host.type(QStringLiteral("!"));
     EXPECT_TRUE(Q_EMIT host.screen->signalUpdateDB());
     EXPECT_EQ(host.project->getProjectName(), L"Новый!");
+    // A screen that goes while a line has the focus takes the text along and nothing else.
+    host.type(QStringLiteral("?"));
+    host.screen.reset();
+    EXPECT_EQ(host.project->getProjectName(), L"Новый!");
 }
 
 TEST(ListCoords, FileNameThatCannotBeIsRefused)
@@ -370,12 +375,11 @@ TEST(ListCoords, PlanAndTableChooseTogether)
         QTest::mouseClick(plan, Qt::LeftButton, {}, place.toPoint());
         return host.table()->currentIndex().row();
     };
-    // The second point lies north and east of the first: up and right of it on the sheet, by the same
-    // distance each.
+    // The second point lies 50 m north and 100,5 m east of the first: up and right of it on the sheet.
     const QRectF free = QRectF(plan->rect()).marginsRemoved({64, 64, 64, 40});
-    const double half = qMin(free.width() / 50.5, free.height() / 50) / 2;
-    const QPointF low = free.center() + QPointF(-half * 50.5, half * 50);
-    const QPointF high = free.center() + QPointF(half * 50.5, -half * 50);
+    const double half = qMin(free.width() / 100.5, free.height() / 50) / 2;
+    const QPointF low = free.center() + QPointF(-half * 100.5, half * 50);
+    const QPointF high = free.center() + QPointF(half * 100.5, -half * 50);
     EXPECT_EQ(rowAt(low), 0);
     EXPECT_EQ(rowAt(high), 1);
     EXPECT_EQ(rowAt(free.center()), 2);
