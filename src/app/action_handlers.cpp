@@ -96,6 +96,8 @@ void MainController::showSetup()
     if (!dialog)
         return;
     addHelpKey(dialog);
+    // Before it is shown: a window that stands already does not become modal by exec.
+    dialog->setModal(true);
     dialog->show();
     if (!screenOf(ModeProjects))
         throw MException(L"Error find ProjectsWidget!");
