@@ -5,6 +5,7 @@
 #include "modules/isettings.h"
 #include "platform/files.h"
 
+#include <QApplication>
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -46,7 +47,12 @@ ProjectsScreen::ProjectsScreen(IMainController* controller, QProgressBar* progre
         QTimer::singleShot(0, this, &ProjectsScreen::list);
     });
     connect(this, &TXWidget::signalUpdateProjectsPath, this, &ProjectsScreen::list);
-    connect(this, &TXWidget::signalCloseAllEditCell, this, [this] { table_->setFocus(); });
+    // The text of a cell that is open goes with the focus; without one the focus is none of this screen's
+    // business.
+    connect(this, &TXWidget::signalCloseAllEditCell, this, [this] {
+        if (table_->viewport()->isAncestorOf(QApplication::focusWidget()))
+            table_->setFocus();
+    });
 }
 
 QLayout* ProjectsScreen::makeHead()

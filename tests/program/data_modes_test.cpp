@@ -27,6 +27,8 @@ TEST_F(DataModes, CommandLineLeadsToTheListOfPoints)
         QStringLiteral("Tellurix 2019 - Инженерная геология - [Ведомость координат]"));
     ASSERT_NE(screen(ModeListCoords), nullptr);
     EXPECT_EQ(table(ModeListCoords)->model()->rowCount(), 39);
+    // Where the window is not active yet, the screen that holds the focus comes on top when it is.
+    EXPECT_FALSE(screen(ModeProjects)->isAncestorOf(shell.mainWindow->focusWidget()));
     EXPECT_EQ(screen(ModeListCoords)->findChild<QLineEdit*>(QStringLiteral("projectCode"))->text(),
         QStringLiteral("19-0217"));
 }
