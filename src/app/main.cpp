@@ -6,9 +6,11 @@
 
 #include <QFont>
 #include <QIcon>
+#include <QLibraryInfo>
 #include <QStyle>
 #include <QStyleFactory>
 #include <QSurfaceFormat>
+#include <QTranslator>
 
 static void initialiseResources()
 {
@@ -18,6 +20,18 @@ static void initialiseResources()
     QIcon::setThemeName(QStringLiteral("tellurix"));
     QFont::insertSubstitutions(QStringLiteral("Impact"),
         {QStringLiteral("Liberation Sans Narrow"), QStringLiteral("DejaVu Sans Condensed")});
+}
+
+// The toolkit's own words, Yes and No among them, in the language of ours. Shipped beside the program on
+// systems that do not have them.
+static void loadTranslation()
+{
+    auto* translator = new QTranslator(QCoreApplication::instance());
+    const QString beside = QCoreApplication::applicationDirPath() + QStringLiteral("/translations");
+    const QString name = QStringLiteral("qtbase_ru");
+    if (translator->load(name, beside)
+        || translator->load(name, QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(translator);
 }
 
 // Multisampled surfaces for the drawings of the section.
@@ -41,6 +55,7 @@ static void prepare(Settings& settings, const QString& style)
             nullptr,
             2);
     settings.initialise();
+    loadTranslation();
     setSurfaceFormat();
     QApplication::setStyle(QStyleFactory::create(style));
     QApplication::setPalette(QApplication::style()->standardPalette());
