@@ -16,7 +16,15 @@ protected:
     void list()
     {
         Q_EMIT bus(ModeProjects)->signalUpdateProjectsPath();
-        QTest::qWait(150);
+        EXPECT_TRUE(QTest::qWaitFor([this] { return isRead(); }, 20000));
+    }
+    bool isRead()
+    {
+        const QTableView* view = registerTable();
+        for (int row = 0; view && row < view->model()->rowCount(); ++row)
+            if (cell(view, row, Name) == QStringLiteral("…"))
+                return false;
+        return true;
     }
     int rowOf(const QString& file)
     {
@@ -138,7 +146,7 @@ TEST_F(Projects, ListComesBackWhenTheProjectIsClosed)
     openFromCommandLine(controller(), path.toLocal8Bit().constData());
     const MessageAnswers answers({QMessageBox::No});
     action(ShellAction::Close)->trigger();
-    QTest::qWait(700);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return registerTable() != nullptr; }, 20000));
     ASSERT_NE(registerTable(), nullptr);
     EXPECT_EQ(registerTable()->model()->rowCount(), 1);
 }
