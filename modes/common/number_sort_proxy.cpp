@@ -38,7 +38,7 @@ bool NumberSortProxy::lessThan(const QModelIndex& left, const QModelIndex& right
     if (isNumberA != isNumberB)
         return isNumberA;
     static const QCollator collator = [] {
-        QCollator made(QLocale(QLocale::Russian));
+        QCollator made{QLocale(QLocale::Russian)};
         made.setNumericMode(true);
         made.setCaseSensitivity(Qt::CaseInsensitive);
         return made;
