@@ -23,7 +23,7 @@ protected:
     {
         const QString folder = here(projectsFolder + QLatin1Char('/') + name);
         QDir().mkpath(folder);
-        const QString path = folder + QLatin1Char('/') + name + QStringLiteral(".TLX");
+        QString path = folder + QLatin1Char('/') + name + QStringLiteral(".TLX");
         QFile::remove(path);
         QFile::copy(QStringLiteral(TELLURIX_SAMPLES "/") + name + QStringLiteral(".TLX"), path);
         QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);

@@ -87,6 +87,7 @@ struct MakerMirror {
 namespace
 {
 
+// The two long signatures go over a line end. NOLINTNEXTLINE(bugprone-suspicious-missing-comma)
 const char* const signalNames[] = {
     "signalLoadProjects()",
     "signalUpdateProjectsPath()",

@@ -120,7 +120,7 @@ TEST_F(OddModules, FileThatIsNoLibraryIsAsGoodAsMissing)
 TEST_F(OddModules, LibraryWithoutSymbolLeavesThePreviousScreenOnTop)
 {
     const InPlaceOf odd(QStringLiteral("litology19.dll"), QStringLiteral("no_symbol.dll"));
-    ShellTest::SetUp();
+    start();
     open(QStringLiteral("LURGAN.TLX"), QStringLiteral("a.TLX"));
     controller().changeMode(ModeTests);
     controller().changeMode(ModeLitology);
@@ -133,7 +133,7 @@ TEST_F(OddModules, LibraryWithoutSymbolLeavesThePreviousScreenOnTop)
 TEST_F(OddModules, ScreenThatDoesNotComeLeavesTheShellAtWork)
 {
     const InPlaceOf odd(QStringLiteral("litology19.dll"), QStringLiteral("throwing.dll"));
-    ShellTest::SetUp();
+    start();
     open(QStringLiteral("LURGAN.TLX"), QStringLiteral("a.TLX"));
     controller().changeMode(ModeTests);
     EXPECT_THROW(controller().changeMode(ModeLitology), std::runtime_error);
@@ -144,7 +144,7 @@ TEST_F(OddModules, ScreenThatDoesNotComeLeavesTheShellAtWork)
 TEST_F(OddModules, SectionEditorComesWithItsActionAndItsStatusLine)
 {
     const InPlaceOf editor(QStringLiteral("sectionEditor19.dll"), QStringLiteral("editor.dll"));
-    ShellTest::SetUp();
+    start();
     EXPECT_TRUE(shell.controller->sectionEditorAvailable());
     ASSERT_NE(action(ShellAction::Synchro), nullptr);
     shell.controller->setCurrentMode(ModeSection);

@@ -18,7 +18,8 @@
 class ShellTest : public testing::Test
 {
 protected:
-    void SetUp() override
+    void SetUp() override { start(); }
+    void start()
     {
         QFile::remove(here(settingsFileName));
         QDir(here(projectsFolder)).removeRecursively();
@@ -57,7 +58,7 @@ protected:
     QStringList heard(TX_Modes mode)
     {
         QWidget* toy = screen(mode);
-        const QStringList log = toy ? toy->property("log").toStringList() : QStringList{};
+        QStringList log = toy ? toy->property("log").toStringList() : QStringList{};
         if (toy)
             toy->setProperty("log", {});
         return log;
@@ -66,7 +67,7 @@ protected:
     // A sample project, copied to a path of the test's own and opened.
     QString open(const QString& sample, const QString& name)
     {
-        const QString path = here(name);
+        QString path = here(name);
         QFile::remove(path);
         QFile::copy(QStringLiteral(TELLURIX_SAMPLES "/") + sample, path);
         QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);

@@ -75,10 +75,10 @@ public:
     {
         QStringList rows;
         for (int row = 0; row < table()->model()->rowCount(); ++row) {
-            QStringList row_cells;
+            QStringList rowCells;
             for (int column = 0; column < table()->model()->columnCount(); ++column)
-                row_cells += cell(row, column);
-            rows += row_cells.join(QLatin1Char('|'));
+                rowCells += cell(row, column);
+            rows += rowCells.join(QLatin1Char('|'));
         }
         return rows.join(QLatin1Char('\n'));
     }

@@ -9,7 +9,7 @@ ToyScreen::ToyScreen(const QString& given)
 {
     setProperty("given", given);
     setProperty("storable", true);
-    const QMetaMethod slot = metaObject()->method(metaObject()->indexOfSlot("note()"));
+    const QMetaMethod slot = staticMetaObject.method(staticMetaObject.indexOfSlot("note()"));
     const QMetaObject& bus = TXWidget::staticMetaObject;
     for (int index = bus.methodOffset(); index < bus.methodCount(); ++index)
         connect(this, bus.method(index), this, slot);
