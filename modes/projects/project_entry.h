@@ -19,6 +19,8 @@ struct ProjectEntry {
     std::wstring savingPlace; // where the program saves this project; empty where the file is not current
     bool savesElsewhere = false; // the place is not this file
     bool placeIsTaken = false; // and another file stands there
+
+    bool operator==(const ProjectEntry&) const = default;
 };
 
 // The folder of projects in a work folder.
@@ -26,6 +28,12 @@ std::wstring projectsFolderOf(const std::wstring& workFolder);
 
 // Reads the file behind entry.path and fills in all that it tells. Never throws.
 void readProjectEntry(ProjectEntry& entry, const std::wstring& workFolder);
+
+// Looks at the saving place anew: what stands there changes without the file itself.
+void lookAtSavingPlace(ProjectEntry& entry);
+
+// Why a code must not be written into the file as it stands now, in words; empty where it may.
+std::wstring storingProblem(const std::wstring& path, const std::wstring& workFolder);
 
 // Why the file cannot be opened, in words; empty where it can, or is one that the shell converts first.
 std::wstring openingProblem(const std::wstring& path);
