@@ -6,6 +6,7 @@
 #include "persistence/save_losses.h"
 #include "platform/files.h"
 
+#include <QDateTime>
 #include <QFileInfo>
 
 #include <stdexcept>
@@ -13,6 +14,13 @@
 std::wstring projectsFolderOf(const std::wstring& workFolder)
 {
     return workFolder + L"\\Проекты";
+}
+
+void lookAtFile(ProjectEntry& entry)
+{
+    const QFileInfo file(QString::fromStdWString(systemPath(entry.path)));
+    entry.size = static_cast<std::uint64_t>(file.size());
+    entry.modified = file.lastModified().toMSecsSinceEpoch();
 }
 
 // The same by another name too: through a link, or in letters of another case where the system does not tell

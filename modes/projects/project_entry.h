@@ -9,7 +9,7 @@ struct ProjectEntry {
 
     std::wstring path;
     std::uint64_t size = 0; // bytes
-    std::int64_t modified = 0; // seconds since 1970
+    std::int64_t modified = 0; // milliseconds since 1970
     State state = State::waiting;
     std::wstring problem; // why it is not current, in words
 
@@ -25,6 +25,9 @@ struct ProjectEntry {
 
 // The folder of projects in a work folder.
 std::wstring projectsFolderOf(const std::wstring& workFolder);
+
+// Takes size and time of the file at entry.path.
+void lookAtFile(ProjectEntry& entry);
 
 // Reads the file behind entry.path and fills in all that it tells. Never throws.
 void readProjectEntry(ProjectEntry& entry, const std::wstring& workFolder);

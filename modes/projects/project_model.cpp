@@ -62,7 +62,7 @@ static QString cellText(const ProjectEntry& entry, int column)
     case ProjectModel::Points:
         return isCurrent ? QString::number(entry.points) : QString();
     case ProjectModel::Changed:
-        return QDateTime::fromSecsSinceEpoch(entry.modified).toString(QStringLiteral("yyyy-MM-dd hh:mm"));
+        return QDateTime::fromMSecsSinceEpoch(entry.modified).toString(QStringLiteral("yyyy-MM-dd hh:mm"));
     case ProjectModel::Size:
         return QString::number(double(entry.size) / 1024, 'f', 1);
     default:

@@ -2,7 +2,6 @@
 
 #include "platform/files.h"
 
-#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
 
@@ -33,8 +32,7 @@ static QVector<ProjectEntry> filesBelow(const QString& folder)
     for (const QFileInfo& file : qAsConst(files)) {
         ProjectEntry entry;
         entry.path = file.filePath().toStdWString();
-        entry.size = static_cast<std::uint64_t>(file.size());
-        entry.modified = file.lastModified().toSecsSinceEpoch();
+        lookAtFile(entry);
         entries.append(entry);
     }
     return entries;

@@ -5,7 +5,6 @@
 #include "modules/isettings.h"
 #include "platform/files.h"
 
-#include <QApplication>
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -19,6 +18,8 @@
 #include <QSortFilterProxyModel>
 #include <QStackedLayout>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 static constexpr int margin = 8;
 static constexpr int closingMilliseconds = 200; // between two looks whether the project has been closed
@@ -155,7 +156,7 @@ bool ProjectsScreen::isOnView() const
 
 bool ProjectsScreen::isEditing() const
 {
-    return table_->viewport()->isAncestorOf(QApplication::focusWidget());
+    return table_->indexWidget(table_->currentIndex()) != nullptr;
 }
 
 // The shell does not tell this screen when it comes on top again.
@@ -226,12 +227,16 @@ void ProjectsScreen::arrange()
     table_->setFilterText(filter_->text());
     if (auto* rows = dynamic_cast<QSortFilterProxyModel*>(table_->model()))
         rows->sort(rows->sortColumn(), rows->sortOrder());
-    if (model_->entries().isEmpty())
+    const QVector<ProjectEntry>& entries = model_->entries();
+    const bool isRead = std::none_of(entries.begin(), entries.end(), [](const ProjectEntry& entry) {
+        return entry.state == ProjectEntry::State::waiting;
+    });
+    if (entries.isEmpty())
         empty_->setText(folderWords_);
     else
         empty_->setText(
             QStringLiteral("Ничего не найдено: «%1».\n\nEsc — показать все проекты.").arg(filter_->text()));
-    stack_->setCurrentIndex(table_->model()->rowCount() == 0 ? 1 : 0);
+    stack_->setCurrentIndex(isRead && table_->model()->rowCount() == 0 ? 1 : 0);
 }
 
 void ProjectsScreen::openCurrent()
@@ -313,9 +318,7 @@ void ProjectsScreen::storeCode(int row, const QString& code)
     const std::wstring problem = storingProblem(entry.path, workFolder);
     if (problem.empty())
         controller_->setProjectCodeOf(entry.path, code.toStdWString());
-    const FileInfo file = fileInfo(entry.path);
-    entry.size = file.size;
-    entry.modified = file.modified;
+    lookAtFile(entry);
     readProjectEntry(entry, workFolder);
     scan_->setEntry(row, entry);
     const QString path = QString::fromStdWString(systemPath(entry.path));
