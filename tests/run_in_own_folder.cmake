@@ -1,10 +1,10 @@
-# Runs a test program as users run Tellurix: in a folder with the module libraries and their data, which is
+# Runs a test program as users run Tellurix: in a folder with program, module libraries and data, which is
 # made anew, since settings and view settings are written beside the program.
 #   cmake -DPROGRAM=... -DPROGRAM_FOLDER=... -DFOLDER=... -DFILTER=... -P run_in_own_folder.cmake
 file(REMOVE_RECURSE ${FOLDER})
 file(MAKE_DIRECTORY ${FOLDER})
 get_filename_component(name ${PROGRAM} NAME)
-file(GLOB libraries ${PROGRAM_FOLDER}/*.dll)
+file(GLOB libraries ${PROGRAM_FOLDER}/*.dll ${PROGRAM_FOLDER}/tellurix)
 foreach(file ${PROGRAM} ${libraries})
     get_filename_component(file_name ${file} NAME)
     file(CREATE_LINK ${file} ${FOLDER}/${file_name} COPY_ON_ERROR)

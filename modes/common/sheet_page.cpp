@@ -78,8 +78,8 @@ void keepPosition(QSplitter* splitter, const QString& name)
 
 QPalette quietPalette(const QPalette& palette)
 {
-    const QColor text = palette.color(QPalette::WindowText);
-    const QColor ground = palette.color(QPalette::Window);
+    const QColor& text = palette.color(QPalette::WindowText);
+    const QColor& ground = palette.color(QPalette::Window);
     const auto blend = [](int a, int b) { return (a * 13 + b * 7) / 20; };
     QPalette quiet = palette;
     quiet.setColor(QPalette::WindowText,

@@ -171,6 +171,11 @@ QString pointCellWarning(int column, const QString& text)
         return {};
     if (columns[column].kind == GridColumn::Number && !readNumber(text, number))
         return QStringLiteral("Это не число. Текст сохранится, но в расчёты и на план не попадёт.");
+    // Sections and calculations read the mark up to the comma.
+    if (column == PointMarkColumn && text.contains(QLatin1Char(',')))
+        return QStringLiteral(
+            "Разрезы и расчёты прочтут «%1» без дробной части. Отделяйте дробь точкой, не запятой.")
+            .arg(text);
     if (columns[column].kind == GridColumn::Date && !isDate(text))
         return QStringLiteral("Такой даты нет. Пишите число, месяц и год: 31.12.2019.");
     return {};

@@ -140,7 +140,11 @@ void PointPlan::drawGrid(QPainter& painter) const
     const double stepUp = roundLength(70 / frame_.scale);
     const double step = qMax(stepUp,
         roundLength((fontMetrics().horizontalAdvance(coordinateText(high.x(), stepUp)) + 16) / frame_.scale));
-    for (double across = std::ceil(low.x() / step) * step; across < high.x(); across += step) {
+    // Lines by their numbers: a sum of steps would drift away from round coordinates.
+    for (auto line = static_cast<long long>(std::ceil(low.x() / step));
+         static_cast<double>(line) * step < high.x();
+         ++line) {
+        const double across = static_cast<double>(line) * step;
         const double at = std::floor(frame_.toScreen({across, 0}).x()) + 0.5;
         const QString text = coordinateText(across, step);
         painter.setPen(gridColor);
@@ -149,7 +153,10 @@ void PointPlan::drawGrid(QPainter& painter) const
         if (at + fontMetrics().horizontalAdvance(text) + 6 < width())
             painter.drawText(QPointF(at + 3, height() - 5), text);
     }
-    for (double up = std::ceil(low.y() / step) * step; up < high.y(); up += step) {
+    for (auto line = static_cast<long long>(std::ceil(low.y() / step));
+         static_cast<double>(line) * step < high.y();
+         ++line) {
+        const double up = static_cast<double>(line) * step;
         const double at = std::floor(frame_.toScreen({0, up}).y()) + 0.5;
         painter.setPen(gridColor);
         painter.drawLine(QPointF(0, at), QPointF(width(), at));

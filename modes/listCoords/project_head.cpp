@@ -87,7 +87,7 @@ static std::wstring placeOf(const std::wstring& file, ISettings& settings)
 QString fileNameProblem(const QString& fileName, const ProjectHead& present, ISettings& settings)
 {
     const std::wstring file = fileName.toStdWString();
-    const QString problem = formProblem(fileName);
+    QString problem = formProblem(fileName);
     if (!problem.isEmpty())
         return problem;
     if (fileName.compare(QString::fromStdWString(newProjectFile), Qt::CaseInsensitive) == 0)

@@ -218,8 +218,11 @@ void LithologyColumn::paintRuler(QPainter& painter, const QRectF& strip, double 
         if (step * pixelsPerMetre_ < 8)
             step *= factor;
     painter.setPen(QPen(stripColor, 1));
-    for (double tick = std::floor(from / step) * step; tick <= to; tick += step) {
-        const bool isLong = std::fabs(std::remainder(tick, step * 5)) < step / 2;
+    const auto first = static_cast<long long>(std::floor(from / step));
+    const auto last = static_cast<long long>(std::floor(to / step));
+    for (long long number = first; number <= last; ++number) {
+        const double tick = static_cast<double>(number) * step;
+        const bool isLong = number % 5 == 0;
         painter.drawLine(
             QPointF(strip.left(), heightAt(tick)), QPointF(strip.left() + (isLong ? 7 : 4), heightAt(tick)));
     }

@@ -4,6 +4,7 @@ static constexpr const wchar_t* backgroundChoices = L"по умолчанию|в
 static constexpr const wchar_t* sounding = L"Цвет: лобовое сопротивление";
 static constexpr const wchar_t* friction = L"Цвет: боковое сопротивление";
 
+// A table, as long as it must be. NOLINTNEXTLINE(readability-function-size)
 const std::vector<SettingPage>& settingPages()
 {
     // clang-format off

@@ -22,8 +22,8 @@
 
 void MainController::saveByUser()
 {
-    saveProject();
-    warnOfLosses();
+    if (saveProject())
+        warnOfLosses();
 }
 
 void MainController::printReport()

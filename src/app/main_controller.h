@@ -79,8 +79,10 @@ public:
 
     // Project.
     void newProject();
-    void saveProject();
-    // Asks whether to save, then closes project or column; true where the closing may go on.
+    // False where the file could not be written, which the user has been told; the project stays in memory.
+    bool saveProject();
+    // Asks whether to save, then closes project or column; true where the closing may go on. A project that
+    // could not be saved stays open.
     bool closeProjectPrompt();
     bool closeColumnPrompt();
     void setAutoSave();
@@ -146,7 +148,7 @@ private:
     void takeProject(Reference<DBProject> project);
     void resetFacade();
     void autoSave();
-    void writeOpenProject();
+    bool writeOpenProject();
     void warnOfLosses();
     void closeModeWindows();
     int askToSave(const QString& title, const QString& text);

@@ -47,8 +47,11 @@ bool MainController::closeProjectPrompt()
     if (answer != QMessageBox::Yes && answer != QMessageBox::No)
         return false;
     hintLabel_->hide();
-    if (answer == QMessageBox::Yes)
-        saveByUser();
+    if (answer == QMessageBox::Yes) {
+        if (!saveProject())
+            return false;
+        warnOfLosses();
+    }
     closeModeWindows();
     updateActions();
     finishModeLeave();

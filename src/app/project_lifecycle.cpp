@@ -84,19 +84,19 @@ void MainController::openProject()
         showMessageBox(ModeNone, message, mainWindow_, QMessageBox::Warning);
 }
 
-void MainController::saveProject()
+bool MainController::saveProject()
 {
     if (!project_) {
         tell(ModeStratigraphic, &TXWidget::signalSaveColumn);
-        return;
+        return true;
     }
     showStatus(QStringLiteral("Сохранение проекта..."), statusMilliseconds);
     // Whatever the screen answers, what is stored is saved.
     syncMode(controller_->currentMode());
-    writeOpenProject();
+    return writeOpenProject();
 }
 
-void MainController::writeOpenProject()
+bool MainController::writeOpenProject()
 {
     bool written = false;
     try {
@@ -111,6 +111,7 @@ void MainController::writeOpenProject()
     } else {
         showMessageBox(ModeNone, L"Ошибка при сохранения проекта!", mainWindow_, QMessageBox::Warning);
     }
+    return written;
 }
 
 // What the file just written will not give back, once for each state of the project.

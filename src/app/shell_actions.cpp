@@ -8,6 +8,7 @@ static constexpr unsigned inPoint = InPointMenu | InPointBar;
 static constexpr unsigned inSetup = InSetupMenu | InPointBar;
 static constexpr unsigned inRecord = InRecordMenu | InRecordBar;
 
+// A table, as long as it must be. NOLINTNEXTLINE(readability-function-size)
 const std::array<ActionRow, shellActionCount>& actionRows()
 {
     using A = ShellAction;

@@ -22,7 +22,7 @@ public:
     static constexpr int columnCount = 8;
 
     explicit StudyController(IDBProject* project);
-    ~StudyController();
+    ~StudyController() override;
 
     // In the order of the point register. A point has a row in a register where a key there has its very
     // name.

@@ -34,10 +34,8 @@ std::array<Vec3, 4> segmentQuad(const Vec3& p, const Vec3& q)
     const float dy = a.y - p.y;
     const float ex = q.x - b.x;
     const float ey = q.y - b.y;
-    return {
-        {{p.x + dy, p.y - dx, p.z},
-         {q.x + ey, q.y - ex, q.z},
-         {q.x - ey, q.y + ex, q.z},
-         {p.x - dy, p.y + dx, p.z}}
-    };
+    return {{{p.x + dy, p.y - dx, p.z},
+        {q.x + ey, q.y - ex, q.z},
+        {q.x - ey, q.y + ex, q.z},
+        {p.x - dy, p.y + dx, p.z}}};
 }

@@ -46,11 +46,7 @@ TEST(Project, NewOneHasTheDefaults)
     EXPECT_EQ(project->getTerrainGraphLayer(), L"Разрез_график");
     EXPECT_EQ(project->getLongGraphLayer(), L"Продольный_геология_график");
     EXPECT_EQ(project->getCrossTextLayer(), L"Поперечный_геология_текст");
-    const RegisterHeader header{
-        {2018, 1, 1},
-        {2018, 1, 1},
-        10, 10, 0
-    };
+    const RegisterHeader header{{2018, 1, 1}, {2018, 1, 1}, 10, 10, 0};
     for (const RegisterHeader& each : {project->getPointRegisterHeader(),
              project->getLithologyHeader(),
              project->getSamplesHeader(),
@@ -104,11 +100,7 @@ TEST(Project, TemplatesAreSortedByIdAndStayInOrderAmongEqualIds)
 {
     const auto project = makeReference<DBProject>();
     const std::vector<SwellingCell> given = {
-        {5, L"a", L"", L""},
-        {1, L"b", L"", L""},
-        {5, L"c", L"", L""},
-        {3, L"d", L"", L""}
-    };
+        {5, L"a", L"", L""}, {1, L"b", L"", L""}, {5, L"c", L"", L""}, {3, L"d", L"", L""}};
     project->setSwellingTemplate(given);
     std::wstring walk;
     for (const SwellingCell& cell : project->getSwellingTemplate())
@@ -133,11 +125,7 @@ TEST(Project, LayersOfAPointGoByExactName)
 TEST(Project, MovingASoundingChangesDeviceDateAndSpelling)
 {
     const auto project = makeReference<DBProject>();
-    project->addSounding(
-        {
-            L"3", 3, L"C979", L"05.06.2020"
-    },
-        {SoundingRow{L"0.2", {}}});
+    project->addSounding({L"3", 3, L"C979", L"05.06.2020"}, {SoundingRow{L"0.2", {}}});
     EXPECT_FALSE(project->addSounding({L"03", 1, L"", L"07.06.2020"}, {}));
     project->moveSoundingKey(L"4", 3, L"УралТИСИЗ");
     EXPECT_EQ(project->getSoundings().begin()->first.date, L"05.06.2020");

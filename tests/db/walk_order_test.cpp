@@ -105,10 +105,7 @@ TEST(ExactKey, ErasesOneRowByItsTextEvenWhereTheOrderingTakesItForOthers)
 {
     LithologyRegister layers;
     for (const wchar_t* name : {L"1", L"2", L"3", L"4", L"5", L"6"})
-        layers.insert({
-            {name,          L"1"},
-            {             }
-        });
+        layers.insert({{name, L"1"}, {}});
     // The point 0 is equivalent to all of them, and none of them is it.
     EXPECT_FALSE(eraseExact(layers, {L"0", L"1"}));
     EXPECT_FALSE(eraseExact(layers, {L"03", L"1"}));
@@ -123,10 +120,7 @@ TEST(ExactKey, FindsARowThatTheMixedOrderHides)
     // 9 before 10 as numbers, 10 before 1A before 9 as text: there is no consistent order.
     PointRegister points;
     for (const wchar_t* name : {L"9", L"10", L"1A", L"100", L"2B", L"3"})
-        points.insert({
-            {name,          1},
-            {             }
-        });
+        points.insert({{name, 1}, {}});
     for (const auto& [key, rows] : PointRegister(points))
         EXPECT_NE(findExact(points, key), points.end());
     const std::size_t before = points.size();

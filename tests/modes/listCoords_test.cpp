@@ -262,6 +262,10 @@ TEST(ListCoords, MarkThatAFileNeedsToOpenStaysANumber)
     host.typeInto(0, 4, QStringLiteral("6"));
     EXPECT_EQ(firstRow(*project, L"1").absoluteMark, L"6");
     EXPECT_TRUE(Q_EMIT host.screen->signalUpdateDB());
+    EXPECT_FALSE(host.tip(0, 4).contains(QStringLiteral("без дробной части")));
+    host.typeInto(0, 4, QStringLiteral("6,5"));
+    EXPECT_EQ(firstRow(*project, L"1").absoluteMark, L"6,5") << "as typed, with a warning";
+    EXPECT_TRUE(host.tip(0, 4).contains(QStringLiteral("без дробной части")));
 }
 
 TEST(ListCoords, HeadIsStoredLineByLine)

@@ -32,13 +32,13 @@ TEST(CodePage, IsWindows1251)
         std::string bytes;
         std::wstring text;
     } pairs[] = {
-        {"",                                   L""                                             },
-        {"Tellurix 19",                        L"Tellurix 19"                                  },
-        {"\xCF\xE5\xF1\xEE\xEA",               L"Песок"                                   },
-        {"\xC0\xDF\xE0\xFF\xA8\xB8",           L"АЯаяЁё"                                 },
-        {"\xA5\xB4\xAA\xBA\xAF\xBF\xB2\xB3",   L"ҐґЄєЇїІі"                             },
+        {"", L""},
+        {"Tellurix 19", L"Tellurix 19"},
+        {"\xCF\xE5\xF1\xEE\xEA", L"Песок"},
+        {"\xC0\xDF\xE0\xFF\xA8\xB8", L"АЯаяЁё"},
+        {"\xA5\xB4\xAA\xBA\xAF\xBF\xB2\xB3", L"ҐґЄєЇїІі"},
         {"\xB9 12 \x96 \x97 \x93\xEB\x94\x85", L"№ 12 \u2013 \u2014 \u201C\u043B\u201D\u2026"},
-        {"\x88\x98\x99\xA0\xAB\xBB\xB0",       L"\u20AC\u0098\u2122\u00A0«»°"               },
+        {"\x88\x98\x99\xA0\xAB\xBB\xB0", L"\u20AC\u0098\u2122\u00A0«»°"},
     };
     for (const auto& [bytes, text] : pairs) {
         EXPECT_EQ(fromCodePage(bytes), text);
@@ -54,10 +54,10 @@ TEST(CodePage, WhatItDoesNotHoldBecomesOneQuestionMarkAUnit)
         std::wstring text;
         std::string bytes;
     } cases[] = {
-        {L"1\u4E952",     "1?2" },
+        {L"1\u4E952", "1?2"},
         {L"a\U0001F4A7b", "a??b"}, // two units
-        {leading + L"x",  "?x"  },
-        {trailing,        "?"   },
+        {leading + L"x", "?x"},
+        {trailing, "?"},
     };
     for (const auto& [text, bytes] : cases) {
         EXPECT_EQ(codePageLength(text), bytes.size()) << testing::PrintToString(text);

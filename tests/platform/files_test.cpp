@@ -17,10 +17,7 @@ TEST(Files, ContentGoesAndComesBack)
     Bytes large(3'000'001);
     for (std::size_t i = 0; i < large.size(); ++i)
         large[i] = static_cast<std::uint8_t>(i * 7 / 3);
-    for (const Bytes& content : {
-             large, Bytes{   },
-              Bytes{ 0, 26, 13, 10, 255}
-    }) {
+    for (const Bytes& content : {large, Bytes{}, Bytes{0, 26, 13, 10, 255}}) {
         ASSERT_TRUE(replaceFile(path, content));
         Bytes read = {1, 2, 3};
         ASSERT_TRUE(readFile(path, read));
@@ -90,9 +87,7 @@ TEST(Files, ACopyReplacesAnOlderOne)
     EXPECT_EQ(copyFile(from, to).step, FileStep::Open);
     EXPECT_EQ(fileKind(to), FileKind::Missing);
     Bytes read;
-    for (const Bytes& content : {
-             Bytes(700'000, 7), Bytes{1, 2}
-    }) {
+    for (const Bytes& content : {Bytes(700'000, 7), Bytes{1, 2}}) {
         ASSERT_TRUE(replaceFile(from, content));
         ASSERT_TRUE(copyFile(from, to));
         ASSERT_TRUE(readFile(to, read));

@@ -10,12 +10,12 @@ TEST(Utf8, BothWays)
         std::string bytes;
         std::wstring text;
     } pairs[] = {
-        {"",                                 L""                    },
-        {"Tellurix",                         L"Tellurix"            },
-        {"\xD0\xA1\xD0\xBA\xD0\xB2",         L"Скв"              },
-        {"\x7F\xC2\x80\xDF\xBF",             L"\u007F\u0080\u07FF"  },
-        {"\xE0\xA0\x80\xEF\xBF\xBF",         L"\u0800\uFFFF"        },
-        {"\xED\x9F\xBF\xEE\x80\x80",         L"\uD7FF\uE000"        },
+        {"", L""},
+        {"Tellurix", L"Tellurix"},
+        {"\xD0\xA1\xD0\xBA\xD0\xB2", L"Скв"},
+        {"\x7F\xC2\x80\xDF\xBF", L"\u007F\u0080\u07FF"},
+        {"\xE0\xA0\x80\xEF\xBF\xBF", L"\u0800\uFFFF"},
+        {"\xED\x9F\xBF\xEE\x80\x80", L"\uD7FF\uE000"},
         {"\xF0\x90\x80\x80\xF4\x8F\xBF\xBF", L"\U00010000\U0010FFFF"},
     };
     for (const auto& [bytes, text] : pairs) {

@@ -7,9 +7,7 @@
 TEST(Uuid, TextShowsTheGroupsOfTheSystemsStructure)
 {
     // In memory: 33 22 11 00 | 55 44 77 66 | 88 99 aa bb | cc dd ee ff.
-    const Uuid uuid{
-        {0x00112233U, 0x66774455U, 0xBBAA9988U, 0xFFEEDDCCU}
-    };
+    const Uuid uuid{{0x00112233U, 0x66774455U, 0xBBAA9988U, 0xFFEEDDCCU}};
     EXPECT_EQ(uuidToText(uuid), "00112233-4455-6677-8899-aabbccddeeff");
     EXPECT_EQ(uuidFromText("00112233-4455-6677-8899-aabbccddeeff"), uuid);
     EXPECT_EQ(uuidFromText("00112233-4455-6677-8899-AABBCCDDEEFF"), uuid);

@@ -13,7 +13,10 @@ class ModeSwitching : public ShellTest
 {
 protected:
     static QString base() { return QStringLiteral("Tellurix 2019 - Инженерная геология"); }
-    bool hintShows() { return !shell.mainWindow->findChild<ShowLabel*>(QStringLiteral("hintLabel"))->isHidden(); }
+    bool hintShows()
+    {
+        return !shell.mainWindow->findChild<ShowLabel*>(QStringLiteral("hintLabel"))->isHidden();
+    }
 };
 
 QStringList list(const char* names)

@@ -225,6 +225,20 @@ TEST_F(ProjectLifecycle, ClosingAsksAndDoesAsItIsTold)
     EXPECT_EQ(controller().dbProject(), nullptr);
 }
 
+TEST_F(ProjectLifecycle, ProjectThatCannotBeSavedIsNotClosed)
+{
+    open(QStringLiteral("LURGAN.TLX"), QStringLiteral("a.TLX"));
+    controller().changeMode(ModeLitology);
+    QDir(here(projectsFolder)).removeRecursively();
+    const MessageAnswers answers({QMessageBox::Yes, QMessageBox::Ok});
+    EXPECT_FALSE(shell.mainWindow->close());
+    EXPECT_EQ(answers.boxes(),
+        (std::vector<std::wstring>{
+            L"Проект: Сохранить текущий проект?", L"Tellurix: Ошибка при сохранения проекта!"}));
+    EXPECT_NE(controller().dbProject(), nullptr);
+    EXPECT_NE(screen(ModeLitology), nullptr);
+}
+
 TEST_F(ProjectLifecycle, ColumnHasAQuestionOfItsOwn)
 {
     EXPECT_TRUE(controller().closeColumnPrompt()) << "nothing to ask";

@@ -34,7 +34,8 @@ protected:
         shell.controller = {};
         shell.mainController = {};
         shell.settings = {};
-        // A window that was closed has told the event loops to end: one loop more, else every later one would too.
+        // A window that was closed has told the event loops to end: one loop more, else every later one would
+        // too.
         QTimer::singleShot(0, QCoreApplication::instance(), &QCoreApplication::quit);
         QCoreApplication::exec();
         // What is deleted later is deleted now, not within the next test.

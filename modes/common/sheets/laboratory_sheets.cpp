@@ -178,6 +178,7 @@ void fillTemplates(SheetRows& rows, const SheetSource& source)
 
 } // namespace
 
+// A table, as long as it must be. NOLINTNEXTLINE(readability-function-size)
 const std::vector<Sheet>& laboratorySheets()
 {
     static const std::vector<Sheet> sheets{

@@ -55,6 +55,7 @@ std::vector<SheetColumn> calcColumns()
 {
     static const auto titles = numberedTitles<8>(L"Графа");
     std::vector<SheetColumn> columns;
+    columns.reserve(titles.size());
     for (const std::wstring& title : titles)
         columns.push_back({title, 12, SheetColumn::Number});
     return columns;

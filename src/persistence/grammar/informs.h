@@ -103,12 +103,8 @@ inline InformFields fieldsOf(const InformRecord& inform)
     const InformRecord::Frame& frame = inform.frame();
     InformFields fields;
     fields.kind = inform.kind();
-    fields.frameFirst = {
-        {frame[0], frame[1], frame[2], frame[3]}
-    };
-    fields.frameSecond = {
-        {frame[4], frame[5], frame[6], frame[7]}
-    };
+    fields.frameFirst = {{frame[0], frame[1], frame[2], frame[3]}};
+    fields.frameSecond = {{frame[4], frame[5], frame[6], frame[7]}};
     fields.frameByte = static_cast<std::uint8_t>(frame[8]);
     fields.text = inform.text();
     fields.boxA = inform.boxA();
