@@ -62,7 +62,7 @@ static QString cellText(const ProjectEntry& entry, int column)
     case ProjectModel::Points:
         return isCurrent ? QString::number(entry.points) : QString();
     case ProjectModel::Changed:
-        return QDateTime::fromSecsSinceEpoch(entry.modified).toString(QStringLiteral("yyyy-MM-dd hh:mm"));
+        return QDateTime::fromMSecsSinceEpoch(entry.modified).toString(QStringLiteral("yyyy-MM-dd hh:mm"));
     case ProjectModel::Size:
         return QString::number(double(entry.size) / 1024, 'f', 1);
     default:
@@ -73,7 +73,7 @@ static QString cellText(const ProjectEntry& entry, int column)
     return entry.savesElsewhere ? text(systemPath(entry.savingPlace)) : QStringLiteral("этот файл");
 }
 
-static QString tip(const ProjectEntry& entry)
+static QString tip(const ProjectEntry& entry, int column)
 {
     if (entry.state != ProjectEntry::State::current)
         return text(entry.problem);
@@ -83,6 +83,11 @@ static QString tip(const ProjectEntry& entry)
                      .arg(text(systemPath(entry.savingPlace)));
     if (entry.placeIsTaken)
         words += QStringLiteral("\nТам уже есть другой файл: при сохранении он станет копией .bak.");
+    if (column == ProjectModel::Code)
+        words += entry.savesElsewhere
+            ? QStringLiteral("\nШифр меняется в открытом проекте: сохраняется он не "
+                             "в этот файл")
+            : QStringLiteral("\nF2 — изменить шифр");
     return words;
 }
 
@@ -107,7 +112,7 @@ QVariant ProjectModel::data(const QModelIndex& index, int role) const
     case Qt::EditRole:
         return cellText(entry, index.column());
     case Qt::ToolTipRole:
-        return tip(entry);
+        return tip(entry, index.column());
     case Qt::ForegroundRole:
         return colorOf(entry, index.column());
     case Qt::TextAlignmentRole:

@@ -2,17 +2,23 @@
 
 #include "platform/files.h"
 
-#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
-#include <QProgressBar>
 
-ProjectScan::ProjectScan(QProgressBar* progress, QObject* parent)
+#include <utility>
+
+ProjectScan::ProjectScan(QProgressBar* progress, std::function<bool()> isWanted, QObject* parent)
     : QObject(parent)
     , progress_(progress)
+    , isWanted_(std::move(isWanted))
 {
     progress_->hide();
     connect(&timer_, &QTimer::timeout, this, &ProjectScan::readNext);
+}
+
+ProjectScan::~ProjectScan()
+{
+    stop();
 }
 
 // Files of the folder itself and of the folders in it.
@@ -26,8 +32,7 @@ static QVector<ProjectEntry> filesBelow(const QString& folder)
     for (const QFileInfo& file : qAsConst(files)) {
         ProjectEntry entry;
         entry.path = file.filePath().toStdWString();
-        entry.size = static_cast<std::uint64_t>(file.size());
-        entry.modified = file.lastModified().toSecsSinceEpoch();
+        lookAtFile(entry);
         entries.append(entry);
     }
     return entries;
@@ -46,12 +51,16 @@ bool ProjectScan::start(const std::wstring& workFolder)
             if (sameFolder && known.path == entry.path && known.size == entry.size
                 && known.modified == entry.modified)
                 entry = known;
+    for (ProjectEntry& entry : entries)
+        lookAtSavingPlace(entry);
     entries_ = entries;
     next_ = 0;
     Q_EMIT found(entries_);
-    progress_->setRange(0, qMax(1, entries_.size()));
-    progress_->setValue(0);
-    progress_->setVisible(!entries_.isEmpty());
+    if (progress_) {
+        progress_->setRange(0, qMax(1, entries_.size()));
+        progress_->setValue(0);
+        progress_->setVisible(!entries_.isEmpty());
+    }
     timer_.start(0);
     return isThere;
 }
@@ -59,19 +68,33 @@ bool ProjectScan::start(const std::wstring& workFolder)
 void ProjectScan::stop()
 {
     timer_.stop();
-    progress_->hide();
+    if (progress_)
+        progress_->hide();
+}
+
+void ProjectScan::setEntry(int row, const ProjectEntry& entry)
+{
+    entries_[row] = entry;
+    Q_EMIT read(row, entry);
 }
 
 void ProjectScan::readNext()
 {
+    if (!isWanted_()) {
+        stop();
+        return;
+    }
     while (next_ < entries_.size() && entries_[next_].state != ProjectEntry::State::waiting)
         ++next_;
     if (next_ >= entries_.size()) {
         stop();
+        Q_EMIT finished();
         return;
     }
-    ProjectEntry& entry = entries_[next_];
+    ProjectEntry entry = entries_[next_];
     readProjectEntry(entry, workFolder_);
-    Q_EMIT read(next_, entry);
-    progress_->setValue(++next_);
+    setEntry(next_, entry);
+    ++next_;
+    if (progress_)
+        progress_->setValue(next_);
 }

@@ -5,7 +5,6 @@
 #include "modules/isettings.h"
 #include "platform/files.h"
 
-#include <QApplication>
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -16,8 +15,11 @@
 #include <QMdiSubWindow>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSortFilterProxyModel>
 #include <QStackedLayout>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 static constexpr int margin = 8;
 static constexpr int closingMilliseconds = 200; // between two looks whether the project has been closed
@@ -25,7 +27,8 @@ static constexpr int closingMilliseconds = 200; // between two looks whether the
 ProjectsScreen::ProjectsScreen(IMainController* controller, QProgressBar* progress)
     : controller_(controller)
     , model_(new ProjectModel(this))
-    , scan_(new ProjectScan(progress, this))
+    , scan_(new ProjectScan(
+          progress, [this] { return isOnView() && !controller_->project(); }, this))
 {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(margin, margin, margin, margin);
@@ -39,8 +42,12 @@ ProjectsScreen::ProjectsScreen(IMainController* controller, QProgressBar* progre
     layout->addLayout(stack_, 1);
 
     connect(scan_, &ProjectScan::found, this, &ProjectsScreen::showFound);
-    connect(scan_, &ProjectScan::read, model_, &ProjectModel::setEntry);
+    connect(scan_, &ProjectScan::read, this, &ProjectsScreen::showRead);
+    connect(scan_, &ProjectScan::finished, this, &ProjectsScreen::arrange);
     connect(model_, &ProjectModel::codeTyped, this, &ProjectsScreen::storeCode);
+    again_.setSingleShot(true);
+    again_.setInterval(closingMilliseconds);
+    connect(&again_, &QTimer::timeout, this, &ProjectsScreen::list);
     // Not at once: the window that the screen stands in is only being shown.
     connect(this, &TXWidget::signalLoadProjects, this, [this] {
         watchActivation();
@@ -50,7 +57,7 @@ ProjectsScreen::ProjectsScreen(IMainController* controller, QProgressBar* progre
     // The text of a cell that is open goes with the focus; without one the focus is none of this screen's
     // business.
     connect(this, &TXWidget::signalCloseAllEditCell, this, [this] {
-        if (table_->viewport()->isAncestorOf(QApplication::focusWidget()))
+        if (isEditing())
             table_->setFocus();
     });
 }
@@ -70,8 +77,7 @@ QLayout* ProjectsScreen::makeHead()
     openFile->setObjectName(QStringLiteral("openFile"));
     newProject->setObjectName(QStringLiteral("newProject"));
     connect(openFile, &QPushButton::clicked, this, &ProjectsScreen::openAnyFile);
-    // The shell makes a new project where none is open, and shows the open one else.
-    connect(newProject, &QPushButton::clicked, this, &TXWidget::signalShowOpenProject);
+    connect(newProject, &QPushButton::clicked, this, &ProjectsScreen::makeNewProject);
     auto* head = new QHBoxLayout;
     head->addWidget(filter_, 1);
     head->addWidget(folder_, 1);
@@ -86,6 +92,7 @@ QWidget* ProjectsScreen::makeTable()
     table_->setSourceModel(model_);
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setEditTriggers(QAbstractItemView::EditKeyPressed);
+    table_->setTextElideMode(Qt::ElideMiddle); // of a saving place both ends tell most
     table_->verticalHeader()->hide();
     // As wide as what usually stands in a column.
     static const QString usual[ProjectModel::ColumnCount] = {QStringLiteral("20-1040/26"),
@@ -100,21 +107,25 @@ QWidget* ProjectsScreen::makeTable()
             table_->setColumnWidth(
                 column, table_->fontMetrics().horizontalAdvance(usual[column]) + 2 * margin);
     table_->installEventFilter(this);
-    connect(filter_, &QLineEdit::textChanged, table_, &TableView::setFilterText);
+    connect(filter_, &QLineEdit::textChanged, this, &ProjectsScreen::arrange);
     connect(table_, &QTableView::doubleClicked, this, &ProjectsScreen::openCurrent);
     return table_;
 }
 
-// Enter opens; a letter typed over the table begins a search, the arrows lead back from it.
+// Enter opens, F2 edits the code wherever the row is current; a letter typed over the table begins a search,
+// the arrows lead back from it.
 bool ProjectsScreen::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() != QEvent::KeyPress)
+    // The line of an open cell passes its Enter on.
+    if (event->type() != QEvent::KeyPress || isEditing())
         return TXWidget::eventFilter(watched, event);
     auto* key = static_cast<QKeyEvent*>(event);
     if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
         openCurrent();
         return true;
     }
+    if (watched == table_ && key->key() == Qt::Key_F2 && table_->currentIndex().isValid())
+        table_->setCurrentIndex(table_->currentIndex().siblingAtColumn(ProjectModel::Code));
     const bool isText = !key->text().isEmpty() && key->text()[0].isPrint()
         && key->text()[0] != QLatin1Char(' ')
         && (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
@@ -143,23 +154,29 @@ bool ProjectsScreen::isOnView() const
     return isVisible() && (!current || current == own);
 }
 
+bool ProjectsScreen::isEditing() const
+{
+    return table_->indexWidget(table_->currentIndex()) != nullptr;
+}
+
 // The shell does not tell this screen when it comes on top again.
 void ProjectsScreen::watchActivation()
 {
     if (auto* window = dynamic_cast<QMdiSubWindow*>(parentWidget()))
-        connect(window, &QMdiSubWindow::aboutToActivate, this, [this] {
-            QTimer::singleShot(closingMilliseconds, this, &ProjectsScreen::list);
-        });
+        connect(window, &QMdiSubWindow::aboutToActivate, &again_, qOverload<>(&QTimer::start));
 }
 
 void ProjectsScreen::list()
 {
     if (!isOnView())
         return;
+    if (isEditing()) {
+        again_.start();
+        return;
+    }
     model_->setEditable(controller_->project() == nullptr);
     if (controller_->project()) {
-        scan_->stop();
-        QTimer::singleShot(closingMilliseconds, this, &ProjectsScreen::list);
+        again_.start();
         return;
     }
     const std::wstring workFolder = controller_->settings()->projectPath();
@@ -167,22 +184,25 @@ void ProjectsScreen::list()
     folder_->setText(folder);
     folder_->setToolTip(QStringLiteral("Папка проектов; меняется в настройках программы"));
     if (scan_->start(workFolder))
-        empty_->setText(QStringLiteral("Проектов пока нет.\n\nСоздайте новый проект или откройте файл.\n"
-                                       "Проекты хранятся в папке %1")
-                            .arg(folder));
+        folderWords_ = QStringLiteral("Проектов пока нет.\n\nСоздайте новый проект или откройте файл.\n"
+                                      "Проекты хранятся в папке %1")
+                           .arg(folder);
     else
-        empty_->setText(
+        folderWords_ =
             QStringLiteral("Папка проектов не создаётся:\n%1\n\nВыберите в настройках программы рабочую "
                            "папку, в которую можно записывать.")
-                .arg(folder));
+                .arg(folder);
+    arrange();
 }
 
 void ProjectsScreen::showFound(const QVector<ProjectEntry>& entries)
 {
+    if (entries == model_->entries())
+        return;
     const QModelIndex current = table_->sourceIndex(table_->currentIndex());
     const std::wstring path = current.isValid() ? model_->entries()[current.row()].path : std::wstring();
     model_->setEntries(entries);
-    stack_->setCurrentIndex(entries.isEmpty() ? 1 : 0);
+    arrange();
     int row = 0;
     for (int i = 0; i < entries.size(); ++i)
         if (entries[i].path == path)
@@ -192,6 +212,31 @@ void ProjectsScreen::showFound(const QVector<ProjectEntry>& entries)
         table_->setCurrentIndex(seen);
     if (!filter_->hasFocus())
         table_->setFocus();
+}
+
+// What is typed over the table is looked for in files that come in later, too.
+void ProjectsScreen::showRead(int row, const ProjectEntry& entry)
+{
+    model_->setEntry(row, entry);
+    if (!filter_->text().isEmpty())
+        arrange();
+}
+
+void ProjectsScreen::arrange()
+{
+    table_->setFilterText(filter_->text());
+    if (auto* rows = dynamic_cast<QSortFilterProxyModel*>(table_->model()))
+        rows->sort(rows->sortColumn(), rows->sortOrder());
+    const QVector<ProjectEntry>& entries = model_->entries();
+    const bool isRead = std::none_of(entries.begin(), entries.end(), [](const ProjectEntry& entry) {
+        return entry.state == ProjectEntry::State::waiting;
+    });
+    if (entries.isEmpty())
+        empty_->setText(folderWords_);
+    else
+        empty_->setText(
+            QStringLiteral("Ничего не найдено: «%1».\n\nEsc — показать все проекты.").arg(filter_->text()));
+    stack_->setCurrentIndex(isRead && table_->model()->rowCount() == 0 ? 1 : 0);
 }
 
 void ProjectsScreen::openCurrent()
@@ -217,18 +262,39 @@ void ProjectsScreen::openAnyFile()
         open(file.toStdWString());
 }
 
+void ProjectsScreen::warn(const QString& title, const QString& words)
+{
+    QMessageBox::warning(controller_->mainWindow(), title, words);
+}
+
+bool ProjectsScreen::mayOpen(const QString& title)
+{
+    if (!controller_->project())
+        return true;
+    warn(title, QStringLiteral("Сначала закройте текущий проект: «Файл», «Закрыть текущий проект»."));
+    return false;
+}
+
+void ProjectsScreen::makeNewProject()
+{
+    const QString title = QStringLiteral("Новый проект");
+    if (!mayOpen(title))
+        return;
+    Q_EMIT signalShowOpenProject();
+    if (!controller_->project())
+        warn(title,
+            QStringLiteral("Последний файл не открылся, и пока это так, новый проект не создаётся.\n"
+                           "Откройте любой исправный проект и закройте его или запустите программу заново."));
+}
+
 void ProjectsScreen::open(const std::wstring& path)
 {
-    const auto refuse = [this](const QString& words) {
-        QMessageBox::warning(controller_->mainWindow(), QStringLiteral("Открытие проекта"), words);
-    };
-    if (controller_->project()) {
-        refuse(QStringLiteral("Сначала закройте текущий проект: «Файл», «Закрыть текущий проект»."));
+    const QString title = QStringLiteral("Открытие проекта");
+    if (!mayOpen(title))
         return;
-    }
     // Looked at first: after an attempt that failed the shell would make no new project until one succeeds.
     if (const std::wstring problem = openingProblem(path); !problem.empty()) {
-        refuse(QString::fromStdWString(systemPath(path) + L"\n\n" + problem));
+        warn(title, QString::fromStdWString(systemPath(path) + L"\n\n" + problem));
         return;
     }
     scan_->stop();
@@ -242,18 +308,25 @@ void ProjectsScreen::open(const std::wstring& path)
 
 void ProjectsScreen::storeCode(int row, const QString& code)
 {
-    const std::wstring path = model_->entries()[row].path;
-    controller_->setProjectCodeOf(path, code.toStdWString());
+    const QString title = QStringLiteral("Шифр проекта");
+    if (!mayOpen(title))
+        return;
     ProjectEntry entry;
-    entry.path = path;
-    const FileInfo file = fileInfo(path);
-    entry.size = file.size;
-    entry.modified = file.modified;
-    readProjectEntry(entry, controller_->settings()->projectPath());
-    model_->setEntry(row, entry);
-    if (entry.code != code.toStdWString())
-        QMessageBox::warning(controller_->mainWindow(),
-            QStringLiteral("Шифр проекта"),
-            QStringLiteral("Шифр не записан. Проверьте, можно ли изменять файл %1")
-                .arg(QString::fromStdWString(systemPath(path))));
+    entry.path = model_->entries()[row].path;
+    const std::wstring workFolder = controller_->settings()->projectPath();
+    // The file may have changed since it was listed, and the shell writes it without a question.
+    const std::wstring problem = storingProblem(entry.path, workFolder);
+    if (problem.empty())
+        controller_->setProjectCodeOf(entry.path, code.toStdWString());
+    lookAtFile(entry);
+    readProjectEntry(entry, workFolder);
+    scan_->setEntry(row, entry);
+    const QString path = QString::fromStdWString(systemPath(entry.path));
+    if (!problem.empty())
+        warn(title, QStringLiteral("Шифр не записан.\n%1\n\n").arg(path) + QString::fromStdWString(problem));
+    else if (entry.code != code.toStdWString())
+        warn(title,
+            QStringLiteral("Шифр записан не так, как введён: в файле стоит «%1».\nПроверьте, можно ли "
+                           "изменять файл %2 и нет ли в шифре редких знаков.")
+                .arg(QString::fromStdWString(entry.code), path));
 }

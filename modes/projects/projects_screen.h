@@ -4,10 +4,11 @@
 #include "projects/project_model.h"
 #include "projects/project_scan.h"
 
+#include <QTimer>
+
 class IMainController;
 class QLabel;
 class QLineEdit;
-class QPushButton;
 class QStackedLayout;
 class TableView;
 
@@ -30,13 +31,21 @@ private:
     QLayout* makeHead();
     QWidget* makeTable();
     bool isOnView() const;
+    bool isEditing() const;
     void watchActivation();
-    // Lists the folder if it may, now or as soon as the open project has been closed.
+    // Lists the folder if it may, now or as soon as the open project or cell has been closed.
     void list();
     void showFound(const QVector<ProjectEntry>& entries);
+    void showRead(int row, const ProjectEntry& entry);
+    // Filters and sorts anew, and puts words where no row is left.
+    void arrange();
     void openCurrent();
     void openAnyFile();
+    void makeNewProject();
     void storeCode(int row, const QString& code);
+    // Whether no project is open; else the user is asked to close it.
+    bool mayOpen(const QString& title);
+    void warn(const QString& title, const QString& words);
 
     IMainController* controller_;
     ProjectModel* model_;
@@ -46,4 +55,6 @@ private:
     QLabel* folder_;
     QLabel* empty_;
     QStackedLayout* stack_;
+    QTimer again_;
+    QString folderWords_; // for a folder without projects
 };

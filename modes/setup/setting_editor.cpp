@@ -8,6 +8,9 @@
 #include <QDoubleSpinBox>
 #include <QSpinBox>
 
+#include <memory>
+#include <utility>
+
 static SettingEditor flagEditor(QWidget* parent)
 {
     auto* box = new QCheckBox(parent);
@@ -57,14 +60,18 @@ static SettingEditor numberEditor(Box* box, const SettingRow& row)
 {
     box->setSuffix(QString::fromWCharArray(row.unit));
     box->setRange(Number(row.smallest), Number(row.largest));
+    // The number as stored, and as the box shows it.
+    const auto stored = std::make_shared<std::pair<Number, Number>>();
     return {nullptr,
         box,
-        [box] { return QVariant(box->value()); },
-        // A stored number outside of the range stays what it is until the user changes it.
-        [box](const QVariant& value) {
+        // A stored number with more digits than the box shows stays what it is until the user changes it.
+        [box, stored] { return QVariant(box->value() == stored->second ? stored->first : box->value()); },
+        // So does one outside of the range.
+        [box, stored](const QVariant& value) {
             const auto number = value.value<Number>();
             box->setRange(qMin(box->minimum(), number), qMax(box->maximum(), number));
             box->setValue(number);
+            *stored = {number, box->value()};
         }};
 }
 
@@ -94,6 +101,9 @@ SettingEditor makeSettingEditor(const SettingRow& row, const SettingAccess& acce
     SettingEditor editor = editorFor(row, access, parent);
     editor.access = &access;
     editor.widget->setObjectName(QString::fromLatin1(row.key.data(), int(row.key.size())));
+    // The wheel passes over an editor without taking the focus there.
+    if (editor.widget->focusPolicy() == Qt::WheelFocus)
+        editor.widget->setFocusPolicy(Qt::StrongFocus);
     editor.widget->setToolTip(QString::fromWCharArray(row.tip));
     return editor;
 }

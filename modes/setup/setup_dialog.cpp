@@ -5,6 +5,8 @@
 #include "platform/files.h"
 
 #include <QDialogButtonBox>
+#include <QDir>
+#include <QEvent>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -64,6 +66,7 @@ QWidget* SetupDialog::makePage(const SettingPage& page)
         auto* label = new QLabel(QString::fromWCharArray(row.label), content);
         label->setBuddy(editor.widget);
         label->setToolTip(editor.widget->toolTip());
+        editor.widget->installEventFilter(this);
         form->addRow(label, editor.widget);
         if (row.key == "typeObject")
             editor.widget->setEnabled(settings.isShowTypeObject() != 0);
@@ -80,6 +83,17 @@ SettingEditor& SetupDialog::editorOf(std::string_view key)
     });
 }
 
+// The wheel scrolls the page; it changes no number or choice on its way unless the user works in it.
+bool SetupDialog::eventFilter(QObject* watched, QEvent* event)
+{
+    const auto* widget = dynamic_cast<QWidget*>(watched);
+    if (event->type() == QEvent::Wheel && widget && !widget->hasFocus()) {
+        event->ignore();
+        return true;
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
 void SetupDialog::resetPage()
 {
     const SettingPage& page = settingPages()[static_cast<std::size_t>(list_->currentRow())];
@@ -91,17 +105,26 @@ void SetupDialog::resetPage()
 
 bool SetupDialog::makeProjectsFolder()
 {
-    const std::wstring folder = editorOf("projectPath").value().toString().toStdWString();
-    const FileResult made = createFolder(folder + L"\\Проекты");
-    if (made)
+    const SettingEditor& editor = editorOf("projectPath");
+    const std::wstring folder = editor.value().toString().toStdWString();
+    const QString shown = QString::fromStdWString(systemPath(folder));
+    QString problem = QStringLiteral("Нужен полный путь папки.");
+    if (!QDir::isRelativePath(shown)) {
+        const FileResult made = createFolder(folder + L"\\Проекты");
+        if (made)
+            return true;
+        problem = QString::fromStdWString(made.reason);
+    }
+    // The folder may be out of reach for now; the other settings can be changed all the same.
+    if (editor.value() == editor.access->read(*controller_->settings()))
         return true;
     list_->setCurrentRow(0);
     QMessageBox::warning(this,
         windowTitle(),
         QStringLiteral("В рабочей папке не создаётся папка «Проекты»:\n%1\n\n%2\n\nВыберите папку, в которую "
                        "можно записывать.")
-            .arg(QString::fromStdWString(systemPath(folder)), QString::fromStdWString(made.reason)));
-    editorOf("projectPath").widget->setFocus();
+            .arg(shown, problem));
+    editor.widget->setFocus();
     return false;
 }
 

@@ -17,8 +17,11 @@ class SetupDialog : public QDialog
 public:
     explicit SetupDialog(ITellurixController* controller);
 
-    // Makes the folder of projects in the work folder first; stays open where that fails.
+    // Makes the folder of projects in the work folder first; stays open where that fails in a new one.
     void accept() override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QWidget* makePage(const SettingPage& page);

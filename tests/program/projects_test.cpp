@@ -1,6 +1,8 @@
 #include "program/program_test.h"
 
+#include <QHeaderView>
 #include <QLabel>
+#include <QProgressBar>
 #include <QPushButton>
 
 namespace
@@ -34,6 +36,11 @@ protected:
         return -1;
     }
     QString at(const QString& file, Column column) { return cell(registerTable(), rowOf(file), column); }
+    void pressNewProject()
+    {
+        QTest::mouseClick(
+            screen(ModeProjects)->findChild<QPushButton*>(QStringLiteral("newProject")), Qt::LeftButton);
+    }
     void write(const QString& name, const QByteArray& bytes)
     {
         QFile file(here(projectsFolder + QLatin1Char('/') + name));
@@ -104,8 +111,7 @@ TEST_F(Projects, DamagedFileIsRefusedInWordsAndNewProjectsStillCome)
         if (QWidget* dialog = QApplication::activeModalWidget())
             dialog->close();
     });
-    QTest::mouseClick(
-        screen(ModeProjects)->findChild<QPushButton*>(QStringLiteral("newProject")), Qt::LeftButton);
+    pressNewProject();
     QTest::qWait(500);
     ASSERT_NE(controller().dbProject(), nullptr);
     EXPECT_EQ(controller().dbProject()->getFilePath(), L"TLXXXXX.TLX");
@@ -116,7 +122,8 @@ TEST_F(Projects, CodeIsEditedInPlaceWhereTheFileIsTheProjectsOwn)
     const QString path = project(QStringLiteral("LURGAN"));
     write(QStringLiteral("copy.TLX"), content(path));
     list();
-    type(registerTable(), rowOf(QStringLiteral("LURGAN.TLX")), Code, QStringLiteral("Ш-9"));
+    type(registerTable(), rowOf(QStringLiteral("LURGAN.TLX")), Name, QStringLiteral("Ш-9"));
+    ASSERT_EQ(controller().dbProject(), nullptr) << "Enter closes the cell, it opens no project";
     EXPECT_EQ(at(QStringLiteral("LURGAN.TLX"), Code), QStringLiteral("Ш-9"));
     EXPECT_EQ(controller().projectCodeOf(path.toStdWString()), L"Ш-9");
     const auto* model = registerTable()->model();
@@ -135,7 +142,120 @@ TEST_F(Projects, OpenProjectIsClosedFirst)
     QTest::keyClick(registerTable(), Qt::Key_Return);
     ASSERT_EQ(answers.boxes().size(), 1U);
     EXPECT_NE(answers.boxes()[0].find(L"Сначала закройте текущий проект"), std::wstring::npos);
+    pressNewProject();
+    ASSERT_EQ(answers.boxes().size(), 2U);
+    EXPECT_NE(answers.boxes()[1].find(L"Сначала закройте текущий проект"), std::wstring::npos);
     EXPECT_EQ(controller().dbProject(), before);
+}
+
+// The list may be older than the file: a code goes into no other project's place, nor into a file that would
+// lose rows by being written.
+TEST_F(Projects, CodeIsNotWrittenIntoAFileThatHasBecomeAnother)
+{
+    const QString path = project(QStringLiteral("LURGAN"));
+    QByteArray twins = content(path);
+    const QByteArray other = content(QStringLiteral(TELLURIX_SAMPLES "/PORTADOWN.TLX"));
+    twins.replace("BH02", "BH01");
+    const std::pair<QByteArray, const wchar_t*> cases[] = {
+        {other, L"сохраняется в другое место"}, {twins, L"имена"}, {other.left(3000), L"Critical Error"}};
+    for (const auto& [bytes, reason] : cases) {
+        // The editor of the round before.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        project(QStringLiteral("LURGAN"));
+        list();
+        write(QStringLiteral("LURGAN/LURGAN.TLX"), bytes);
+        const MessageAnswers answers;
+        type(registerTable(), 0, Code, QStringLiteral("Ш-9"));
+        ASSERT_EQ(answers.boxes().size(), 1U);
+        EXPECT_NE(answers.boxes()[0].find(reason), std::wstring::npos)
+            << QString::fromStdWString(answers.boxes()[0]).toStdString();
+        EXPECT_EQ(content(path), bytes);
+        EXPECT_FALSE(QFile::exists(here(projectsFolder + QStringLiteral("/PORTADOWN"))));
+    }
+}
+
+TEST_F(Projects, ReadingStopsWhenAProjectIsOpenedAndGoesOnAfterIt)
+{
+    const QString path = project(QStringLiteral("LURGAN"));
+    for (int i = 0; i < 60; ++i)
+        QFile::copy(path, here(projectsFolder + QStringLiteral("/%1.TLX").arg(i)));
+    Q_EMIT bus(ModeProjects)->signalUpdateProjectsPath();
+    EXPECT_FALSE(isRead());
+    auto* progress = shell.mainWindow->findChild<QProgressBar*>();
+    EXPECT_FALSE(progress->isHidden());
+    openFromCommandLine(controller(), path.toLocal8Bit().constData());
+    QTest::qWait(300);
+    EXPECT_FALSE(isRead());
+    EXPECT_TRUE(progress->isHidden());
+    const MessageAnswers answers({QMessageBox::No});
+    action(ShellAction::Close)->trigger();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return isRead(); }, 20000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return progress->isHidden(); }));
+}
+
+TEST_F(Projects, FilterAndOrderHoldForFilesThatComeLater)
+{
+    project(QStringLiteral("LURGAN"));
+    project(QStringLiteral("PORTADOWN"));
+    auto* filter = screen(ModeProjects)->findChild<QLineEdit*>(QStringLiteral("filter"));
+    enter(filter, QStringLiteral("19-0217"));
+    list();
+    EXPECT_TRUE(QTest::qWaitFor(
+        [this] { return registerTable() && registerTable()->model()->rowCount() == 1; }, 20000));
+    enter(filter, QStringLiteral("нет такого"));
+    EXPECT_EQ(registerTable(), nullptr) << "words instead of an empty table";
+    QTest::keyClick(filter, Qt::Key_Escape);
+    ASSERT_NE(registerTable(), nullptr);
+
+    auto* header = registerTable()->horizontalHeader();
+    for (int click = 0; click < 2; ++click)
+        QTest::mouseClick(
+            header->viewport(), Qt::LeftButton, {}, QPoint(header->sectionViewportPosition(Points) + 5, 5));
+    EXPECT_EQ(cell(registerTable(), 0, File), QStringLiteral("PORTADOWN.TLX"));
+    project(QStringLiteral("ALLTEXT"));
+    list();
+    EXPECT_EQ(cell(registerTable(), 0, File), QStringLiteral("PORTADOWN.TLX"));
+    EXPECT_EQ(cell(registerTable(), 2, File), QStringLiteral("ALLTEXT.TLX"));
+}
+
+TEST_F(Projects, MarkOfATakenPlaceFollowsTheOtherFile)
+{
+    const QString path = project(QStringLiteral("LURGAN"));
+    QFile::copy(path, here(projectsFolder + QStringLiteral("/copy.TLX")));
+    const auto told = [this] {
+        const auto* model = registerTable()->model();
+        const QModelIndex index = model->index(rowOf(QStringLiteral("copy.TLX")), Name);
+        return index.data(Qt::ToolTipRole).toString().contains(QStringLiteral("Там уже есть другой файл"));
+    };
+    list();
+    EXPECT_TRUE(told());
+    QFile::remove(path);
+    list();
+    EXPECT_FALSE(told());
+    EXPECT_TRUE(at(QStringLiteral("copy.TLX"), SavingPlace).contains(QStringLiteral("LURGAN")));
+
+    // The same file by another name is no other file.
+    QFile::remove(here(projectsFolder + QStringLiteral("/copy.TLX")));
+    const QString own = project(QStringLiteral("LURGAN"));
+    ASSERT_TRUE(QFile::link(own, here(projectsFolder + QStringLiteral("/link.TLX"))));
+    list();
+    EXPECT_EQ(at(QStringLiteral("link.TLX"), SavingPlace), QStringLiteral("этот файл"));
+}
+
+TEST_F(Projects, NewProjectAfterAFailedOpenIsExplained)
+{
+    QByteArray older = content(project(QStringLiteral("LURGAN")));
+    older[12] = 103;
+    QDir(here(projectsFolder + QStringLiteral("/LURGAN"))).removeRecursively();
+    write(QStringLiteral("older.TLX"), older);
+    list();
+    const MessageAnswers answers;
+    registerTable()->setCurrentIndex(registerTable()->model()->index(0, Name));
+    QTest::keyClick(registerTable(), Qt::Key_Return);
+    pressNewProject();
+    ASSERT_EQ(answers.boxes().size(), 2U);
+    EXPECT_NE(answers.boxes()[0].find(L"Rar.exe"), std::wstring::npos) << "the shell's own words";
+    EXPECT_NE(answers.boxes()[1].find(L"новый проект не создаётся"), std::wstring::npos);
 }
 
 TEST_F(Projects, ListComesBackWhenTheProjectIsClosed)

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QSpinBox>
+#include <QWheelEvent>
 
 #include <functional>
 
@@ -92,6 +93,8 @@ TEST_F(Setup, AcceptingWithoutAChangeChangesNothing)
     shell.settings->setChooseBackgroundSectionColor(10, 20, 30);
     shell.settings->setTypeGraphStatic(7777);
     shell.settings->setReportLanguage(5);
+    shell.settings->setPowerSectionEditor(0.125);
+    shell.settings->setDistanceSectionEditor(0.0004);
     shell.settings->save();
     const QString path = here(settingsFileName);
     const auto values = [&] {
@@ -105,6 +108,7 @@ TEST_F(Setup, AcceptingWithoutAChangeChangesNothing)
     work([&](QDialog& dialog) { press(dialog, QStringLiteral("OK")); });
     EXPECT_EQ(values(), before);
     EXPECT_EQ(shell.settings->chooseBackgroundSectionColorGreen(), 20);
+    EXPECT_EQ(shell.settings->powerSectionEditor(), 0.125) << "more digits than are shown";
 }
 
 TEST_F(Setup, PageGoesBackToItsInitialValues)
@@ -145,6 +149,66 @@ TEST_F(Setup, WorkFolderGetsItsFolderOfProjects)
     ASSERT_EQ(answers.boxes().size(), 1U);
     EXPECT_NE(answers.boxes()[0].find(L"не создаётся папка «Проекты»"), std::wstring::npos);
     EXPECT_TRUE(QString::fromStdWString(shell.settings->projectPath()).endsWith(QStringLiteral("работа")));
+}
+
+TEST_F(Setup, WorkFolderOutOfReachHoldsBackNoOtherSetting)
+{
+    const std::wstring gone = QDir::fromNativeSeparators(here(QStringLiteral("нет/такой"))).toStdWString();
+    shell.settings->setProjectPath(gone);
+    const std::wstring stored = shell.settings->projectPath();
+    {
+        const MessageAnswers answers;
+        work([&](QDialog& dialog) {
+            editor<QComboBox>(dialog, "reportLanguage")->setCurrentIndex(1);
+            press(dialog, QStringLiteral("OK"));
+            dialog.reject();
+        });
+        EXPECT_TRUE(answers.boxes().empty());
+    }
+    EXPECT_EQ(shell.settings->reportLanguage(), 1);
+    EXPECT_EQ(shell.settings->projectPath(), stored);
+    for (const QString& folder : {QString(), QStringLiteral("работа")}) {
+        const MessageAnswers answers;
+        work([&](QDialog& dialog) {
+            editor<QWidget>(dialog, "projectPath")->findChild<QLineEdit*>()->setText(folder);
+            press(dialog, QStringLiteral("OK"));
+            dialog.reject();
+        });
+        ASSERT_EQ(answers.boxes().size(), 1U) << qPrintable(folder);
+        EXPECT_NE(answers.boxes()[0].find(L"Нужен полный путь"), std::wstring::npos);
+    }
+    EXPECT_EQ(shell.settings->projectPath(), stored);
+}
+
+// Else a page that is scrolled with the wheel changes whatever comes under the pointer.
+TEST_F(Setup, WheelChangesOnlyTheEditorThatIsWorkedIn)
+{
+    work([&](QDialog& dialog) {
+        auto* pages = dialog.findChild<QListWidget*>();
+        pages->setCurrentRow(1);
+        pages->setFocus();
+        auto* box = editor<QSpinBox>(dialog, "conventionsCellHeightSection");
+        const auto isTaken = [&] {
+            const QPoint at = box->rect().center();
+            QWheelEvent wheel(at,
+                box->mapToGlobal(at),
+                {},
+                QPoint(0, -120),
+                Qt::NoButton,
+                Qt::NoModifier,
+                Qt::NoScrollPhase,
+                false);
+            QCoreApplication::sendEvent(box, &wheel);
+            return wheel.isAccepted();
+        };
+        EXPECT_NE(box->focusPolicy(), Qt::WheelFocus);
+        EXPECT_FALSE(isTaken()) << "left to the page";
+        EXPECT_EQ(box->value(), 10);
+        box->setFocus();
+        EXPECT_TRUE(isTaken());
+        EXPECT_EQ(box->value(), 9);
+        dialog.reject();
+    });
 }
 
 TEST_F(Setup, ObjectTypeIsTheProjectsOwnWhileOneIsOpen)
