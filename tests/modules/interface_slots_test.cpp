@@ -1,5 +1,5 @@
-// The positions of the operations in the interfaces shared with modules, each list written down a second time:
-// modules that were built apart call by position.
+// The positions of the operations in the interfaces shared with modules, each list written down a second
+// time: modules that were built apart call by position.
 
 #include "ground/ground_controller.h"
 #include "modules/idb_hatch.h"
@@ -15,8 +15,8 @@
 #include <cstddef>
 #include <vector>
 
-// The place in the table of virtual functions that a pointer to a virtual member holds, doubled and odd as both of
-// our compilers have it on this machine.
+// The place in the table of virtual functions that a pointer to a virtual member holds, doubled and odd as
+// both of our compilers have it on this machine.
 template <class Operation>
 static std::size_t slotOf(Operation operation)
 {
@@ -34,7 +34,9 @@ struct Slot {
 
 } // namespace
 
+// clang-format off
 #define SLOT(Interface, operation) {#operation, slotOf(&Interface::operation)}
+// clang-format on
 
 static void expectInOrder(const std::vector<Slot>& slots, std::size_t count)
 {

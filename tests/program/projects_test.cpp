@@ -107,12 +107,15 @@ TEST_F(Projects, DamagedFileIsRefusedInWordsAndNewProjectsStillCome)
     }
     EXPECT_FALSE(controller().openFailed());
     // The list of points asks for the new project's name; later, says the user.
-    QTimer::singleShot(300, [] {
+    bool asked = false;
+    QTimer user;
+    QObject::connect(&user, &QTimer::timeout, [&asked] {
         if (QWidget* dialog = QApplication::activeModalWidget())
-            dialog->close();
+            asked = dialog->close();
     });
+    user.start(20);
     pressNewProject();
-    QTest::qWait(500);
+    EXPECT_TRUE(QTest::qWaitFor([&asked] { return asked; }));
     ASSERT_NE(controller().dbProject(), nullptr);
     EXPECT_EQ(controller().dbProject()->getFilePath(), L"TLXXXXX.TLX");
 }

@@ -23,6 +23,8 @@ protected:
         QTimer::singleShot(100, [&] {
             auto* dialog = dynamic_cast<QDialog*>(QApplication::activeModalWidget());
             ASSERT_NE(dialog, nullptr);
+            // An editor of a window that is not active yet takes no focus.
+            EXPECT_TRUE(QTest::qWaitForWindowActive(dialog));
             user(*dialog);
         });
         action(ShellAction::Setup)->trigger();

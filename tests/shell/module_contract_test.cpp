@@ -87,7 +87,8 @@ struct MakerMirror {
 namespace
 {
 
-// The two long signatures go over a line end. NOLINTNEXTLINE(bugprone-suspicious-missing-comma)
+// The two long signatures go over a line end.
+// NOLINTBEGIN(bugprone-suspicious-missing-comma)
 const char* const signalNames[] = {
     "signalLoadProjects()",
     "signalUpdateProjectsPath()",
@@ -136,6 +137,7 @@ const char* const signalNames[] = {
     "ISectionCommonController*,std::wstring)",
     "signalInitializeGL()",
 };
+// NOLINTEND(bugprone-suspicious-missing-comma)
 
 class ModuleContract : public ShellTest
 {
