@@ -21,8 +21,10 @@ Reference<DBProject> buildOrRefuse(std::span<const std::uint8_t> text)
     try {
         return projectFromJson(parseJson(text));
     } catch (const ToolError& failure) {
-        require(
-            std::string_view(failure.what()).find(": ") != std::string_view::npos, "a place and a reason");
+        const std::string_view sentence = failure.what();
+        // A place and a reason, or the name of a member that comes twice.
+        require(sentence.find(": ") != sentence.npos || sentence.find("дважды") != sentence.npos,
+            "a sentence that says where");
         return {};
     }
 }

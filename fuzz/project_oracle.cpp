@@ -76,7 +76,6 @@ void requireLossesOfRead(const std::vector<SaveLoss>& losses)
              Kind::textCut,
              Kind::byteCut,
              Kind::sectionFlag,
-             Kind::subsidence,
              Kind::subsidenceNames})
         require(countOf(losses, kind) == 0, "no loss that a project from a file cannot have");
 }
