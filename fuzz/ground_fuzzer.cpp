@@ -320,8 +320,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (std::size_t begin = 0; begin < script.size();) {
         const std::size_t end = std::min(script.find(L'\n', begin), script.size());
         run.line(std::wstring_view(script).substr(begin, end - begin));
-        run.requireNames();
         begin = end + 1;
     }
+    run.requireNames();
     return 0;
 }
