@@ -68,6 +68,8 @@ static int runShell(Shell& shell, int argc, char** argv)
         return -1;
     if (argc > 1)
         openFromCommandLine(*shell.mainController, argv[1]);
+    // After the command line's project, so that a copy of that very project can be offered first.
+    shell.mainController->offerRecovery();
     // A window that was closed while the shell came up: leaving an event loop that has not begun yet would
     // have no effect.
     return shell.mainController->leaving() ? 0 : QApplication::exec();

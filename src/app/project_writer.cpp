@@ -39,13 +39,29 @@ ProjectWriter::ProjectWriter(IDBProject* project, ISettings* settings)
 
 FileResult ProjectWriter::write() const
 {
-    const auto bytes = encodeProject(*project_);
+    const auto bytes = encode();
+    if (FileResult made = makeFolder(); !made)
+        return made;
+    return write(bytes);
+}
+
+std::vector<std::uint8_t> ProjectWriter::encode() const
+{
+    return encodeProject(*project_);
+}
+
+FileResult ProjectWriter::makeFolder() const
+{
+    if (fileExists(projectPlace(*project_, *settings_)))
+        return {};
+    return createFolder(projectFolder(*project_, *settings_));
+}
+
+FileResult ProjectWriter::write(std::span<const std::uint8_t> bytes) const
+{
     const std::wstring place = projectPlace(*project_, *settings_);
-    if (fileExists(place)) {
+    if (fileExists(place))
         if (FileResult kept = copyFile(place, withExtension(place, L".bak")); !kept)
             return kept;
-    } else if (FileResult made = createFolder(projectFolder(*project_, *settings_)); !made) {
-        return made;
-    }
     return replaceFile(place, bytes);
 }

@@ -271,14 +271,24 @@ void ProjectLock::release()
     owner_.reset();
 }
 
-std::optional<LockOwner> foreignOwner(const std::wstring& place)
+bool isThisProgram(const LockOwner& owner)
+{
+    return owner.computer == computerName() && owner.process == currentProcess();
+}
+
+std::optional<LockOwner> livingOwner(const std::wstring& place)
 {
     const Look look = lookAt(place);
     if (!look.isLiving())
         return {};
-    const LockOwner owner = look.owner.value_or(LockOwner{});
-    if (owner.computer == computerName() && owner.process == currentProcess())
-        return {};
+    return look.owner.value_or(LockOwner{});
+}
+
+std::optional<LockOwner> foreignOwner(const std::wstring& place)
+{
+    auto owner = livingOwner(place);
+    if (owner && isThisProgram(*owner))
+        owner.reset();
     return owner;
 }
 

@@ -65,7 +65,11 @@ struct ProjectLock::Attempt {
 
 inline constexpr std::wstring_view lockSuffix = L".lock";
 
-// Who beside this very program has the place locked now; nothing for a stale lock.
+// Whether it is a lock of the very process that asks.
+bool isThisProgram(const LockOwner& owner);
+
+// Who has the place locked now, and who beside this very program; nothing for a stale lock.
+std::optional<LockOwner> livingOwner(const std::wstring& place);
 std::optional<LockOwner> foreignOwner(const std::wstring& place);
 
 // The record of a place's lock, whoever it is and whether it is stale or not.

@@ -1,0 +1,165 @@
+#include "app/recovery_copy.h"
+
+#include "core/base/content_hash.h"
+#include "modules/isettings.h"
+#include "platform/files.h"
+#include "platform/safe_write.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include <random>
+#include <utility>
+
+using namespace std::chrono;
+
+static const std::wstring recoveryFolder = L"Восстановление";
+
+static QString systemText(const std::wstring& path)
+{
+    return QString::fromStdWString(systemPath(path));
+}
+
+std::vector<std::wstring> recoveryFolders(ISettings& settings)
+{
+    const QString own = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
+    return {
+        settings.projectPath() + L'\\' + recoveryFolder, (own + QStringLiteral("/recovery")).toStdWString()};
+}
+
+// In the work folder one level only: where that folder is out of reach, none must be made in its place.
+static bool makeFolder(const std::wstring& folder, bool isUsersOwn)
+{
+    if (isUsersOwn)
+        QDir().mkpath(systemText(folder));
+    return bool(createFolder(folder));
+}
+
+// What stands in a project may hold anything; a file's name not. A number of its own tells two copies of one
+// project apart.
+static std::wstring fileNameFor(const std::wstring& name)
+{
+    constexpr std::size_t longest = 60;
+    std::wstring safe;
+    for (const wchar_t c : name.substr(0, longest))
+        safe += c < L' ' || std::wstring_view(L"<>:\"/\\|?*").find(c) != std::wstring_view::npos ? L'_' : c;
+    const QString number = QString::number(std::random_device{}(), 16);
+    return safe + L'-' + number.rightJustified(8, QLatin1Char('0')).toStdWString() + L".TLX";
+}
+
+RecoveryCopy::~RecoveryCopy()
+{
+    finishWriting();
+}
+
+void RecoveryCopy::finishWriting()
+{
+    if (thread_.joinable())
+        thread_.join();
+}
+
+void RecoveryCopy::begin(std::uint64_t savedState)
+{
+    finishWriting();
+    copy_.reset();
+    adopted_.reset();
+    copiedState_.reset();
+    savedState_ = savedState;
+}
+
+void RecoveryCopy::adopt(const std::wstring& path)
+{
+    // One that a living program writes stays that one's.
+    adopted_ = std::move(ProjectLock::tryTake(path).lock);
+}
+
+// The file first: without its lock it would be one that a crash has left. One that cannot be taken away is
+// offered at the next start, with the time of the newer saved file beside it.
+void RecoveryCopy::takeAway(std::optional<ProjectLock>& copy)
+{
+    if (copy)
+        QFile::remove(systemText(copy->place()));
+    copy.reset();
+}
+
+void RecoveryCopy::saved(std::uint64_t savedState)
+{
+    remove();
+    savedState_ = savedState;
+}
+
+void RecoveryCopy::remove()
+{
+    finishWriting();
+    takeAway(copy_);
+    takeAway(adopted_);
+    copiedState_.reset();
+}
+
+bool RecoveryCopy::choosePlace(const std::wstring& name, const std::vector<std::wstring>& folders)
+{
+    for (std::size_t i = 0; i < folders.size() && !copy_; ++i) {
+        const std::size_t index = (nextFolder_ + i) % folders.size();
+        if (makeFolder(folders[index], index > 0))
+            copy_ = std::move(ProjectLock::tryTake(folders[index] + L'\\' + fileNameFor(name)).lock);
+    }
+    return copy_.has_value();
+}
+
+void RecoveryCopy::keep(
+    std::vector<std::uint8_t> bytes, const std::wstring& name, const std::vector<std::wstring>& folders)
+{
+    finishWriting();
+    if (!result_) {
+        takeAway(copy_);
+        copiedState_.reset();
+        ++nextFolder_;
+        result_ = {};
+    }
+    const std::uint64_t state = contentHash(bytes);
+    if (state == savedState_) {
+        takeAway(copy_);
+        copiedState_.reset();
+        return;
+    }
+    if (copiedState_ == state)
+        return;
+    if (!copy_ && !choosePlace(name, folders)) {
+        failure_ = L"папка для копий недоступна";
+        return;
+    }
+    copiedState_ = state;
+    isWriting_ = true;
+    thread_ = std::thread([this, path = copy_->place(), bytes = std::move(bytes)] {
+        const auto start = steady_clock::now();
+        try {
+            result_ = replaceFile(path, bytes);
+        } catch (...) {
+            result_ = {FileStep::Write, L"не хватает памяти"};
+        }
+        writingTime_ = duration_cast<milliseconds>(steady_clock::now() - start);
+        isWriting_ = false;
+    });
+}
+
+std::wstring RecoveryCopy::failure()
+{
+    if (!isWriting_) {
+        finishWriting();
+        if (!result_)
+            failure_ = result_.reason;
+        else if (copiedState_)
+            failureIsTold_ = false;
+    }
+    const std::wstring words = std::exchange(failure_, {});
+    return words.empty() || std::exchange(failureIsTold_, true) ? std::wstring() : words;
+}
+
+void RecoveryCopy::giveSign()
+{
+    for (std::optional<ProjectLock>* copy : {&copy_, &adopted_})
+        if (*copy)
+            (*copy)->refresh();
+}
