@@ -95,6 +95,7 @@ public:
     // Brings the copy of the open project up to date; the time it took here and, the last time, in the
     // thread.
     std::chrono::milliseconds keepRecoveryCopy();
+    bool isCopying() const { return recovery_.isWriting(); }
     // The lock and the copy show that the program lives.
     void giveSignOfLife();
     bool openFailed() const { return openFailed_; }

@@ -7,11 +7,11 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
-#include <QShortcut>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -80,8 +80,6 @@ RecoveryDialog::RecoveryDialog(
     connect(restore_, &QPushButton::clicked, this, &RecoveryDialog::restoreCurrent);
     connect(remove, &QPushButton::clicked, this, &RecoveryDialog::deleteCurrent);
     connect(later, &QPushButton::clicked, this, &QDialog::reject);
-    connect(
-        new QShortcut(Qt::Key_Delete, table_), &QShortcut::activated, this, &RecoveryDialog::deleteCurrent);
     connect(table_, &QTableWidget::itemDoubleClicked, this, &RecoveryDialog::restoreCurrent);
     connect(table_, &QTableWidget::currentCellChanged, this, &RecoveryDialog::showCurrent);
 
@@ -178,6 +176,14 @@ void RecoveryDialog::restoreCurrent()
         return;
     chosen_ = copies_[std::size_t(row)].path;
     accept();
+}
+
+void RecoveryDialog::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Delete)
+        deleteCurrent();
+    else
+        QDialog::keyPressEvent(event);
 }
 
 void RecoveryDialog::deleteCurrent()

@@ -17,6 +17,10 @@ public:
     // Path of the copy to open.
     const std::wstring& chosen() const { return chosen_; }
 
+protected:
+    // Del deletes.
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     QTableWidget* makeTable();
     void fillRow(int row);
