@@ -36,21 +36,24 @@ void MainController::watchProject()
 
 milliseconds MainController::keepRecoveryCopy()
 {
-    if (const std::wstring failure = recovery_.failure(); !failure.empty())
+    if (const std::wstring failure = recovery_.newFailure(); !failure.empty())
         showStatus(QStringLiteral("Копия проекта на случай сбоя не записана: %1. Сохраняйте проект чаще.")
                        .arg(QString::fromStdWString(failure)),
             0);
     if (!project_ || recovery_.isWriting())
         return {};
+    const milliseconds writing = recovery_.writingTime();
     const auto start = steady_clock::now();
     try {
-        recovery_.keep(
-            encodeProject(*project_), fileStem(project_->getFilePath()), recoveryFolders(*settings_));
+        constexpr std::size_t growth = 4096; // of a minute's typing
+        recovery_.keep(encodeProject(*project_, recovery_.lastSize() + growth),
+            fileStem(project_->getFilePath()),
+            recoveryFolders(*settings_));
     } catch (...) {
         // A project that cannot be encoded cannot be saved either, and the save tells. The copy of the last
         // state that could be stays.
     }
-    return duration_cast<milliseconds>(steady_clock::now() - start) + recovery_.writingTime();
+    return writing + duration_cast<milliseconds>(steady_clock::now() - start);
 }
 
 void MainController::giveSignOfLife()

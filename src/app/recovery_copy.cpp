@@ -66,6 +66,7 @@ void RecoveryCopy::begin(std::uint64_t savedState)
     copy_.reset();
     adopted_.reset();
     copiedState_.reset();
+    failure_.clear();
     savedState_ = savedState;
 }
 
@@ -112,53 +113,63 @@ void RecoveryCopy::keep(
     std::vector<std::uint8_t> bytes, const std::wstring& name, const std::vector<std::wstring>& folders)
 {
     finishWriting();
-    if (!result_) {
-        takeAway(copy_);
-        copiedState_.reset();
-        ++nextFolder_;
-        result_ = {};
-    }
-    const std::uint64_t state = contentHash(bytes);
-    if (state == savedState_) {
-        takeAway(copy_);
-        copiedState_.reset();
-        return;
-    }
-    if (copiedState_ == state)
-        return;
-    if (!copy_ && !choosePlace(name, folders)) {
-        failure_ = L"папка для копий недоступна";
-        return;
-    }
-    copiedState_ = state;
+    lastSize_ = bytes.size();
     isWriting_ = true;
-    thread_ = std::thread([this, path = copy_->place(), bytes = std::move(bytes)] {
+    thread_ = std::thread([this, bytes = std::move(bytes), name, folders] {
         const auto start = steady_clock::now();
         try {
-            result_ = replaceFile(path, bytes);
+            write(bytes, name, folders);
         } catch (...) {
-            result_ = {FileStep::Write, L"не хватает памяти"};
+            failure_ = L"не хватает памяти";
         }
         writingTime_ = duration_cast<milliseconds>(steady_clock::now() - start);
         isWriting_ = false;
     });
 }
 
-std::wstring RecoveryCopy::failure()
+void RecoveryCopy::write(const std::vector<std::uint8_t>& bytes,
+    const std::wstring& name,
+    const std::vector<std::wstring>& folders)
 {
-    if (!isWriting_) {
-        finishWriting();
-        if (!result_)
-            failure_ = result_.reason;
-        else if (copiedState_)
-            failureIsTold_ = false;
+    failure_.clear();
+    const std::uint64_t state = contentHash(bytes);
+    if (state == copiedState_)
+        return;
+    if (state == savedState_) {
+        takeAway(copy_);
+        copiedState_.reset();
+        return;
     }
-    const std::wstring words = std::exchange(failure_, {});
-    return words.empty() || std::exchange(failureIsTold_, true) ? std::wstring() : words;
+    if (!copy_ && !choosePlace(name, folders)) {
+        failure_ = L"папка для копий недоступна";
+        return;
+    }
+    if (const FileResult result = replaceFile(copy_->place(), bytes); result) {
+        copiedState_ = state;
+    } else {
+        // The older copy, if there is one, is better than none; only a first one that failed goes elsewhere.
+        failure_ = result.reason.empty() ? L"файл не пишется" : result.reason;
+        if (!copiedState_) {
+            takeAway(copy_);
+            ++nextFolder_;
+        }
+    }
+}
+
+std::wstring RecoveryCopy::newFailure()
+{
+    if (isWriting_)
+        return {};
+    finishWriting();
+    const bool wasTold = std::exchange(failureIsTold_, !failure_.empty());
+    return wasTold ? std::wstring() : failure_;
 }
 
 void RecoveryCopy::giveSign()
 {
+    // A write that is under way is one.
+    if (isWriting_)
+        return;
     for (std::optional<ProjectLock>* copy : {&copy_, &adopted_})
         if (*copy)
             (*copy)->refresh();

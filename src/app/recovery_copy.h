@@ -1,7 +1,6 @@
 #pragma once
 
 #include "persistence/project_lock.h"
-#include "platform/file_result.h"
 
 #include <atomic>
 #include <chrono>
@@ -40,31 +39,38 @@ public:
 
     bool isWriting() const { return isWriting_; }
     std::uint64_t savedState() const { return savedState_; }
-    // Hands the bytes to the thread unless they are saved or copied already. Not while it is writing.
+    // Hands the bytes to the thread, which looks whether they are saved or copied already and writes them if
+    // not, in a file named after the project. Waits for the last write.
     void keep(
         std::vector<std::uint8_t> bytes, const std::wstring& name, const std::vector<std::wstring>& folders);
-    // How long the last write took.
+    // Of the last bytes, which the next ones will be about as many as.
+    std::size_t lastSize() const { return lastSize_; }
+    // How long the last write took; not while it is writing.
     std::chrono::milliseconds writingTime() const { return writingTime_; }
     // Why there is no copy, once for a row of failures; else empty.
-    std::wstring failure();
+    std::wstring newFailure();
     void giveSign();
-    // Waits for the thread.
-    void finishWriting();
 
 private:
+    void finishWriting();
+    // In the thread.
+    void write(const std::vector<std::uint8_t>& bytes,
+        const std::wstring& name,
+        const std::vector<std::wstring>& folders);
     bool choosePlace(const std::wstring& name, const std::vector<std::wstring>& folders);
     void takeAway(std::optional<ProjectLock>& copy);
 
+    std::thread thread_;
+    std::atomic<bool> isWriting_ = false;
+    bool failureIsTold_ = false;
+    std::size_t lastSize_ = 0;
+
+    // All that follows is the thread's while it writes: the calls wait for it before they touch any of it.
     std::optional<ProjectLock> copy_; // its place is the file
     std::optional<ProjectLock> adopted_;
     std::uint64_t savedState_ = 0;
     std::optional<std::uint64_t> copiedState_;
     std::size_t nextFolder_ = 0; // another one after a failure
     std::wstring failure_;
-    bool failureIsTold_ = false;
-
-    std::thread thread_;
-    std::atomic<bool> isWriting_ = false;
-    FileResult result_; // these two are the thread's while it writes
     std::chrono::milliseconds writingTime_{0};
 };
