@@ -28,7 +28,7 @@ static QString timeText(std::int64_t seconds)
 static QString projectText(const RecoveredProject& copy)
 {
     if (copy.isDamaged)
-        return QStringLiteral("файл повреждён");
+        return QStringLiteral("повреждён файл ") + QFileInfo(pathText(copy.path)).fileName();
     QStringList parts;
     for (const std::wstring& part : {copy.code, copy.name})
         if (!part.empty())
@@ -100,8 +100,7 @@ QTableWidget* RecoveryDialog::makeTable()
         QStringLiteral("Место сохранения"),
         QStringLiteral("Копия"),
         QStringLiteral("Сохранённый файл"),
-        QStringLiteral("Кто работал"),
-        QStringLiteral("Файл копии")};
+        QStringLiteral("Кто работал")};
     auto* table = new QTableWidget(int(copies_.size()), titles.size(), this);
     table->setHorizontalHeaderLabels(titles);
     table->verticalHeader()->hide();
@@ -110,6 +109,7 @@ QTableWidget* RecoveryDialog::makeTable()
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table->setTabKeyNavigation(false);
     table->horizontalHeader()->setHighlightSections(false);
+    table->horizontalHeader()->setStretchLastSection(true);
     table_ = table;
     for (int row = 0; row < table->rowCount(); ++row)
         fillRow(row);
@@ -119,7 +119,7 @@ QTableWidget* RecoveryDialog::makeTable()
 // The newer of the two states is bold.
 void RecoveryDialog::fillRow(int row)
 {
-    enum Column { Project, Place, Copied, Saved, Who, File };
+    enum Column { Project, Place, Copied, Saved, Who };
     const RecoveredProject& copy = copies_[std::size_t(row)];
     QStringList who;
     for (const std::wstring& part : {copy.user, copy.computer})
@@ -129,9 +129,8 @@ void RecoveryDialog::fillRow(int row)
         placeText(copy, workFolder_),
         timeText(copy.copied) + (copy.isNewer() ? QStringLiteral(" (новее)") : QString()),
         savedText(copy) + (copy.saved > copy.copied ? QStringLiteral(" (новее)") : QString()),
-        who.join(QStringLiteral(", ")),
-        QFileInfo(pathText(copy.path)).fileName()};
-    for (int column = Project; column <= File; ++column) {
+        who.join(QStringLiteral(", "))};
+    for (int column = Project; column <= Who; ++column) {
         auto* item = new QTableWidgetItem(texts[column]);
         QFont font = item->font();
         font.setBold((column == Copied && copy.isNewer()) || (column == Saved && copy.saved > copy.copied));
