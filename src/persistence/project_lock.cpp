@@ -19,7 +19,7 @@ using namespace std::chrono;
 namespace
 {
 
-constexpr std::int64_t staleAfter = 5 * 60; // seconds without a sign of life
+constexpr std::int64_t staleAfter = 300; // seconds without a sign of life
 // A lock that is just being written is looked at again before it is called unreadable.
 constexpr int looks = 10;
 constexpr auto betweenLooks = milliseconds(20);
