@@ -41,11 +41,16 @@ FileResult ProjectWriter::write() const
 {
     const auto bytes = encodeProject(*project_);
     const std::wstring place = projectPlace(*project_, *settings_);
+    const std::wstring backup = withExtension(place, L".bak");
     if (fileExists(place)) {
-        if (FileResult kept = copyFile(place, withExtension(place, L".bak")); !kept)
+        if (FileResult kept = copyFile(place, backup); !kept)
             return kept;
     } else if (FileResult made = createFolder(projectFolder(*project_, *settings_)); !made) {
         return made;
     }
-    return replaceFile(place, bytes);
+    FileResult written = replaceFile(place, bytes);
+    // Else the next save would take half a project for the one to keep.
+    if (written.targetDamaged && fileExists(backup))
+        written.targetDamaged = !copyFile(backup, place);
+    return written;
 }
