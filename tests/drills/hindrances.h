@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <string>
 #include <sys/resource.h>
+#include <vector>
 
 // What can stand in a save's way, each for as long as its object lives.
 
