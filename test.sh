@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds everything and runs every test; with --all also what only the build server should wait for: the second
-# compiler, clang-tidy and one run of the benchmarks. On a bare Debian 12 nothing has to be done before.
+# compiler with its sanitizers, clang-tidy and one run of the benchmarks. On a bare Debian 12 nothing has to be
+# done before.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")"
 
@@ -13,20 +14,27 @@ tools/install_packages.sh "${lists[@]}"
 
 passed=0
 failed=0
+times=()
+# took NAME SINCE: notes how long a part took since then.
+took() { times+=("$1 $((SECONDS - $2)) s"); }
 # run NAME COMMAND...: one step, counted.
 step() {
-    local name=$1
+    local name=$1 start=$SECONDS
     shift
     echo "== $name"
     if "$@"; then passed=$((passed + 1)); else failed=$((failed + 1)); echo "FAILED: $name"; fi
+    took "$name" $start
 }
 # One preset: configured, built, its tests run. The tests are counted one by one from their own report.
 preset() {
     echo "== $1"
-    local report=build/$1/tests.xml
+    local report=build/$1/tests.xml start=$SECONDS
     cmake --preset "$1" >/dev/null && cmake --build --preset "$1" || { failed=$((failed + 1)); return; }
+    took "$1: build" $start
+    start=$SECONDS
     rm -f "$report"
     ctest --preset "$1" --output-junit tests.xml || true
+    took "$1: tests" $start
     if [ -e "$report" ]; then
         local tests bad
         tests=$(grep -c '<testcase ' "$report")
@@ -40,13 +48,13 @@ preset() {
 }
 
 preset release
-preset asan
 if [ $all = yes ]; then
-    preset clang
-    step clang-tidy tools/tidy.sh build/clang
+    preset asan
+    step clang-tidy tools/tidy.sh build/asan
     step benchmark build/release/bench/engine_bench --benchmark_min_time=0.01
 fi
 
 echo
+printf '%s\n' "${times[@]}"
 echo "$passed passed, $failed failed"
 [ "$failed" = 0 ]

@@ -16,7 +16,7 @@ target_compile_options(tellurix_warnings INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor
     -Woverloaded-virtual -Wextra-semi -Wformat=2 -Wundef -Wvla -Wcast-align -Wimplicit-fallthrough
     $<$<CXX_COMPILER_ID:GNU>:-Wsuggest-override -Wlogical-op -Wduplicated-cond -Wduplicated-branches>
-    $<$<CXX_COMPILER_ID:Clang>:-Winconsistent-missing-override>)
+    "$<$<CXX_COMPILER_ID:Clang>:-Winconsistent-missing-override;-Wreserved-identifier>")
 # GCC 12 sees overlaps and overflows inside its own std::string at -O3 that are not there.
 target_compile_options(tellurix_warnings INTERFACE
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict -Wno-stringop-overflow -Wno-array-bounds>)
