@@ -44,10 +44,10 @@ struct Hindrance {
 };
 
 // Something else in the place of a file, which comes back in the end.
-Holder instead(const fs::path& path, void (*make)(const fs::path& path, const fs::path& away))
+Holder instead(const fs::path& path, void (*make)(const fs::path& path))
 {
     auto away = std::make_shared<Away>(path);
-    make(path, away->where());
+    make(path);
     return away;
 }
 
@@ -58,8 +58,7 @@ const Hindrance hindrances[] = {
     {"a folder in the project's place",
         Outcome::failedWithoutOld,
         [](const Place& place) {
-            return instead(
-                place.file, [](const fs::path& path, const fs::path&) { fs::create_directory(path); });
+            return instead(place.file, [](const fs::path& path) { fs::create_directory(path); });
         }},
     {"a folder in the backup's place",
         Outcome::failed,
@@ -70,8 +69,7 @@ const Hindrance hindrances[] = {
     {"a device in the project's place",
         Outcome::failedWithoutOld,
         [](const Place& place) {
-            return instead(place.file,
-                [](const fs::path& path, const fs::path&) { fs::create_symlink("/dev/full", path); });
+            return instead(place.file, [](const fs::path& path) { fs::create_symlink("/dev/full", path); });
         }},
     {"the file may not be written",
         Outcome::failed,
@@ -111,21 +109,19 @@ const Hindrance hindrances[] = {
     {"the folder of the projects is gone, a file has its name",
         Outcome::failedWithoutOld,
         [](const Place& place) {
-            return instead(place.projects,
-                [](const fs::path& path, const fs::path&) { std::ofstream(path) << "no folder"; });
+            return instead(place.projects, [](const fs::path& path) { std::ofstream(path) << "no folder"; });
         }},
     {"a link to where there is no folder",
         Outcome::failedWithoutOld,
         [](const Place& place) {
-            return instead(place.file, [](const fs::path& path, const fs::path&) {
-                fs::create_symlink("/nowhere/at all/UCHASTOK.TLX", path);
-            });
+            return instead(place.file,
+                [](const fs::path& path) { fs::create_symlink("/nowhere/at all/UCHASTOK.TLX", path); });
         }},
     {"a link to itself",
         Outcome::failedWithoutOld,
         [](const Place& place) {
-            return instead(place.file,
-                [](const fs::path& path, const fs::path&) { fs::create_symlink("UCHASTOK.TLX", path); });
+            return instead(
+                place.file, [](const fs::path& path) { fs::create_symlink("UCHASTOK.TLX", path); });
         }},
     {"a link to a file that is gone, in a folder that is there",
         Outcome::saved,

@@ -74,8 +74,6 @@ public:
     Away(const Away&) = delete;
     Away& operator=(const Away&) = delete;
 
-    const std::filesystem::path& where() const { return away_; }
-
 private:
     std::filesystem::path path_;
     std::filesystem::path away_;

@@ -1,11 +1,8 @@
 // The whole program, with somebody working in it, where paths, rights, settings and surroundings are bad.
 
 #include "drills/hindrances.h"
-#include "generated_site.h"
-#include "persistence/project_codec.h"
 #include "program/program_test.h"
 #include "support/project_bytes.h"
-#include "support/temporary_folder.h"
 
 #include <QProcess>
 #include <QSettings>
