@@ -142,7 +142,11 @@ bool ProjectGuard::changedByOthers(const std::wstring& place)
 void ProjectGuard::remember(const std::wstring& place)
 {
     const FileInfo info = fileInfo(place);
-    known_ = {place, info.kind == FileKind::Regular, info.size, info.modified};
+    const bool isThere = info.kind == FileKind::Regular;
+    // A share that is away for a while, or something in the file's way: it is as it was when it comes back.
+    if (!isThere && known_.place == place)
+        return;
+    known_ = {place, isThere, info.size, info.modified};
     std::vector<std::uint8_t> bytes;
     if (known_.exists && readFile(place, bytes))
         known_.hash = contentHash(bytes);

@@ -62,8 +62,11 @@ FileResult ExclusiveFile::open(IfMissing ifMissing)
     const std::string name = posixPath(path_);
     const auto end = std::chrono::steady_clock::now() + patience;
     int error = 0;
+    Descriptor file;
     do {
-        Descriptor file = openOrMake(name, ifMissing, isNew_);
+        // One that waits for its turn stays open: it was made by us, if it was, and by nobody else.
+        if (!file)
+            file = openOrMake(name, ifMissing, isNew_);
         error = errno;
         // Another program made it in between: the next round opens that one.
         const bool isRace = !file && error == EEXIST;
@@ -72,12 +75,15 @@ FileResult ExclusiveFile::open(IfMissing ifMissing)
         if (file) {
             const bool isLocked = ::flock(file.get(), LOCK_EX | LOCK_NB) == 0 || hasNoLocks(errno);
             error = errno;
-            if (isLocked && standsAt(name, file.get())) {
+            const bool isTheOne = standsAt(name, file.get());
+            if (isLocked && isTheOne) {
                 handle_ = file.release();
                 return {};
             }
             if (!isLocked && error != EWOULDBLOCK && error != EINTR)
                 return failedWithErrno(FileStep::Open, error);
+            if (!isTheOne)
+                file = Descriptor();
         }
         std::this_thread::sleep_for(betweenTries);
     } while (std::chrono::steady_clock::now() < end);
