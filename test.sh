@@ -51,6 +51,7 @@ preset release
 if [ $all = yes ]; then
     preset asan
     step clang-tidy tools/tidy.sh build/asan
+    step fuzzers tools/fuzz.sh build/asan 30
     step benchmark build/release/bench/engine_bench --benchmark_min_time=0.01
 fi
 

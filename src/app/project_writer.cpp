@@ -60,8 +60,13 @@ FileResult ProjectWriter::makeFolder() const
 FileResult ProjectWriter::write(std::span<const std::uint8_t> bytes) const
 {
     const std::wstring place = projectPlace(*project_, *settings_);
+    const std::wstring backup = withExtension(place, L".bak");
     if (fileExists(place))
-        if (FileResult kept = copyFile(place, withExtension(place, L".bak")); !kept)
+        if (FileResult kept = copyFile(place, backup); !kept)
             return kept;
-    return replaceFile(place, bytes);
+    FileResult written = replaceFile(place, bytes);
+    // Else the next save would take half a project for the one to keep.
+    if (written.targetDamaged && fileExists(backup))
+        written.targetDamaged = !copyFile(backup, place);
+    return written;
 }

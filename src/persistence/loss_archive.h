@@ -8,6 +8,7 @@
 #include "persistence/grammar/informs.h"
 #include "persistence/nesting_level.h"
 #include "persistence/save_losses.h"
+#include "persistence/stored_texts.h"
 
 #include <concepts>
 #include <cstdint>
@@ -24,11 +25,13 @@ public:
     static constexpr bool reading = false;
     static constexpr bool binary = false;
 
-    LossArchive(std::vector<SaveLoss>& losses, std::size_t limit)
-        : losses_(losses)
-        , limit_(limit)
+    explicit LossArchive(std::size_t limit)
+        : limit_(limit)
     {
     }
+
+    // What was found, at most as many as the limit, those first that keep the file from opening.
+    std::vector<SaveLoss> takeLosses();
 
     void section(std::string_view name) { section_ = name; }
 
@@ -98,7 +101,7 @@ public:
     void note(SaveLoss::Kind kind, std::string_view field, const std::wstring& key);
 
 private:
-    // Puts the keys into a register of the same ordering, in the order in which a reader will meet them.
+    // Puts the keys into a register of the same ordering, as a reader will find them and in the same order.
     template <class Map>
     void keys(std::string_view name, const Map& values)
     {
@@ -107,7 +110,7 @@ private:
         RowByRow rows(again);
         for (const auto& entry : values) {
             try {
-                if (!rows.insert(std::pair<Key, char>(entry.first, 0)))
+                if (!rows.insert(std::pair<Key, char>(storedKey(entry.first), 0)))
                     note(SaveLoss::Kind::rowRefused, name, keyText(entry.first));
             } catch (const std::logic_error&) {
                 note(SaveLoss::Kind::keyUnread, name, keyText(entry.first));
@@ -115,8 +118,10 @@ private:
         }
     }
 
-    std::vector<SaveLoss>& losses_;
     std::size_t limit_;
+    // Apart, so that however many of the others never crowd out the one that matters.
+    std::vector<SaveLoss> unreadable_;
+    std::vector<SaveLoss> others_;
     std::string_view section_;
     std::wstring key_;
     int depth_ = 0;

@@ -107,8 +107,25 @@ void LossArchive::note(SaveLoss::Kind kind, std::string_view field)
 
 void LossArchive::note(SaveLoss::Kind kind, std::string_view field, const std::wstring& key)
 {
-    if (losses_.size() < limit_)
-        losses_.push_back({kind, std::string(section_), key, std::string(field)});
+    std::vector<SaveLoss>& losses = makesUnreadable(kind) ? unreadable_ : others_;
+    if (losses.size() < limit_)
+        losses.push_back({kind, std::string(section_), key, std::string(field)});
+}
+
+std::vector<SaveLoss> LossArchive::takeLosses()
+{
+    std::vector<SaveLoss> losses = std::move(unreadable_);
+    const std::size_t room = std::min(limit_ - losses.size(), others_.size());
+    losses.insert(losses.end(), others_.begin(), others_.begin() + static_cast<std::ptrdiff_t>(room));
+    return losses;
+}
+
+std::wstring storedText(const std::wstring& text)
+{
+    if (std::all_of(text.begin(), text.end(), [](wchar_t c) { return c != L'\0' && codePageHolds(c); }))
+        return text;
+    const std::string bytes = toCodePage(text);
+    return fromCodePage(std::string_view(bytes).substr(0, bytes.find('\0')));
 }
 
 void LossArchive::text(std::string_view name, const std::wstring& value)
@@ -189,16 +206,20 @@ void LossArchive::subsidence(std::string_view name, SubsidenceMap& values)
 }
 
 static void findUnreadMarks(
-    LossArchive& archive, IDBProject& project, const SectionPointMap& points, SectionLineMap& lines)
+    LossArchive& archive, IDBProject& project, const SectionPointMap& points, const SectionLineMap& lines)
 {
-    PointRegister& pointRegister = project.getPointRegister();
+    if (points.empty())
+        return;
+    PointRegister storedPoints = storedRegister(project.getPointRegister());
+    SectionLineMap storedLines = storedRegister(lines);
     for (const auto& [section, ends] : points) {
         if (ends.markA < 0 || ends.markB < 0)
             archive.note(Kind::markReplaced, "mark", section);
         SectionPointMap alone;
         alone.insert({section, ends});
+        alone = storedRegister(alone);
         try {
-            completeSectionMarks(alone, lines, pointRegister);
+            completeSectionMarks(alone, storedLines, storedPoints);
         } catch (const std::logic_error&) {
             archive.note(Kind::markUnread, "mark", section);
         }
@@ -207,8 +228,7 @@ static void findUnreadMarks(
 
 std::vector<SaveLoss> findSaveLosses(IDBProject& project, std::size_t limit)
 {
-    std::vector<SaveLoss> losses;
-    LossArchive archive(losses, limit);
+    LossArchive archive(limit);
     try {
         projectFields(archive, project);
     } catch (const std::length_error&) {
@@ -227,8 +247,5 @@ std::vector<SaveLoss> findSaveLosses(IDBProject& project, std::size_t limit)
     if (project.getSubsidence().empty()
         && !(project.getSubsidenceNames().empty() && project.getSubsidenceGroups().empty()))
         archive.note(Kind::subsidenceNames, {}, {});
-    // What makes the file unreadable comes first.
-    std::stable_partition(
-        losses.begin(), losses.end(), [](const SaveLoss& loss) { return makesUnreadable(loss.kind); });
-    return losses;
+    return archive.takeLosses();
 }

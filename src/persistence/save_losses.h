@@ -39,5 +39,6 @@ bool makesUnreadable(SaveLoss::Kind kind);
 // The loss in a sentence for the user: what, where, and what to do.
 std::wstring describeLoss(const SaveLoss& loss);
 
-// Everything in the project that will not come back after a save; the first `limit` of it.
+// Everything in the project that will not come back after a save, what makes the file unreadable first; no
+// more than `limit` of it.
 std::vector<SaveLoss> findSaveLosses(IDBProject& project, std::size_t limit = 200);

@@ -128,6 +128,39 @@ TEST(SaveLosses, NamesThatTheOrderConfusesAreToldBeforeTheyAreLost)
     EXPECT_EQ(losses.size(), lost);
 }
 
+// A letter that the code page lacks is a question mark in the file, and that is no letter: the names are then
+// neither letters nor numbers, or one and the same.
+TEST(SaveLosses, NamesAreJudgedAsTheFileWillHoldThem)
+{
+    const auto unreadable = makeReference<DBProject>();
+    for (const wchar_t* name : {L"Ә-1", L"Ә-2"})
+        unreadable->addPointRegisterEntry({name, 1}, {});
+    EXPECT_TRUE(has(findSaveLosses(*unreadable), Kind::keyUnread));
+    EXPECT_FALSE(opens(*unreadable));
+
+    const auto merged = makeReference<DBProject>();
+    for (const wchar_t* name : {L"СкӘ", L"СкҒ"})
+        merged->addPointRegisterEntry({name, 1}, {rowWithMark(L"—")});
+    EXPECT_TRUE(has(findSaveLosses(*merged), Kind::rowRefused));
+    EXPECT_TRUE(opens(*merged));
+    // This point is not in the register, yet the file will find one of its name.
+    merged->addSectionPoint(L"Разрез 1-1'", {L"СкҢ", L"", 0, 0, 0, 1});
+    EXPECT_TRUE(has(findSaveLosses(*merged), Kind::markUnread));
+    EXPECT_FALSE(opens(*merged));
+}
+
+TEST(SaveLosses, AnyNumberOfSmallLossesLeavesRoomForTheOneThatMatters)
+{
+    const auto project = makeReference<DBProject>();
+    project->setProjectName(L"σ ≥ 5");
+    project->setProjectCode(L"σ");
+    elementTextWithBlank(*project);
+    const auto losses = findSaveLosses(*project, 2);
+    ASSERT_EQ(losses.size(), 2U);
+    EXPECT_EQ(losses[0].kind, Kind::elementText);
+    EXPECT_EQ(losses[1].kind, Kind::textReplaced);
+}
+
 TEST(SaveLosses, EmptyPlacesInAListOfInformRecordsAreLeftOut)
 {
     const auto project = makeReference<DBProject>();

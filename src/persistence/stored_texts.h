@@ -1,0 +1,71 @@
+#pragma once
+
+#include "db/walk_order.h"
+#include "persistence/grammar/grammar.h"
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+// The text that an opening will find where this one is saved: cut at a zero character, with '?' for what the
+// code page lacks.
+std::wstring storedText(const std::wstring& text);
+
+// Turns the texts of a record into those that an opening will find.
+class StoredTexts
+{
+public:
+    static constexpr bool reading = true;
+
+    template <class Integer>
+    void byte(std::string_view, const Integer&)
+    {
+    }
+    template <class Number>
+    void word(std::string_view, const Number&)
+    {
+    }
+    void text(std::string_view, std::wstring& value) { value = storedText(value); }
+    template <class Element>
+    void list(std::string_view, std::vector<Element>& values)
+    {
+        for (Element& value : values)
+            element(*this, {}, value);
+    }
+    template <class Record>
+    void record(std::string_view, Record& value)
+    {
+        fields(*this, value);
+    }
+};
+
+// A key as an opening will read it.
+template <class Key>
+Key storedKey(Key key)
+{
+    StoredTexts texts;
+    entryHalf(texts, {}, key);
+    return key;
+}
+
+// The register that an opening will make of these rows, up to one whose key it cannot read.
+template <class Map>
+Map storedRegister(const Map& rows)
+{
+    Map stored;
+    RowByRow insertion(stored);
+    StoredTexts texts;
+    try {
+        for (auto [key, value] : rows) {
+            entryHalf(texts, {}, value);
+            insertion.insert(std::pair(storedKey(key), std::move(value)));
+        }
+    } catch (const std::logic_error&) {
+        // Such a file does not open at all.
+        return stored;
+    }
+    return stored;
+}
