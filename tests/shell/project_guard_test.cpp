@@ -43,9 +43,13 @@ protected:
     void expireTimer()
     {
         auto* timer = shell.mainWindow->findChild<QTimer*>();
+        // Connected behind the shell, so it hears when that is done.
+        bool isDone = false;
+        const auto connection = QObject::connect(timer, &QTimer::timeout, [&] { isDone = true; });
         timer->start(1);
-        QTest::qWait(30);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return isDone; }));
         timer->stop();
+        QObject::disconnect(connection);
     }
     QString status() const { return shell.mainWindow->statusBar()->currentMessage(); }
     void type(const wchar_t* name) { controller().dbProject()->setProjectName(name); }

@@ -16,6 +16,9 @@
 #include <QStatusBar>
 #include <QTableWidget>
 
+#include <algorithm>
+#include <limits>
+
 using std::chrono::milliseconds;
 
 namespace
@@ -62,7 +65,7 @@ protected:
     QString leaveCopy(const QString& name, const QByteArray& bytes)
     {
         QDir().mkpath(folder_);
-        const QString path = folder_ + QLatin1Char('/') + name;
+        QString path = folder_ + QLatin1Char('/') + name;
         write(path, bytes);
         write(path + QStringLiteral(".lock"),
             "user=Иванов\ncomputer=" + QString::fromStdWString(computerName()).toUtf8()
@@ -233,32 +236,39 @@ TEST_F(Recovery, CopyOfTheOpenProjectComesFirstAndTakesItsPlace)
     EXPECT_EQ(controller().dbProject()->getProjectName(), L"час работы");
 }
 
-// Ten megabytes: what the user's hands wait for is the encoding alone.
+// What the user's hands wait for is the encoding alone, whatever the machine.
 TEST_F(Recovery, BarelyHoldsUpTheScreen)
 {
-    const auto bytes = encodeProject(*generatedSite(2300));
+#ifdef NDEBUG
+    constexpr std::size_t points = 2300; // ten megabytes
+#else
+    constexpr std::size_t points = 230; // builds that check every access
+#endif
+    const auto site = generatedSite(points);
+    const auto bytes = encodeProject(*site);
     write(here(QStringLiteral("big.TLX")),
         QByteArray(reinterpret_cast<const char*>(bytes.data()), int(bytes.size())));
     controller().setProjectPath(here(QStringLiteral("big.TLX")).toStdWString());
     controller().openProject();
     ASSERT_NE(controller().dbProject(), nullptr);
-    ASSERT_GT(bytes.size(), 10'000'000U);
-    std::vector<qint64> times;
-    for (int i = 0; i < 9; ++i) {
+    qint64 encoding = std::numeric_limits<qint64>::max();
+    qint64 copying = encoding;
+    QElapsedTimer timer;
+    for (int i = 0; i < 6; ++i) {
         type(std::to_wstring(i).c_str());
-        QElapsedTimer timer;
+        timer.start();
+        encodeProject(*controller().dbProject());
+        encoding = std::min(encoding, timer.nsecsElapsed() / 1000);
         timer.start();
         controller().keepRecoveryCopy();
-        times.push_back(timer.nsecsElapsed() / 1000);
+        copying = std::min(copying, timer.nsecsElapsed() / 1000);
         EXPECT_TRUE(QTest::qWaitFor([this] { return !controller().isCopying(); }, 20000));
     }
-    std::sort(times.begin(), times.end());
-    std::printf("copy of %zu bytes: at best %lld us on the GUI thread, median %lld us\n",
+    std::printf("copy of %zu bytes: %lld us on the GUI thread, the encoding alone %lld us\n",
         bytes.size(),
-        static_cast<long long>(times.front()),
-        static_cast<long long>(times[times.size() / 2]));
-    // The aim is 50 ms on a machine of its own; this one runs other tests beside, or checks every access.
-    EXPECT_LT(times.front(), 500'000);
+        static_cast<long long>(copying),
+        static_cast<long long>(encoding));
+    EXPECT_LT(copying, 2 * encoding + 5000);
     EXPECT_EQ(copies().size(), 1);
 }
 
@@ -271,21 +281,16 @@ TEST_F(Recovery, ClockWaitsForAQuietMomentButNotForEver)
             return milliseconds(0);
         },
         shell.mainWindow.get(),
-        {milliseconds(20), milliseconds(100), milliseconds(400)});
+        {milliseconds(20), milliseconds(600), milliseconds(1500)});
     EXPECT_TRUE(QTest::qWaitFor([&] { return rounds > 2; }));
+    // One more may come before the first key.
+    const int wanted = rounds + 2;
     QElapsedTimer typing;
     typing.start();
-    int whileTyping = rounds;
-    while (typing.elapsed() < 300) {
+    while (rounds < wanted && typing.elapsed() < 20000) {
         QTest::keyClick(shell.mainWindow.get(), Qt::Key_A);
         QTest::qWait(5);
     }
-    EXPECT_LE(rounds, whileTyping + 1);
-    whileTyping = rounds;
-    while (typing.elapsed() < 1200) {
-        QTest::keyClick(shell.mainWindow.get(), Qt::Key_A);
-        QTest::qWait(5);
-    }
-    EXPECT_GT(rounds, whileTyping);
-    EXPECT_LE(rounds, whileTyping + 4);
+    EXPECT_GE(rounds, wanted);
+    EXPECT_GE(typing.elapsed(), 1400);
 }
