@@ -28,6 +28,7 @@ void MainController::setMainWindow(MainWindow* window)
 {
     mainWindow_ = window;
     autoSaveTimer_ = new QTimer(window);
+    autoSaveTimer_->setObjectName(QStringLiteral("autoSave"));
     QObject::connect(autoSaveTimer_, &QTimer::timeout, window, [this] { autoSave(); });
     setAutoSave();
     auto* signOfLife = new QTimer(window);

@@ -325,10 +325,7 @@ TEST_F(FailedSave, TheTimerShowsOneBoxAtATime)
     shell.settings->setIsSetTimer(true);
     shell.settings->setTimer(1);
     controller().setAutoSave();
-    QTimer* autoSave = nullptr;
-    for (QTimer* timer : shell.mainWindow->findChildren<QTimer*>(QString(), Qt::FindDirectChildrenOnly))
-        if (timer->isActive() && timer->interval() == 60000)
-            autoSave = timer;
+    auto* autoSave = shell.mainWindow->findChild<QTimer*>(QStringLiteral("autoSave"));
     ASSERT_NE(autoSave, nullptr);
 
     std::size_t mostBoxes = 0;
