@@ -9,7 +9,7 @@ all=no
 [ "${1:-}" = --all ] && all=yes
 
 lists=(packages.txt)
-[ $all = yes ] && lists+=(packages_ci.txt)
+[ $all = yes ] && lists+=(packages_ci.txt packages_windows.txt)
 tools/install_packages.sh "${lists[@]}"
 
 passed=0
@@ -52,6 +52,10 @@ if [ $all = yes ]; then
     preset asan
     step clang-tidy tools/tidy.sh build/asan
     step fuzzers tools/fuzz.sh build/asan 30
+    preset windows
+    step "same bytes on both systems" packaging/windows/same_bytes.sh
+    step "folder for Windows" packaging/windows/make_folder.sh
+    step "program for Windows" packaging/windows/smoke.sh
     step benchmark build/release/bench/engine_bench --benchmark_min_time=0.01
 fi
 

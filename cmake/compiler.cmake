@@ -30,7 +30,7 @@ target_compile_options(tellurix_warnings INTERFACE
     "$<$<CXX_COMPILER_ID:Clang>:-Winconsistent-missing-override;-Wreserved-identifier>")
 # GCC 12 sees overlaps and overflows inside its own std::string at -O3 that are not there.
 target_compile_options(tellurix_warnings INTERFACE
-    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict -Wno-stringop-overflow -Wno-array-bounds>)
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict -Wno-stringop-overflow -Wno-stringop-overread -Wno-array-bounds>)
 if(TELLURIX_WERROR)
     target_compile_options(tellurix_warnings INTERFACE -Werror)
 endif()

@@ -3,6 +3,7 @@
 #include "core/base/mexception.h"
 #include "persistence/file_stem.h"
 #include "persistence/project_file.h"
+#include "persistence/project_lock.h"
 #include "persistence/save_losses.h"
 #include "platform/files.h"
 
@@ -39,6 +40,10 @@ void lookAtSavingPlace(ProjectEntry& entry)
         return;
     entry.savesElsewhere = !sameFile(entry.savingPlace, entry.path);
     entry.placeIsTaken = entry.savesElsewhere && fileExists(entry.savingPlace);
+    const auto owner = foreignOwner(entry.savingPlace);
+    entry.openedBy.clear();
+    if (owner)
+        entry.openedBy = owner->user.empty() ? L"другая программа" : owner->user + L", " + owner->computer;
 }
 
 static void takeProject(ProjectEntry& entry, DBProject& project, const std::wstring& workFolder)
@@ -106,6 +111,8 @@ std::wstring storingProblem(const std::wstring& path, const std::wstring& workFo
         return entry.problem;
     if (entry.savesElsewhere)
         return L"Проект этого файла сохраняется в другое место: " + systemPath(entry.savingPlace);
+    if (!entry.openedBy.empty())
+        return L"Проект сейчас открыт в другом месте: " + entry.openedBy + L".";
     if (report.refusalCount > 0)
         return L"В файле есть строки с именами, которые читаются одинаково; при записи они пропали бы. "
                L"Откройте проект: программа покажет эти строки.";

@@ -19,6 +19,7 @@ struct ProjectEntry {
     std::wstring savingPlace; // where the program saves this project; empty where the file is not current
     bool savesElsewhere = false; // the place is not this file
     bool placeIsTaken = false; // and another file stands there
+    std::wstring openedBy; // who beside this program has the project open, and where; else empty
 
     bool operator==(const ProjectEntry&) const = default;
 };
@@ -32,7 +33,7 @@ void lookAtFile(ProjectEntry& entry);
 // Reads the file behind entry.path and fills in all that it tells. Never throws.
 void readProjectEntry(ProjectEntry& entry, const std::wstring& workFolder);
 
-// Looks at the saving place anew: what stands there changes without the file itself.
+// Looks at the saving place anew: what stands there, and who has it open, changes without the file itself.
 void lookAtSavingPlace(ProjectEntry& entry);
 
 // Why a code must not be written into the file as it stands now, in words; empty where it may.

@@ -70,6 +70,8 @@ static QString cellText(const ProjectEntry& entry, int column)
     }
     if (!isCurrent)
         return {};
+    if (!entry.openedBy.empty())
+        return QStringLiteral("открыт: ") + text(entry.openedBy);
     return entry.savesElsewhere ? text(systemPath(entry.savingPlace)) : QStringLiteral("этот файл");
 }
 
@@ -83,7 +85,9 @@ static QString tip(const ProjectEntry& entry, int column)
                      .arg(text(systemPath(entry.savingPlace)));
     if (entry.placeIsTaken)
         words += QStringLiteral("\nТам уже есть другой файл: при сохранении он станет копией .bak.");
-    if (column == ProjectModel::Code)
+    if (!entry.openedBy.empty())
+        words += QStringLiteral("\nПроект сейчас открыт в другом месте: %1").arg(text(entry.openedBy));
+    else if (column == ProjectModel::Code)
         words += entry.savesElsewhere
             ? QStringLiteral("\nШифр меняется в открытом проекте: сохраняется он не "
                              "в этот файл")
@@ -99,7 +103,7 @@ static QVariant colorOf(const ProjectEntry& entry, int column)
         return QColor(Qt::darkGray);
     if (column != ProjectModel::SavingPlace)
         return {};
-    if (entry.placeIsTaken)
+    if (entry.placeIsTaken || !entry.openedBy.empty())
         return QColor(176, 0, 32);
     return entry.savesElsewhere ? QColor(150, 90, 0) : QColor(Qt::darkGray);
 }
@@ -140,7 +144,8 @@ QVariant ProjectModel::headerData(int section, Qt::Orientation orientation, int 
 Qt::ItemFlags ProjectModel::flags(const QModelIndex& index) const
 {
     const ProjectEntry& entry = entries_[index.row()];
-    const bool isOwn = entry.state == ProjectEntry::State::current && !entry.savesElsewhere;
+    const bool isOwn =
+        entry.state == ProjectEntry::State::current && !entry.savesElsewhere && entry.openedBy.empty();
     const Qt::ItemFlags base = QAbstractTableModel::flags(index);
     return editable_ && isOwn && index.column() == Code ? base | Qt::ItemIsEditable : base;
 }

@@ -10,6 +10,7 @@
 #include <QStyle>
 #include <QStyleFactory>
 #include <QSurfaceFormat>
+#include <QTimer>
 #include <QTranslator>
 
 static void initialiseResources()
@@ -68,6 +69,12 @@ static int runShell(Shell& shell, int argc, char** argv)
         return -1;
     if (argc > 1)
         openFromCommandLine(*shell.mainController, argv[1]);
+    // After the command line's project, so that a copy of that very project can be offered first, and when
+    // the desktop has put the window in its place, over whose middle the question stands.
+    constexpr int untilWindowStands = 200;
+    QTimer::singleShot(untilWindowStands, shell.mainWindow.get(), [controller = shell.mainController.get()] {
+        controller->offerRecovery();
+    });
     // A window that was closed while the shell came up: leaving an event loop that has not begun yet would
     // have no effect.
     return shell.mainController->leaving() ? 0 : QApplication::exec();

@@ -2,6 +2,7 @@
 
 #include "app/main_window.h"
 #include "app/mdi_child.h"
+#include "app/recovery_clock.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -12,7 +13,7 @@
 #include <algorithm>
 #include <climits>
 
-static constexpr std::int64_t millisecondsPerMinute = 60000;
+static constexpr int millisecondsPerMinute = 60000;
 
 MainController::MainController() = default;
 
@@ -27,8 +28,13 @@ void MainController::setMainWindow(MainWindow* window)
 {
     mainWindow_ = window;
     autoSaveTimer_ = new QTimer(window);
+    autoSaveTimer_->setObjectName(QStringLiteral("autoSave"));
     QObject::connect(autoSaveTimer_, &QTimer::timeout, window, [this] { autoSave(); });
     setAutoSave();
+    auto* signOfLife = new QTimer(window);
+    QObject::connect(signOfLife, &QTimer::timeout, window, [this] { giveSignOfLife(); });
+    signOfLife->start(millisecondsPerMinute);
+    new RecoveryClock([this] { return keepRecoveryCopy(); }, window);
 }
 
 void MainController::forgetMainWindow()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/project_guard.h"
+#include "app/recovery_copy.h"
 #include "app/shell_actions.h"
 #include "core/base/mobject.h"
 #include "core/base/reference.h"
@@ -9,6 +11,7 @@
 #include "modules/imain_controller.h"
 #include "modules/tx_widget.h"
 
+#include <chrono>
 #include <functional>
 #include <string>
 #include <vector>
@@ -29,7 +32,8 @@ class ShowLabel;
 // joins actions and signals. It knows no screen's content; it speaks to the screens over the signal bus.
 //
 // Its parts: mode_switching.cpp, module_signals.cpp, titles.cpp, user_interface.cpp, action_states.cpp,
-// action_handlers.cpp, project_lifecycle.cpp, project_closing.cpp, project_codes.cpp.
+// action_handlers.cpp, project_lifecycle.cpp, project_closing.cpp, project_codes.cpp,
+// project_safety.cpp.
 class MainController : public MObject, public IMainController, public ICreateWidget
 {
 public:
@@ -80,12 +84,20 @@ public:
     // Project.
     void newProject();
     // False where the file could not be written, which the user has been told; the project stays in memory.
-    bool saveProject();
+    bool saveProject(SaveWay way = SaveWay::ByHand);
     // Asks whether to save, then closes project or column; true where the closing may go on. A project that
     // could not be saved stays open.
     bool closeProjectPrompt();
     bool closeColumnPrompt();
     void setAutoSave();
+    // Offers the copies of projects that a crash has left, and opens the one that the user chooses.
+    void offerRecovery();
+    // Brings the copy of the open project up to date; the time it took here and, the last time, in the
+    // thread.
+    std::chrono::milliseconds keepRecoveryCopy();
+    bool isCopying() const { return recovery_.isWriting(); }
+    // The lock and the copy show that the program lives.
+    void giveSignOfLife();
     bool openFailed() const { return openFailed_; }
 
     // Events of the main window.
@@ -148,7 +160,10 @@ private:
     void takeProject(Reference<DBProject> project);
     void resetFacade();
     void autoSave();
-    bool writeOpenProject();
+    bool writeOpenProject(SaveWay way);
+    void watchProject();
+    void dropProject();
+    void restoreProject(const std::wstring& copy);
     void warnOfLosses();
     void closeModeWindows();
     int askToSave(const QString& title, const QString& text);
@@ -168,6 +183,8 @@ private:
     Reference<DBProject> project_;
     TellurixController* controller_ = nullptr;
     Settings* settings_ = nullptr;
+    ProjectGuard guard_;
+    RecoveryCopy recovery_;
     std::wstring projectPath_;
     bool openFailed_ = false;
     bool leaving_ = false;

@@ -52,12 +52,20 @@ bool MainController::closeProjectPrompt()
             return false;
         warnOfLosses();
     }
+    dropProject();
+    return true;
+}
+
+void MainController::dropProject()
+{
     closeModeWindows();
     updateActions();
     finishModeLeave();
     takeProject({});
     rowsWereRefused_ = false;
-    return true;
+    guard_.release();
+    // Also where the user did not want it saved: he threw it away knowingly.
+    recovery_.remove();
 }
 
 bool MainController::closeColumnPrompt()

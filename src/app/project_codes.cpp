@@ -24,6 +24,12 @@ void MainController::setProjectCodeOf(const std::wstring& path, const std::wstri
     try {
         if (const auto project = readProjectFile(path)) {
             project->setProjectCode(code);
+            const std::wstring place = projectPlace(*project, *settings_);
+            // Held while it is written. What another one has open is not touched: the register, which reads
+            // the file again, finds the old code and says so.
+            const auto lock = ProjectLock::tryTake(place);
+            if (lock.state == ProjectLock::State::HeldByOther && !isThisProgram(lock.owner))
+                return;
             ProjectWriter(project.get(), settings_).write();
         }
     } catch (...) {

@@ -5,6 +5,7 @@
 #include "app/message_box.h"
 #include "app/project_reading.h"
 #include "app/project_writer.h"
+#include "core/base/content_hash.h"
 #include "core/base/mexception.h"
 #include "persistence/save_losses.h"
 
@@ -42,6 +43,8 @@ void MainController::newProject()
     project->setGranGost(settings_->granGostLaboratory());
     rowsWereRefused_ = false;
     takeProject(std::move(project));
+    guard_.release();
+    watchProject();
 }
 
 // Rows that did not come in stand in the file until it is saved for the first time: then they are gone.
@@ -65,10 +68,13 @@ void MainController::openProject()
     ReadReport report;
     try {
         Reference<DBProject> project = readProjectFile(projectPath_, report);
-        openFailed_ = !project;
-        if (project) {
+        // An opening that the user calls off is one that failed without a word: the project that was open
+        // stays, and a caller who goes on to the list of points does not find a new project made for him.
+        openFailed_ = !project || !guard_.mayOpen(projectPlace(*project, *settings_), mainWindow_);
+        if (!openFailed_) {
             rowsWereRefused_ = report.refusalCount > 0;
             takeProject(std::move(project));
+            watchProject();
             settings_->setTypeObject(project_->getTypeObject());
             settings_->setGranGostLaboratory(project_->getGranGost());
             if (rowsWereRefused_)
@@ -84,7 +90,7 @@ void MainController::openProject()
         showMessageBox(ModeNone, message, mainWindow_, QMessageBox::Warning);
 }
 
-bool MainController::saveProject()
+bool MainController::saveProject(SaveWay way)
 {
     if (!project_) {
         tell(ModeStratigraphic, &TXWidget::signalSaveColumn);
@@ -93,20 +99,33 @@ bool MainController::saveProject()
     showStatus(QStringLiteral("Сохранение проекта..."), statusMilliseconds);
     // Whatever the screen answers, what is stored is saved.
     syncMode(controller_->currentMode());
-    return writeOpenProject();
+    return writeOpenProject(way);
 }
 
-bool MainController::writeOpenProject()
+bool MainController::writeOpenProject(SaveWay way)
 {
     bool written = false;
+    std::vector<std::uint8_t> bytes;
+    const std::wstring place = projectPlace(*project_, *settings_);
     try {
-        written = bool(ProjectWriter(project_.get(), settings_).write());
+        const ProjectWriter writer(project_.get(), settings_);
+        bytes = writer.encode();
+        if (writer.makeFolder()) {
+            if (!guard_.maySave(place, way, mainWindow_)) {
+                showStatus(guard_.reason(), 0);
+                return false;
+            }
+            written = bool(writer.write(bytes));
+            // Also after a failure: half a file is our own doing then.
+            guard_.remember(place);
+        }
     } catch (...) {
         // What it was does not help the user; that nothing is on the disk does.
         written = false;
     }
     if (written) {
         rowsWereRefused_ = false;
+        recovery_.saved(contentHash(bytes));
         showStatus(QStringLiteral("Готово."), 0);
     } else {
         showMessageBox(ModeNone, L"Ошибка при сохранения проекта!", mainWindow_, QMessageBox::Warning);
@@ -146,5 +165,5 @@ void MainController::autoSave()
             0);
         return;
     }
-    saveProject();
+    saveProject(SaveWay::ByTimer);
 }

@@ -39,13 +39,34 @@ ProjectWriter::ProjectWriter(IDBProject* project, ISettings* settings)
 
 FileResult ProjectWriter::write() const
 {
-    const auto bytes = encodeProject(*project_);
-    const std::wstring place = projectPlace(*project_, *settings_);
-    if (fileExists(place)) {
-        if (FileResult kept = copyFile(place, withExtension(place, L".bak")); !kept)
-            return kept;
-    } else if (FileResult made = createFolder(projectFolder(*project_, *settings_)); !made) {
+    const auto bytes = encode();
+    if (FileResult made = makeFolder(); !made)
         return made;
-    }
-    return replaceFile(place, bytes);
+    return write(bytes);
+}
+
+std::vector<std::uint8_t> ProjectWriter::encode() const
+{
+    return encodeProject(*project_);
+}
+
+FileResult ProjectWriter::makeFolder() const
+{
+    if (fileExists(projectPlace(*project_, *settings_)))
+        return {};
+    return createFolder(projectFolder(*project_, *settings_));
+}
+
+FileResult ProjectWriter::write(std::span<const std::uint8_t> bytes) const
+{
+    const std::wstring place = projectPlace(*project_, *settings_);
+    const std::wstring backup = withExtension(place, L".bak");
+    if (fileExists(place))
+        if (FileResult kept = copyFile(place, backup); !kept)
+            return kept;
+    FileResult written = replaceFile(place, bytes);
+    // Else the next save would take half a project for the one to keep.
+    if (written.targetDamaged && fileExists(backup))
+        written.targetDamaged = !copyFile(backup, place);
+    return written;
 }

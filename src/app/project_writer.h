@@ -2,7 +2,10 @@
 
 #include "platform/file_result.h"
 
+#include <cstdint>
+#include <span>
 #include <string>
+#include <vector>
 
 class IDBProject;
 class ISettings;
@@ -18,6 +21,12 @@ public:
 
     // Throws what a project that cannot be encoded throws, before the disk is touched.
     FileResult write() const;
+
+    // The same in three steps, for a caller who looks at the place before the last one.
+    std::vector<std::uint8_t> encode() const;
+    // One level, and only where no file stands at the place yet.
+    FileResult makeFolder() const;
+    FileResult write(std::span<const std::uint8_t> bytes) const;
 
 private:
     IDBProject* project_;

@@ -30,9 +30,9 @@ static void headBytes(WriteArchive& archive, const format::Head& head)
     archive.word("version", head.version);
 }
 
-std::vector<std::uint8_t> encodeProject(IDBProject& project)
+std::vector<std::uint8_t> encodeProject(IDBProject& project, std::size_t expectedSize)
 {
-    WriteArchive archive;
+    WriteArchive archive(expectedSize);
     headBytes(archive, format::projectHead);
     try {
         projectFields(archive, project);

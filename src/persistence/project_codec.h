@@ -13,5 +13,5 @@ class IDBProject;
 void decodeProject(std::span<const std::uint8_t> bytes, IDBProject& project, ReadReport& report);
 
 // The bytes of the project's file, head included. Throws MException where a drawing is nested deeper than a
-// file can be read back.
-std::vector<std::uint8_t> encodeProject(IDBProject& project);
+// file can be read back. Who knows about how many there will be spares the growing.
+std::vector<std::uint8_t> encodeProject(IDBProject& project, std::size_t expectedSize = 0);

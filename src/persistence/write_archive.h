@@ -23,6 +23,12 @@ public:
     static constexpr bool reading = false;
     static constexpr bool binary = true;
 
+    // With room for as many bytes as are expected; fewer or more do no harm.
+    explicit WriteArchive(std::size_t expected = 0)
+        : bytes_(expected)
+    {
+    }
+
     // The bytes written so far; the archive is empty afterwards.
     std::vector<std::uint8_t> takeBytes();
 

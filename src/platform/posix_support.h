@@ -44,6 +44,8 @@ public:
     explicit operator bool() const { return number_ >= 0; }
     // Closes now, to learn of a late failure: network file systems report the failed write here.
     bool close() { return ::close(std::exchange(number_, -1)) == 0; }
+    // Hands the open file over.
+    int release() { return std::exchange(number_, -1); }
 
 private:
     int number_ = -1;

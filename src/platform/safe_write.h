@@ -9,7 +9,7 @@
 // Both write beside the target into a temporary file of the same folder, flush it and put it in the target's
 // place in one step, so that a failure leaves the old file whole. Symbolic links stay, and what they lead to
 // is replaced. Only where the folder takes no new file, or does not let the target be replaced, is the target
-// itself overwritten.
+// itself overwritten. What a program that died left there of its temporary files goes with the next write.
 
 // Makes bytes the content of the file and keeps its permissions. A file that may not be written is refused,
 // although the folder would allow its replacement.

@@ -1,11 +1,16 @@
 #include "platform/posix_support.h"
 #include "platform/safe_write.h"
+#include "platform/temporary_name.h"
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
+#include <dirent.h>
 #include <fcntl.h>
 #include <functional>
+#include <memory>
 #include <optional>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <vector>
 
@@ -121,6 +126,33 @@ FileResult writeInPlace(const std::string& path, const ContentWriter& content)
     return result;
 }
 
+struct CloseFolder {
+    void operator()(DIR* folder) const { ::closedir(folder); }
+};
+
+// No process of this machine writes the file, and none of another machine holds it: folders are shared.
+bool isAbandoned(const std::string& path, std::uint64_t writer)
+{
+    if (::kill(static_cast<pid_t>(writer), 0) == 0 || errno != ESRCH)
+        return false;
+    const Descriptor file(::open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW));
+    return file && ::flock(file.get(), LOCK_EX | LOCK_NB) == 0;
+}
+
+// A program that died while it saved leaves a file as large as the project behind, on a disk that may be
+// full.
+void removeAbandoned(const std::string& folder)
+{
+    const std::unique_ptr<DIR, CloseFolder> listing(::opendir(folder.c_str()));
+    while (const dirent* entry = listing ? ::readdir(listing.get()) : nullptr) {
+        const std::uint64_t writer = writerOfTemporary(entry->d_name);
+        if (writer == 0)
+            continue;
+        if (const std::string path = folder + '/' + entry->d_name; isAbandoned(path, writer))
+            ::unlink(path.c_str());
+    }
+}
+
 struct Temporary {
     std::string path;
     Descriptor file;
@@ -130,16 +162,20 @@ struct Temporary {
 Temporary makeTemporary(const std::string& folder)
 {
     constexpr int mostTries = 100;
+    const auto process = static_cast<std::uint64_t>(::getpid());
+    removeAbandoned(folder);
     Temporary temporary;
     for (int i = 0; i < mostTries && !temporary.file; ++i) {
-        temporary.path =
-            folder + "/.tellurix-" + std::to_string(::getpid()) + '-' + std::to_string(i) + ".tmp";
+        temporary.path = folder + '/' + temporaryName('.', process, i);
         temporary.file =
             Descriptor(::open(temporary.path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
         temporary.error = errno;
         if (!temporary.file && temporary.error != EEXIST)
             break;
     }
+    // Tells the programs of other machines that the file is not abandoned, where the file system can.
+    if (temporary.file)
+        ::flock(temporary.file.get(), LOCK_EX | LOCK_NB);
     return temporary;
 }
 

@@ -1,4 +1,6 @@
 #include "platform/safe_write.h"
+#include "platform/temporary_name.h"
+#include "platform/utf8.h"
 #include "platform/windows_support.h"
 
 #include <algorithm>
@@ -43,20 +45,52 @@ std::wstring withoutLinks(const std::wstring& path)
     return target;
 }
 
-std::wstring temporaryName(const std::wstring& target)
+std::wstring folderOf(const std::wstring& target)
 {
     const std::size_t separator = target.find_last_of(L"\\/:");
-    const std::wstring folder =
-        separator == std::wstring::npos ? std::wstring() : target.substr(0, separator + 1);
+    return separator == std::wstring::npos ? std::wstring() : target.substr(0, separator + 1);
+}
+
+bool runs(std::uint64_t process)
+{
+    const HANDLE handle = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, static_cast<DWORD>(process));
+    if (handle == nullptr)
+        return GetLastError() != ERROR_INVALID_PARAMETER;
+    CloseHandle(handle);
+    return true;
+}
+
+// A program that died while it saved leaves a file as large as the project behind, on a disk that may be
+// full. What a program of another machine is writing cannot be deleted: folders are shared.
+void removeAbandoned(const std::wstring& folder)
+{
+    WIN32_FIND_DATAW found = {};
+    const HANDLE search = FindFirstFileW((folder + L"?tellurix-*.tmp").c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE)
+        return;
+    do {
+        const std::wstring name = &found.cFileName[0];
+        const std::uint64_t writer = writerOfTemporary(toUtf8(name));
+        if (writer != 0 && !runs(writer))
+            DeleteFileW((folder + name).c_str());
+    } while (FindNextFileW(search, &found) != 0);
+    FindClose(search);
+}
+
+// A name beside the target that is free.
+std::wstring temporaryBeside(const std::wstring& target)
+{
     constexpr int mostTries = 100;
-    std::wstring name;
+    const std::wstring folder = folderOf(target);
+    removeAbandoned(folder);
+    std::wstring path;
     for (int i = 0; i < mostTries; ++i) {
-        name = folder + L"~tellurix-" + std::to_wstring(GetCurrentProcessId()) + L'-' + std::to_wstring(i)
-            + L".tmp";
-        if (attributesOf(name) == INVALID_FILE_ATTRIBUTES)
+        const std::string name = temporaryName('~', GetCurrentProcessId(), i);
+        path = folder + std::wstring(name.begin(), name.end());
+        if (attributesOf(path) == INVALID_FILE_ATTRIBUTES)
             break;
     }
-    return name;
+    return path;
 }
 
 FileResult writeAndFlush(FileHandle& file, std::span<const std::uint8_t> bytes)
@@ -138,7 +172,7 @@ FileResult replaceFile(const std::wstring& path, std::span<const std::uint8_t> b
     if (has(attributes, FILE_ATTRIBUTE_READONLY))
         return failedWithCode(FileStep::Open, ERROR_ACCESS_DENIED);
 
-    const std::wstring temporary = temporaryName(target);
+    const std::wstring temporary = temporaryBeside(target);
     FileHandle file = openFile(temporary, GENERIC_WRITE, 0, CREATE_NEW);
     if (!file) {
         const DWORD error = GetLastError();
@@ -175,7 +209,7 @@ FileResult copyFile(const std::wstring& from, const std::wstring& to)
     if (has(attributes, FILE_ATTRIBUTE_READONLY))
         SetFileAttributesW(target.c_str(), FILE_ATTRIBUTE_NORMAL);
 
-    const std::wstring temporary = temporaryName(target);
+    const std::wstring temporary = temporaryBeside(target);
     if (CopyFileW(source.c_str(), temporary.c_str(), TRUE) == 0) {
         const DWORD error = GetLastError();
         // A copy that began is taken away by the call itself.

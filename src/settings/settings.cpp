@@ -1,14 +1,17 @@
 #include "settings/settings.h"
 
+#include "platform/safe_write.h"
 #include "settings/program.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QSettings>
 #include <QStyleFactory>
 
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <vector>
 
 namespace
 {
@@ -115,6 +118,18 @@ struct SettingRows {
     }
 };
 
+// The toolkit takes a file that a full disk cut off for a whole one and puts it in the old one's place. So
+// one as large is tried first.
+static bool diskTakesSettings(const QString& file)
+{
+    constexpr std::size_t mayGrow = 16384;
+    const QString trial = file + QStringLiteral(".new");
+    const std::vector<std::uint8_t> bytes(static_cast<std::size_t>(QFile(file).size()) + mayGrow);
+    const bool fits = bool(replaceFile(trial.toStdWString(), bytes));
+    QFile::remove(trial);
+    return fits;
+}
+
 Settings::Settings() = default;
 
 Settings::~Settings() = default;
@@ -128,14 +143,14 @@ void Settings::initialise()
 
 void Settings::save()
 {
-    if (file_)
+    if (file_ && diskTakesSettings(file_->fileName()))
         SettingRows::save(*this);
 }
 
 void Settings::saveVisualStyle(const QString& name)
 {
     visualStyleName_ = name.toStdWString();
-    if (!file_)
+    if (!file_ || !diskTakesSettings(file_->fileName()))
         return;
     file_->setValue(QStringLiteral("visualStyleName"), name);
     file_->sync();

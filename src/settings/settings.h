@@ -11,7 +11,7 @@ class QSettings;
 
 // The one store of the user's preferences and its file, tellurix19.ini beside the program. Before initialise
 // every getter answers with the initial value. A file that cannot be read leaves the initial values, one that
-// cannot be written loses the save: neither is reported.
+// cannot be written stays as it was and loses the save: neither is reported.
 class Settings : public MObject, public ISettings
 {
 public:

@@ -11,6 +11,7 @@
 #include <functional>
 #include <iterator>
 #include <string>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -138,6 +139,33 @@ TEST(SafeWrite, AFullDiskLeavesTheOldFileWhole)
     }));
     EXPECT_EQ(contentOf(folder.path() / "a.TLX"), "old");
     EXPECT_EQ(folder.content().size(), 2U) << "no temporary file stays behind";
+}
+
+TEST(SafeWrite, TakesAwayTheTemporaryFilesOfDeadProgramsAlone)
+{
+    const TemporaryFolder folder;
+    const pid_t dead = ::fork();
+    if (dead == 0)
+        ::_exit(0);
+    ASSERT_EQ(::waitpid(dead, nullptr, 0), dead);
+    const std::string ofDead = ".tellurix-" + std::to_string(dead);
+    const std::string held = ofDead + "-1.tmp";
+    const std::vector<std::string> kept = {held,
+        ".tellurix-" + std::to_string(::getppid()) + "-0.tmp",
+        ofDead + "-.tmp",
+        ofDead + "-0.tmp.txt",
+        "x" + ofDead + "-0.tmp"};
+    for (const std::string& name : kept)
+        put(folder.path() / name, "kept");
+    put(folder.path() / (ofDead + "-0.tmp"), "gone");
+    put(folder.path() / ('~' + ofDead.substr(1) + "-7.tmp"), "gone");
+    const int other = ::open((folder.path() / held).c_str(), O_WRONLY | O_CLOEXEC);
+    ASSERT_EQ(::flock(other, LOCK_EX), 0) << "as a program of another computer holds it";
+    ASSERT_TRUE(replaceFile(folder.file(L"a.TLX"), newContent));
+    ::close(other);
+    EXPECT_EQ(folder.content().size(), kept.size() + 1);
+    for (const std::string& name : kept)
+        EXPECT_TRUE(fs::exists(folder.path() / name)) << name;
 }
 
 TEST(SafeWrite, AFileThatMayNotBeWrittenIsRefused)

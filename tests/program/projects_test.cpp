@@ -1,5 +1,6 @@
 #include "program/program_test.h"
 
+#include <QDateTime>
 #include <QHeaderView>
 #include <QLabel>
 #include <QProgressBar>
@@ -272,6 +273,32 @@ TEST_F(Projects, ListComesBackWhenTheProjectIsClosed)
     EXPECT_TRUE(QTest::qWaitFor([this] { return registerTable() != nullptr; }, 20000));
     ASSERT_NE(registerTable(), nullptr);
     EXPECT_EQ(registerTable()->model()->rowCount(), 1);
+}
+
+TEST_F(Projects, OneThatAnotherProgramHasOpenSaysSoAndKeepsItsCode)
+{
+    const QString path = project(QStringLiteral("LURGAN"));
+    const QByteArray before = content(path);
+    list();
+    const QByteArray time = QDateTime::currentDateTimeUtc().toString(Qt::ISODate).toLatin1();
+    write(QStringLiteral("LURGAN/LURGAN.TLX.lock"),
+        "user=Петров\ncomputer=ПК-7\nprocess=4\nopened=" + time + "\nalive=" + time + "\ntoken=0f\n");
+    {
+        // The list is older than the lock.
+        const MessageAnswers answers;
+        type(registerTable(), 0, Code, QStringLiteral("Ш-9"));
+        ASSERT_EQ(answers.boxes().size(), 1U);
+        EXPECT_NE(answers.boxes()[0].find(L"открыт в другом месте: Петров, ПК-7"), std::wstring::npos);
+        EXPECT_EQ(content(path), before);
+    }
+    list();
+    EXPECT_EQ(registerTable()->model()->rowCount(), 1) << "the lock is no project";
+    EXPECT_EQ(at(QStringLiteral("LURGAN.TLX"), SavingPlace), QStringLiteral("открыт: Петров, ПК-7"));
+    EXPECT_FALSE(
+        registerTable()->model()->flags(registerTable()->model()->index(0, Code)) & Qt::ItemIsEditable);
+    QFile::remove(path + QStringLiteral(".lock"));
+    list();
+    EXPECT_EQ(at(QStringLiteral("LURGAN.TLX"), SavingPlace), QStringLiteral("этот файл"));
 }
 
 TEST_F(Projects, FolderThatIsMissingIsMadeOrTold)

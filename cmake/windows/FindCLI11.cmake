@@ -1,0 +1,5 @@
+include(${CMAKE_CURRENT_LIST_DIR}/host_headers.cmake)
+link_host_headers(CLI)
+add_library(CLI11::CLI11 INTERFACE IMPORTED)
+target_include_directories(CLI11::CLI11 INTERFACE ${CMAKE_BINARY_DIR}/host_headers)
+set(CLI11_FOUND TRUE)

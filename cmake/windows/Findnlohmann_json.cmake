@@ -1,0 +1,5 @@
+include(${CMAKE_CURRENT_LIST_DIR}/host_headers.cmake)
+link_host_headers(nlohmann)
+add_library(nlohmann_json::nlohmann_json INTERFACE IMPORTED)
+target_include_directories(nlohmann_json::nlohmann_json INTERFACE ${CMAKE_BINARY_DIR}/host_headers)
+set(nlohmann_json_FOUND TRUE)

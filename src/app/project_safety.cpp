@@ -1,0 +1,104 @@
+// What keeps the open project from being lost: the copy that outlives a crash, and the signs of life.
+
+#include "app/main_controller.h"
+#include "app/main_window.h"
+#include "app/message_box.h"
+#include "app/project_writer.h"
+#include "app/recovery_dialog.h"
+#include "app/recovery_list.h"
+#include "core/base/content_hash.h"
+#include "persistence/file_stem.h"
+#include "persistence/project_codec.h"
+
+#include <QMessageBox>
+
+#include <algorithm>
+
+using namespace std::chrono;
+
+// Of a project that cannot be encoded: nothing.
+static std::optional<std::uint64_t> stateOf(IDBProject& project)
+{
+    try {
+        return contentHash(encodeProject(project));
+    } catch (...) {
+        return {};
+    }
+}
+
+void MainController::watchProject()
+{
+    guard_.remember(projectPlace(*project_, *settings_));
+    recovery_.begin(stateOf(*project_).value_or(0));
+    if (isRecoveryCopy(projectPath_, *settings_))
+        recovery_.adopt(projectPath_);
+}
+
+milliseconds MainController::keepRecoveryCopy()
+{
+    if (const std::wstring failure = recovery_.newFailure(); !failure.empty())
+        showStatus(QStringLiteral("Копия проекта на случай сбоя не записана: %1. Сохраняйте проект чаще.")
+                       .arg(QString::fromStdWString(failure)),
+            0);
+    if (!project_ || recovery_.isWriting())
+        return {};
+    const milliseconds writing = recovery_.writingTime();
+    const auto start = steady_clock::now();
+    try {
+        constexpr std::size_t growth = 4096; // of a minute's typing
+        recovery_.keep(encodeProject(*project_, recovery_.lastSize() + growth),
+            fileStem(project_->getFilePath()),
+            recoveryFolders(*settings_));
+    } catch (...) {
+        // A project that cannot be encoded cannot be saved either, and the save tells. The copy of the last
+        // state that could be stays.
+    }
+    return writing + duration_cast<milliseconds>(steady_clock::now() - start);
+}
+
+void MainController::giveSignOfLife()
+{
+    recovery_.giveSign();
+    if (const QString taken = guard_.giveSign(); !taken.isEmpty())
+        showStatus(taken, 0);
+}
+
+void MainController::offerRecovery()
+{
+    if (leaving_)
+        return;
+    std::vector<RecoveredProject> copies = findRecoveryCopies(*settings_);
+    if (copies.empty())
+        return;
+    if (project_)
+        std::stable_partition(copies.begin(),
+            copies.end(),
+            [place = projectPlace(*project_, *settings_)](
+                const RecoveredProject& copy) { return copy.place == place; });
+    RecoveryDialog dialog(std::move(copies), settings_->projectPath(), mainWindow_);
+    if (dialog.exec() == QDialog::Accepted)
+        restoreProject(dialog.chosen());
+}
+
+// An ordinary opening: the copy is a project file, and what it saves to stands in it.
+void MainController::restoreProject(const std::wstring& copy)
+{
+    if (livingOwner(copy)) {
+        showMessageBox(ModeNone,
+            L"Этот проект уже восстановлен в другом окне программы.",
+            mainWindow_,
+            QMessageBox::Warning);
+        return;
+    }
+    // The command line's project, just opened, is in nobody's way; one that has been worked on is asked for.
+    if (project_ && stateOf(*project_) == recovery_.savedState())
+        dropProject();
+    else if (!closeProjectPrompt())
+        return;
+    setProjectPath(copy);
+    openProject();
+    if (openFailed_)
+        return;
+    showOpenProject();
+    showStatus(QStringLiteral("Проект восстановлен. Проверьте его и сохраните."), 0);
+}

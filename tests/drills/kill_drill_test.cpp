@@ -1,0 +1,195 @@
+// Kills a program that saves without a pause, at random moments, and looks at what it left.
+
+#include "app/project_writer.h"
+#include "generated_site.h"
+#include "support/plain_settings.h"
+#include "support/project_bytes.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <optional>
+#include <random>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace
+{
+
+namespace fs = std::filesystem;
+using std::chrono::microseconds;
+using std::chrono::steady_clock;
+
+constexpr int kills = TELLURIX_KILLS;
+// Each of these begins in an empty work folder and is killed in the first save of all.
+constexpr int firstSaves = kills / 10;
+
+std::optional<Bytes> contentOf(const fs::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    if (!file)
+        return {};
+    return Bytes{std::istreambuf_iterator<char>(file), {}};
+}
+
+// Another process, saving two projects in turn to the same place, which says so after each save.
+class Saver
+{
+public:
+    Saver(DBProject& first, DBProject& second, ISettings& settings)
+    {
+        if (::pipe(pipe_.data()) != 0)
+            return;
+        process_ = ::fork();
+        if (process_ != 0)
+            return;
+        for (;;)
+            for (DBProject* project : {&first, &second})
+                if (!ProjectWriter(project, &settings).write() || ::write(pipe_[1], ".", 1) != 1)
+                    ::_exit(1);
+    }
+    ~Saver()
+    {
+        for (const int end : pipe_)
+            ::close(end);
+    }
+    Saver(const Saver&) = delete;
+    Saver& operator=(const Saver&) = delete;
+
+    bool waitForSave()
+    {
+        char said = 0;
+        return ::read(pipe_[0], &said, 1) == 1;
+    }
+    // True where it was at work until then.
+    bool kill() const
+    {
+        int status = 0;
+        return ::kill(process_, SIGKILL) == 0 && ::waitpid(process_, &status, 0) == process_
+            && WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
+    }
+
+private:
+    std::array<int, 2> pipe_ = {-1, -1};
+    pid_t process_ = -1;
+};
+
+class KillDrill : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        settings.setProjectPath(folder.file(L""));
+        for (DBProject* project : {first.get(), second.get()}) {
+            project->setFilePath(L"Участок.TLX");
+            project->setFileStem(L"Участок");
+            contents.push_back(encodeProject(*project));
+            ASSERT_TRUE(openBytes(contents.back()));
+        }
+        ASSERT_NE(contents[0], contents[1]);
+        emptyWorkFolder();
+    }
+    void emptyWorkFolder() const
+    {
+        fs::remove_all(projects());
+        fs::create_directory(projects());
+    }
+    fs::path projects() const { return folder.path() / u8"Проекты"; }
+    fs::path place() const { return projects() / u8"Участок"; }
+    bool isWhole(const Bytes& content) const
+    {
+        return std::find(contents.begin(), contents.end(), content) != contents.end();
+    }
+    std::ptrdiff_t temporaries() const
+    {
+        if (!fs::exists(place()))
+            return 0;
+        return std::count_if(fs::directory_iterator(place()), {}, [](const auto& entry) {
+            return entry.path().extension() == ".tmp";
+        });
+    }
+    // How long one save takes here, by the median.
+    microseconds saveTime()
+    {
+        std::vector<steady_clock::duration> times;
+        for (int i = 0; i < 9; ++i) {
+            const auto start = steady_clock::now();
+            EXPECT_TRUE(ProjectWriter(first.get(), &settings).write());
+            times.push_back(steady_clock::now() - start);
+        }
+        std::sort(times.begin(), times.end());
+        return std::chrono::duration_cast<microseconds>(times[times.size() / 2]);
+    }
+
+    const TemporaryFolder folder;
+    PlainSettings settings;
+    const Reference<DBProject> first = generatedSite(200);
+    const Reference<DBProject> second = generatedSite(330);
+    std::vector<Bytes> contents;
+};
+
+} // namespace
+
+TEST_F(KillDrill, ProjectOrItsBackupIsWholeWheneverTheProgramDies)
+{
+    const auto oneSave = saveTime();
+    std::mt19937 random(20260);
+    std::uniform_int_distribution<long> delay(0, 5 * oneSave.count() / 4);
+    int inFirstSave = 0;
+    int inBackup = 0;
+    int inProject = 0;
+    int between = 0;
+    for (int i = 0; i < kills; ++i) {
+        const bool isFirstSave = i < firstSaves;
+        if (isFirstSave)
+            emptyWorkFolder();
+        Saver saver(*first, *second, settings);
+        if (!isFirstSave) {
+            ASSERT_TRUE(saver.waitForSave()) << "what the last kill left disturbs the next save, kill " << i;
+        }
+        std::this_thread::sleep_for(microseconds(delay(random) / (isFirstSave ? 2 : 1)));
+        ASSERT_TRUE(saver.kill()) << "kill " << i;
+
+        const auto project = contentOf(place() / u8"Участок.TLX");
+        const auto backup = contentOf(place() / u8"Участок.bak");
+        ASSERT_TRUE(project || isFirstSave) << "kill " << i;
+        ASSERT_TRUE(!project || isWhole(*project)) << "kill " << i;
+        ASSERT_TRUE(!backup || isWhole(*backup)) << "kill " << i;
+        ASSERT_LE(temporaries(), 1) << "kill " << i;
+        // A finished save leaves a backup that differs from the project.
+        if (!project)
+            inFirstSave += fs::exists(place()) ? 1 : 0;
+        else if (backup == project)
+            (temporaries() == 1 ? inProject : between) += 1;
+        else
+            inBackup += temporaries() == 1 ? 1 : 0;
+    }
+    const int hits = inFirstSave + inBackup + between + inProject;
+    std::printf(
+        "%d kills, saves of %zu and %zu kB in %.1f ms: %d while the disk was at it (%d in a first save, "
+        "%d in the backup, %d behind it, %d in the project)\n",
+        kills,
+        contents[0].size() / 1024,
+        contents[1].size() / 1024,
+        static_cast<double>(oneSave.count()) / 1000,
+        hits,
+        inFirstSave,
+        inBackup,
+        between,
+        inProject);
+    EXPECT_GE(hits, kills / 4);
+    EXPECT_GE(inBackup, kills / 20);
+    EXPECT_GE(inProject, kills / 20);
+
+    ASSERT_TRUE(ProjectWriter(second.get(), &settings).write());
+    EXPECT_EQ(contentOf(place() / u8"Участок.TLX"), contents[1]);
+    EXPECT_EQ(temporaries(), 0) << "the last save takes away what the dead left";
+}
