@@ -138,12 +138,16 @@ void LossArchive::text(std::string_view name, const std::wstring& value)
 
 void LossArchive::elementText(std::string_view, const std::wstring& value)
 {
+    // What stands behind a zero is passed over, readable or not.
     const std::string bytes = toCodePage(value);
+    const auto end = std::find(bytes.begin(), bytes.end(), '\0');
     const auto readable = [](char byte) {
         return format::isElementTextByte(static_cast<std::uint8_t>(byte));
     };
-    if (!std::all_of(bytes.begin(), bytes.end(), readable))
+    if (!std::all_of(bytes.begin(), end, readable))
         note(Kind::elementText, "texts");
+    else if (end != bytes.end())
+        note(Kind::textCut, "texts");
     // What stays is the byte, not the character: a quotation mark comes back as a control character.
     else if (std::any_of(value.begin(), value.end(), [](wchar_t character) { return character > 0x7A; }))
         note(Kind::textReplaced, "texts");

@@ -72,6 +72,12 @@ const Row rows[] = {
     {Kind::keyUnread, nameThatIsNoNumber},
     {Kind::textReplaced, [](DBProject& project) { project.setProjectName(L"σ ≥ 5"); }},
     {Kind::textCut, [](DBProject& project) { project.setProjectName(std::wstring(L"a\0b", 3)); }},
+    {Kind::textCut,
+        [](DBProject& project) {
+            StrataElement element;
+            element.texts[0] = std::wstring(L"a\0 b", 4);
+            project.addStrataElement(L"1", element);
+        }},
     {Kind::byteCut, [](DBProject& project) { project.setTypeObject(256); }},
     {Kind::markReplaced, negativeMark},
     {Kind::secondTitle, [](DBProject& project) { project.setCrossTextB(L"другой"); }},
