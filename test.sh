@@ -51,7 +51,6 @@ preset release
 if [ $all = yes ]; then
     preset asan
     step clang-tidy tools/tidy.sh build/asan
-    step fuzzers tools/fuzz.sh build/asan 30
     preset windows
     step "same bytes on both systems" packaging/windows/same_bytes.sh
     step "folder for Windows" packaging/windows/make_folder.sh

@@ -142,6 +142,7 @@ TEST_F(Locks, OfManyThatFindTheSameStaleOneASingleOneGetsIt)
         std::atomic<int> judged = 0;
         std::atomic<int> winners = 0;
         std::vector<std::thread> threads;
+        threads.reserve(programs);
         for (int i = 0; i < programs; ++i)
             threads.emplace_back([&] {
                 ++ready;

@@ -17,6 +17,7 @@ TEST(ExclusiveFile, IsWrittenByTurns)
     constexpr int programs = 4;
     constexpr int rounds = 50;
     std::vector<std::thread> threads;
+    threads.reserve(programs);
     for (int i = 0; i < programs; ++i)
         threads.emplace_back([&] {
             for (int round = 0; round < rounds; ++round) {

@@ -37,8 +37,9 @@ int main(int argumentCount, char** arguments)
     const std::wstring folder = fromSystemText(arguments[1]);
     for (std::uint32_t seed = 1; seed <= lastSeed; ++seed)
         for (const bool lettered : {false, true}) {
-            const std::wstring name = std::to_wstring(seed) + (lettered ? L"-lettered" : L"-numbered");
-            if (!writeBoth(folder + L'/' + name, *randomProject(seed, lettered)))
+            std::wstring path = folder;
+            path.append(L"/").append(std::to_wstring(seed)).append(lettered ? L"-lettered" : L"-numbered");
+            if (!writeBoth(path, *randomProject(seed, lettered)))
                 return 1;
         }
     return 0;
