@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Lets each fuzzer look for faults for a while: tools/fuzz.sh BUILD_FOLDER SECONDS [TARGET...]. The build folder is
 # one of the preset fuzz (or of another with TELLURIX_FUZZ=ON) with the target "fuzzers" built. Prints a line a
-# target; exit status 1 where one found something, whose input and log are named in its line.
+# target; exit status 1 where one found something, whose input and log are named in its line, or was stopped.
 #
 # New inputs of value are left in BUILD_FOLDER/fuzzing/TARGET and serve the next run.
 set -euo pipefail
@@ -21,6 +21,7 @@ targets=("$@")
 
 # Short stacks and a small quarantine: allocations are what these programs spend their time on.
 export ASAN_OPTIONS=malloc_context_size=2:quarantine_size_mb=16${ASAN_OPTIONS:+:$ASAN_OPTIONS}
+export UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1
 found=0
 for target in "${targets[@]}"; do
     work=$build/fuzzing/$target
@@ -37,7 +38,10 @@ for target in "${targets[@]}"; do
     perSecond=$(awk '/stat::average_exec_per_sec/ { print $2 }' "$log")
     coverage=$(awk '{ for (i = 1; i < NF; ++i) if ($i == "cov:") last = $(i + 1) } END { print last + 0 }' "$log")
     result=clean
-    if [ "$status" -ne 0 ]; then
+    if [ "$status" -eq 72 ]; then
+        found=1
+        result="INTERRUPTED before its time was over"
+    elif [ "$status" -ne 0 ]; then
         found=1
         result="FOUND $(awk '/Test unit written to/ { print $NF }' "$log" | tail -n 1) (status $status, $log)"
     fi
