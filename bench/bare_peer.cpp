@@ -41,7 +41,7 @@ public:
     void text(std::wstring& value)
     {
         const std::uint32_t length = word();
-        value.resize(length);
+        value = std::wstring(length, L'\0');
         for (wchar_t& character : value)
             character = *at_++;
     }

@@ -29,7 +29,7 @@ void Statement::take(int& index, std::wstring& value)
         value = fromUtf8({first, length}).value();
         return;
     }
-    value.resize(length);
+    value = std::wstring(length, L'\0');
     for (std::size_t i = 0; i < length; ++i)
         value[i] = static_cast<wchar_t>(first[i]);
 }

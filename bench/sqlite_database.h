@@ -144,12 +144,13 @@ public:
 private:
     void advance()
     {
-        const auto next = [this](auto&... fields) { return rows_.next(parent_, fields...); };
+        const auto next = [this](auto&... fields) { return rows_.next(parent_, place_, fields...); };
         if (!std::apply(next, fields_))
             parent_ = -1;
     }
 
     Statement rows_;
     sqlite3_int64 parent_ = -1;
+    sqlite3_int64 place_ = 0;
     std::tuple<Fields...> fields_;
 };

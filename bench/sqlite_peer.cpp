@@ -24,8 +24,9 @@ constexpr const char* reading = "PRAGMA locking_mode = EXCLUSIVE; PRAGMA mmap_si
 
 constexpr const char* schema = R"(
 CREATE TABLE points(id INTEGER PRIMARY KEY, name TEXT, kind INTEGER, UNIQUE(name));
-CREATE TABLE point_rows(parent INTEGER, text0 TEXT, text1 TEXT, mark TEXT, kind_a INTEGER, text3 TEXT,
-    text4 TEXT, text5 TEXT, text6 TEXT, kind_b INTEGER);
+CREATE TABLE point_rows(parent INTEGER, place INTEGER, text0 TEXT, text1 TEXT, mark TEXT, kind_a INTEGER, text3 TEXT,
+    text4 TEXT, text5 TEXT, text6 TEXT, kind_b INTEGER,
+    PRIMARY KEY(parent, place)) WITHOUT ROWID;
 CREATE TABLE lithology(id INTEGER PRIMARY KEY, name TEXT, depth TEXT, geo_index TEXT, description TEXT,
     UNIQUE(name, depth));
 CREATE TABLE samples(id INTEGER PRIMARY KEY, name TEXT, depth TEXT, kind INTEGER, UNIQUE(name, depth));
@@ -33,12 +34,17 @@ CREATE TABLE water(id INTEGER PRIMARY KEY, name TEXT, depth TEXT, year INTEGER, 
     flag_a INTEGER, flag_b INTEGER, UNIQUE(name, depth));
 CREATE TABLE lab(id INTEGER PRIMARY KEY, name TEXT, depth TEXT, number INTEGER, code TEXT, soil INTEGER,
     soil_name TEXT, UNIQUE(name, depth));
-CREATE TABLE lab_physical(parent INTEGER, property INTEGER, enabled INTEGER, value TEXT);
-CREATE TABLE lab_grading(parent INTEGER, fraction INTEGER, percentage TEXT);
-CREATE TABLE lab_shear(parent INTEGER, method INTEGER, load INTEGER, value TEXT);
-CREATE TABLE lab_compression(parent INTEGER, test INTEGER, load INTEGER, a TEXT, b TEXT, c TEXT);
+CREATE TABLE lab_physical(parent INTEGER, place INTEGER, property INTEGER, enabled INTEGER, value TEXT,
+    PRIMARY KEY(parent, place)) WITHOUT ROWID;
+CREATE TABLE lab_grading(parent INTEGER, place INTEGER, fraction INTEGER, percentage TEXT,
+    PRIMARY KEY(parent, place)) WITHOUT ROWID;
+CREATE TABLE lab_shear(parent INTEGER, place INTEGER, method INTEGER, load INTEGER, value TEXT,
+    PRIMARY KEY(parent, place)) WITHOUT ROWID;
+CREATE TABLE lab_compression(parent INTEGER, place INTEGER, test INTEGER, load INTEGER, a TEXT, b TEXT, c TEXT,
+    PRIMARY KEY(parent, place)) WITHOUT ROWID;
 CREATE TABLE soundings(id INTEGER PRIMARY KEY, name TEXT, kind INTEGER, device TEXT, date TEXT, UNIQUE(name));
-CREATE TABLE sounding_rows(parent INTEGER, depth TEXT, a TEXT, b TEXT, c TEXT, d TEXT);
+CREATE TABLE sounding_rows(parent INTEGER, place INTEGER, depth TEXT, a TEXT, b TEXT, c TEXT, d TEXT,
+    PRIMARY KEY(parent, place)) WITHOUT ROWID;
 CREATE TABLE drawings(id INTEGER PRIMARY KEY, list INTEGER, code INTEGER, object BLOB, numbers BLOB, text TEXT);
 )";
 
@@ -62,12 +68,13 @@ void saveRegisters(Database& database, IDBProject& project)
 {
     sqlite3_int64 id = 0;
     Statement point(database, "INSERT INTO points VALUES(?,?,?)");
-    Statement row(database, "INSERT INTO point_rows VALUES(?,?,?,?,?,?,?,?,?,?)");
+    Statement row(database, "INSERT INTO point_rows VALUES(?,?,?,?,?,?,?,?,?,?,?)");
     for (const auto& [key, rows] : project.getPointRegister()) {
         point.insert(++id, key.pointName, key.pointKind);
+        int place = 0;
         for (const PointRow& r : rows)
             row.insert(
-                id, r.text0, r.text1, r.absoluteMark, r.kindA, r.text3, r.text4, r.text5, r.text6, r.kindB);
+                id, place++, r.text0, r.text1, r.absoluteMark, r.kindA, r.text3, r.text4, r.text5, r.text6, r.kindB);
     }
     Statement layer(database, "INSERT INTO lithology VALUES(?,?,?,?,?)");
     id = 0;
@@ -87,10 +94,10 @@ void saveLaboratory(Database& database, IDBProject& project)
 {
     sqlite3_int64 id = 0;
     Statement lab(database, "INSERT INTO lab VALUES(?,?,?,?,?,?,?)");
-    Statement physical(database, "INSERT INTO lab_physical VALUES(?,?,?,?)");
-    Statement grading(database, "INSERT INTO lab_grading VALUES(?,?,?)");
-    Statement shear(database, "INSERT INTO lab_shear VALUES(?,?,?,?)");
-    Statement compression(database, "INSERT INTO lab_compression VALUES(?,?,?,?,?,?)");
+    Statement physical(database, "INSERT INTO lab_physical VALUES(?,?,?,?,?)");
+    Statement grading(database, "INSERT INTO lab_grading VALUES(?,?,?,?)");
+    Statement shear(database, "INSERT INTO lab_shear VALUES(?,?,?,?,?)");
+    Statement compression(database, "INSERT INTO lab_compression VALUES(?,?,?,?,?,?,?)");
     for (const auto& [key, sample] : project.getLabSamples()) {
         lab.insert(++id,
             key.pointName,
@@ -99,16 +106,20 @@ void saveLaboratory(Database& database, IDBProject& project)
             sample.code,
             sample.soilKind.code,
             sample.soilKind.text);
+        int place = 0;
         for (const PropertyCell& cell : sample.physical)
-            physical.insert(id, cell.id, cell.enabled, cell.value);
+            physical.insert(id, place++, cell.id, cell.enabled, cell.value);
+        place = 0;
         for (const auto& [fraction, percentage] : sample.grading)
-            grading.insert(id, fraction, percentage);
+            grading.insert(id, place++, fraction, percentage);
+        place = 0;
         for (const auto& [method, cells] : sample.shear)
             for (const ShearCell& cell : cells)
-                shear.insert(id, method, cell.id, cell.value);
+                shear.insert(id, place++, method, cell.id, cell.value);
+        place = 0;
         for (const auto& [test, group] : sample.compression)
             for (const CompressionCell& cell : group.cells)
-                compression.insert(id, test, cell.id, cell.textA, cell.textB, cell.textC);
+                compression.insert(id, place++, test, cell.id, cell.textA, cell.textB, cell.textC);
     }
 }
 
@@ -116,11 +127,12 @@ void saveSoundings(Database& database, IDBProject& project)
 {
     sqlite3_int64 id = 0;
     Statement sounding(database, "INSERT INTO soundings VALUES(?,?,?,?,?)");
-    Statement row(database, "INSERT INTO sounding_rows VALUES(?,?,?,?,?,?)");
+    Statement row(database, "INSERT INTO sounding_rows VALUES(?,?,?,?,?,?,?)");
     for (const auto& [key, rows] : project.getSoundings()) {
         sounding.insert(++id, key.pointName, key.pointKind, key.device, key.date);
+        int place = 0;
         for (const SoundingRow& r : rows)
-            row.insert(id, r.depth, r.cells[0], r.cells[1], r.cells[2], r.cells[3]);
+            row.insert(id, place++, r.depth, r.cells[0], r.cells[1], r.cells[2], r.cells[3]);
     }
 }
 
@@ -208,7 +220,7 @@ void openRegisters(Database& database, DBProject& project)
 {
     sqlite3_int64 id = 0;
     Statement points(database, "SELECT * FROM points ORDER BY id");
-    Children<PointRow> rows(database, "SELECT * FROM point_rows ORDER BY rowid");
+    Children<PointRow> rows(database, "SELECT * FROM point_rows ORDER BY parent, place");
     RowByRow pointRegister(project.getPointRegister());
     for (std::pair<PointKey, std::vector<PointRow>> e;
          points.next(id, e.first.pointName, e.first.pointKind);) {
@@ -242,11 +254,11 @@ void openLaboratory(Database& database, DBProject& project)
 {
     sqlite3_int64 id = 0;
     Statement lab(database, "SELECT * FROM lab ORDER BY id");
-    Children<PropertyCell> physical(database, "SELECT * FROM lab_physical ORDER BY rowid");
-    Children<std::uint8_t, std::wstring> grading(database, "SELECT * FROM lab_grading ORDER BY rowid");
-    Children<std::uint8_t, ShearCell> shear(database, "SELECT * FROM lab_shear ORDER BY rowid");
+    Children<PropertyCell> physical(database, "SELECT * FROM lab_physical ORDER BY parent, place");
+    Children<std::uint8_t, std::wstring> grading(database, "SELECT * FROM lab_grading ORDER BY parent, place");
+    Children<std::uint8_t, ShearCell> shear(database, "SELECT * FROM lab_shear ORDER BY parent, place");
     Children<std::uint8_t, CompressionCell> compression(
-        database, "SELECT * FROM lab_compression ORDER BY rowid");
+        database, "SELECT * FROM lab_compression ORDER BY parent, place");
     RowByRow samples(project.getLabSamples());
     for (std::pair<PointDepthKey, LabSample> e; lab.next(id,
              e.first.pointName,
@@ -273,7 +285,7 @@ void openSoundings(Database& database, DBProject& project)
 {
     sqlite3_int64 id = 0;
     Statement soundings(database, "SELECT * FROM soundings ORDER BY id");
-    Children<SoundingRow> rows(database, "SELECT * FROM sounding_rows ORDER BY rowid");
+    Children<SoundingRow> rows(database, "SELECT * FROM sounding_rows ORDER BY parent, place");
     RowByRow journals(project.getSoundings());
     for (std::pair<SoundingKey, std::vector<SoundingRow>> e;
          soundings.next(id, e.first.pointName, e.first.pointKind, e.first.device, e.first.date);) {
