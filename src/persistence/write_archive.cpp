@@ -18,6 +18,17 @@ void WriteArchive::grow(std::size_t count)
     bytes_.resize(std::max(bytes_.size() + bytes_.size() / 2, size_ + count + 4096));
 }
 
+void WriteArchive::makeRoom(std::size_t count)
+{
+    if (count > bytes_.size() - size_)
+        bytes_.resize(size_ + count);
+}
+
+void WriteArchive::append(const std::vector<std::uint8_t>& bytes)
+{
+    std::copy(bytes.begin(), bytes.end(), extend(bytes.size()));
+}
+
 void WriteArchive::text(std::string_view, const std::wstring& value)
 {
     const std::size_t length = codePageLength(value);

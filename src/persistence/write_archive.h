@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/base/work_sharing.h"
 #include "modules/idbproject.h"
 #include "persistence/grammar/drawings.h"
 #include "persistence/grammar/grammar.h"
@@ -7,16 +8,22 @@
 #include "persistence/grammar/strata.h"
 #include "persistence/nesting_level.h"
 
+#include <algorithm>
 #include <bit>
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <future>
+#include <iterator>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 // Writes fields as the bytes of a file into memory. Nothing it is given can fail but a drawing nested deeper
-// than the reader follows, which throws MException.
+// than the reader follows, which throws MException. The rows of a large register are written by several
+// threads.
 class WriteArchive
 {
 public:
@@ -24,8 +31,9 @@ public:
     static constexpr bool binary = true;
 
     // With room for as many bytes as are expected; fewer or more do no harm.
-    explicit WriteArchive(std::size_t expected = 0)
+    explicit WriteArchive(std::size_t expected = 0, const WorkSharing& sharing = {})
         : bytes_(expected)
+        , sharing_(sharing)
     {
     }
 
@@ -73,8 +81,20 @@ public:
     void map(std::string_view, const EntryNames& names, Map& values)
     {
         writeCount(values.size());
-        for (auto& [key, value] : values)
-            entryFields(*this, names, key, value);
+        constexpr std::size_t firstRows = 64;
+        const std::size_t begin = size_;
+        const auto next = advanced(values.begin(), std::min(values.size(), firstRows));
+        writeRows(names, values.begin(), next);
+        if (next == values.end())
+            return;
+        // What the first rows took tells of the others: room is made once, and a large register divided.
+        const std::size_t left = values.size() - firstRows;
+        const std::size_t expected = (size_ - begin) / firstRows * left / 16 * 17;
+        makeRoom(expected);
+        if (sharing_.divides(left, expected))
+            writeDivided(names, next, values.end(), left, expected);
+        else
+            writeRows(names, next, values.end());
     }
 
     template <class Record>
@@ -104,6 +124,50 @@ public:
     NestingLevel enter() { return NestingLevel(depth_); }
 
 private:
+    template <class Row>
+    static Row advanced(Row row, std::size_t count)
+    {
+        return std::next(row, static_cast<std::ptrdiff_t>(count));
+    }
+    template <class Row>
+    void writeRows(const EntryNames& names, Row row, Row end)
+    {
+        for (; row != end; ++row)
+            entryFields(*this, names, row->first, row->second);
+    }
+    // The first rows here, the others meanwhile in other threads, each into bytes of its own, which are put
+    // together in the order of the rows. Writing changes nothing in the project.
+    template <class Row>
+    void writeDivided(const EntryNames& names, Row first, Row end, std::size_t count, std::size_t expected)
+    {
+        struct Part {
+            Row first;
+            Row end;
+            std::future<std::vector<std::uint8_t>> bytes;
+        };
+        std::vector<Part> parts;
+        Row last = first;
+        for (std::size_t i = 0; i < sharing_.threads; ++i) {
+            const std::size_t rows = count * (i + 1) / sharing_.threads - count * i / sharing_.threads;
+            Row begin = std::exchange(last, i + 1 < sharing_.threads ? advanced(last, rows) : end);
+            parts.push_back({begin, last, {}});
+            if (i > 0)
+                parts.back().bytes =
+                    inAnotherThread([names, begin, last, room = expected / sharing_.threads] {
+                        WriteArchive archive(room, WorkSharing{1});
+                        archive.writeRows(names, begin, last);
+                        return archive.takeBytes();
+                    });
+        }
+        for (Part& part : parts) {
+            if (part.bytes.valid())
+                append(part.bytes.get());
+            else
+                writeRows(names, part.first, part.end);
+        }
+    }
+    void append(const std::vector<std::uint8_t>& bytes);
+    void makeRoom(std::size_t count);
     // Room for more bytes; returns where they begin.
     std::uint8_t* extend(std::size_t count)
     {
@@ -128,5 +192,6 @@ private:
 
     std::vector<std::uint8_t> bytes_;
     std::size_t size_ = 0;
+    WorkSharing sharing_;
     int depth_ = 0;
 };
