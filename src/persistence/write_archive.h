@@ -32,9 +32,9 @@ public:
 
     // With room for as many bytes as are expected; fewer or more do no harm.
     explicit WriteArchive(std::size_t expected = 0, const WorkSharing& sharing = {})
-        : bytes_(expected)
-        , sharing_(sharing)
+        : sharing_(sharing)
     {
+        bytes_.reserve(expected);
     }
 
     // The bytes written so far; the archive is empty afterwards.
