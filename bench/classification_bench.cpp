@@ -89,16 +89,15 @@ bool same(Tables& a, const StraightGround& b)
             || (a.groupName() == b.groupName && a.frozenStateName() == b.frozenStateName));
 }
 
-constexpr std::size_t determinations = 1000000;
-
 template <class Ground>
 void measure(benchmark::State& state, Ground& ground)
 {
     const std::vector<Soil> made = soils();
+    const auto determinations = static_cast<std::size_t>(state.range(0));
     while (state.KeepRunning())
         for (std::size_t i = 0; i < determinations; ++i)
             classify(ground, made[i % made.size()]);
-    state.SetItemsProcessed(static_cast<std::int64_t>(determinations) * state.iterations());
+    state.SetItemsProcessed(state.range(0) * static_cast<std::int64_t>(state.iterations()));
 }
 
 struct Tabled {
@@ -138,7 +137,11 @@ void writtenOut(benchmark::State& state)
 void addClassificationBenchmarks()
 {
     const auto add = [](const char* name, void (*run)(benchmark::State&)) {
-        benchmark::RegisterBenchmark(name, run)->Iterations(1)->Unit(benchmark::kMillisecond);
+        benchmark::RegisterBenchmark(name, run)
+            ->RangeMultiplier(10)
+            ->Range(1000, 1000000)
+            ->Iterations(1)
+            ->Unit(benchmark::kMillisecond);
     };
     add("classification/tables", byTables);
     add("classification/written_out", writtenOut);

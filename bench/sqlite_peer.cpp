@@ -73,8 +73,17 @@ void saveRegisters(Database& database, IDBProject& project)
         point.insert(++id, key.pointName, key.pointKind);
         int place = 0;
         for (const PointRow& r : rows)
-            row.insert(
-                id, place++, r.text0, r.text1, r.absoluteMark, r.kindA, r.text3, r.text4, r.text5, r.text6, r.kindB);
+            row.insert(id,
+                place++,
+                r.text0,
+                r.text1,
+                r.absoluteMark,
+                r.kindA,
+                r.text3,
+                r.text4,
+                r.text5,
+                r.text6,
+                r.kindB);
     }
     Statement layer(database, "INSERT INTO lithology VALUES(?,?,?,?,?)");
     id = 0;
@@ -255,7 +264,8 @@ void openLaboratory(Database& database, DBProject& project)
     sqlite3_int64 id = 0;
     Statement lab(database, "SELECT * FROM lab ORDER BY id");
     Children<PropertyCell> physical(database, "SELECT * FROM lab_physical ORDER BY parent, place");
-    Children<std::uint8_t, std::wstring> grading(database, "SELECT * FROM lab_grading ORDER BY parent, place");
+    Children<std::uint8_t, std::wstring> grading(
+        database, "SELECT * FROM lab_grading ORDER BY parent, place");
     Children<std::uint8_t, ShearCell> shear(database, "SELECT * FROM lab_shear ORDER BY parent, place");
     Children<std::uint8_t, CompressionCell> compression(
         database, "SELECT * FROM lab_compression ORDER BY parent, place");
