@@ -109,7 +109,8 @@ struct Tabled {
 void checkAgreement()
 {
     Tabled tabled;
-    StraightGround straight;
+    tabled.project->setGranGost(gradingScale200);
+    StraightGround straight(tabled.settings);
     for (const Soil& soil : soils()) {
         classify(tabled.ground, soil);
         classify(straight, soil);
@@ -128,7 +129,8 @@ void byTables(benchmark::State& state)
 
 void writtenOut(benchmark::State& state)
 {
-    StraightGround straight;
+    PlainSettings settings;
+    StraightGround straight(settings);
     measure(state, straight);
 }
 

@@ -3,19 +3,12 @@
 #include "core/base/text_number.h"
 #include "dictionaries/fractions.h"
 #include "dictionaries/soil_names.h"
+#include "modules/isettings.h"
 
 #include <array>
 
 namespace
 {
-
-constexpr std::wstring_view undetermined = L"Не определен";
-
-template <class Names>
-void name(std::wstring& field, const Names& names, int number)
-{
-    field = number < 0 ? undetermined : names.at(languageRussian, number);
-}
 
 int plasticity(float x)
 {
@@ -113,12 +106,6 @@ int rockSalinityOf(float x)
     return x <= 2.0F ? 26 : x > 2.0F ? 27 : -1;
 }
 
-template <class Names>
-void grade(std::wstring& field, const std::wstring& text, int (*ladder)(float), const Names& names)
-{
-    name(field, names, text.empty() ? -1 : ladder(textToFloat(text)));
-}
-
 // The group by the fraction's bound and what is coarser; 0 where this fraction says nothing.
 int classOf(int rank, float coarser)
 {
@@ -213,11 +200,32 @@ float valueOf(const std::wstring& text)
 
 } // namespace
 
+std::wstring_view StraightGround::undetermined() const
+{
+    return settings_->reportLanguage() == languageRussian ? L"Не определен" : L"Не визначений";
+}
+
+template <class Names>
+void StraightGround::name(std::wstring& field, const Names& names, int number) const
+{
+    if (number >= 0)
+        field = names.at(settings_->reportLanguage(), number);
+}
+
+template <class Names>
+void StraightGround::grade(
+    std::wstring& field, const std::wstring& text, int (*ladder)(float), const Names& names) const
+{
+    field = undetermined();
+    if (!text.empty())
+        name(field, names, ladder(textToFloat(text)));
+}
+
 void StraightGround::determineCohesive(
     const std::wstring& plasticityIndex, const std::wstring& liquidityIndex)
 {
     soil_ = -1;
-    soilName = undetermined;
+    soilName = undetermined();
     consistencyName = soilName;
     if (plasticityIndex.empty())
         return;
@@ -269,10 +277,10 @@ void StraightGround::determineFrozenGrades(const std::wstring& salinity,
 {
     if (group_ == 0)
         return;
-    salinityGrade = undetermined;
-    iceGrade = undetermined;
-    frozenStateName = undetermined;
-    groupName = soilGroupNames.at(languageRussian, group_);
+    salinityGrade = undetermined();
+    iceGrade = undetermined();
+    frozenStateName = undetermined();
+    groupName = soilGroupNames.at(settings_->reportLanguage(), group_);
     if (group_ > 7)
         return;
     if (group_ != 2 && !iceContent.empty())

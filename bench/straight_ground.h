@@ -3,12 +3,21 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <string_view>
+
+class ISettings;
 
 // The classification of the engine written out by hand, each ladder as a chain of conditions: what the tables
-// are held against. For the report in Russian.
+// are held against. All the rest is as there: a field is undetermined before its value is read, and the
+// settings are asked for the language of each name.
 class StraightGround
 {
 public:
+    explicit StraightGround(ISettings& settings)
+        : settings_(&settings)
+    {
+    }
+
     std::wstring soilName;
     std::wstring consistencyName;
     std::wstring groupName;
@@ -40,6 +49,13 @@ public:
         const std::wstring& compressibility);
 
 private:
+    std::wstring_view undetermined() const;
+    template <class Names>
+    void name(std::wstring& field, const Names& names, int number) const;
+    template <class Names>
+    void grade(std::wstring& field, const std::wstring& text, int (*ladder)(float), const Names& names) const;
+
+    ISettings* settings_;
     int soil_ = -1;
     int group_ = 0;
 };
