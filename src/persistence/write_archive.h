@@ -81,20 +81,20 @@ public:
     void map(std::string_view, const EntryNames& names, Map& values)
     {
         writeCount(values.size());
-        constexpr std::size_t firstRows = 64;
+        const std::size_t firstRows = std::min<std::size_t>(values.size(), 64);
         const std::size_t begin = size_;
-        const auto next = advanced(values.begin(), std::min(values.size(), firstRows));
-        writeRows(names, values.begin(), next);
-        if (next == values.end())
+        writeRows(names, values.begin(), firstRows);
+        const std::size_t left = values.size() - firstRows;
+        if (left == 0)
             return;
         // What the first rows took tells of the others: room is made once, and a large register divided.
-        const std::size_t left = values.size() - firstRows;
         const std::size_t expected = (size_ - begin) / firstRows * left / 16 * 17;
         makeRoom(expected);
+        const auto next = advanced(values.begin(), firstRows);
         if (sharing_.divides(left, expected))
-            writeDivided(names, next, values.end(), left, expected);
+            writeDivided(names, next, left, expected);
         else
-            writeRows(names, next, values.end());
+            writeRows(names, next, left);
     }
 
     template <class Record>
@@ -130,40 +130,34 @@ private:
         return std::next(row, static_cast<std::ptrdiff_t>(count));
     }
     template <class Row>
-    void writeRows(const EntryNames& names, Row row, Row end)
+    void writeRows(const EntryNames& names, Row row, std::size_t count)
     {
-        for (; row != end; ++row)
+        for (; count > 0; --count, ++row)
             entryFields(*this, names, row->first, row->second);
     }
     // The first rows here, the others meanwhile in other threads, each into bytes of its own, which are put
     // together in the order of the rows. Writing changes nothing in the project.
     template <class Row>
-    void writeDivided(const EntryNames& names, Row first, Row end, std::size_t count, std::size_t expected)
+    void writeDivided(const EntryNames& names, Row first, std::size_t count, std::size_t expected)
     {
-        struct Part {
-            Row first;
-            Row end;
-            std::future<std::vector<std::uint8_t>> bytes;
-        };
-        std::vector<Part> parts;
-        Row last = first;
-        for (std::size_t i = 0; i < sharing_.threads; ++i) {
-            const std::size_t rows = count * (i + 1) / sharing_.threads - count * i / sharing_.threads;
-            Row begin = std::exchange(last, i + 1 < sharing_.threads ? advanced(last, rows) : end);
-            parts.push_back({begin, last, {}});
-            if (i > 0)
-                parts.back().bytes =
-                    inAnotherThread([names, begin, last, room = expected / sharing_.threads] {
-                        WriteArchive archive(room, WorkSharing{1});
-                        archive.writeRows(names, begin, last);
-                        return archive.takeBytes();
-                    });
-        }
-        for (Part& part : parts) {
-            if (part.bytes.valid())
-                append(part.bytes.get());
+        const auto begin = [count, threads = sharing_.threads](
+                               std::size_t part) { return count * part / threads; };
+        std::vector<std::future<std::vector<std::uint8_t>>> parts(sharing_.threads);
+        for (std::size_t i = 1; i < parts.size(); ++i)
+            parts[i] = inAnotherThread([&names,
+                                           first,
+                                           skipped = begin(i),
+                                           rows = begin(i + 1) - begin(i),
+                                           room = expected / sharing_.threads] {
+                WriteArchive archive(room, WorkSharing{1});
+                archive.writeRows(names, advanced(first, skipped), rows);
+                return archive.takeBytes();
+            });
+        for (std::size_t i = 0; i < parts.size(); ++i) {
+            if (parts[i].valid())
+                append(parts[i].get());
             else
-                writeRows(names, part.first, part.end);
+                writeRows(names, advanced(first, begin(i)), begin(i + 1) - begin(i));
         }
     }
     void append(const std::vector<std::uint8_t>& bytes);
