@@ -12,7 +12,7 @@
 namespace
 {
 
-const WorkSharing alone{1, 0};
+const WorkSharing alone{1};
 
 // All that an opening leaves behind, the project as it stands after a failure too.
 struct Opening {
@@ -64,7 +64,7 @@ TEST(WorkSharing, ThreadsChangeNothingInSamplesAndGeneratedProjects)
         files.push_back(encodeProject(*layers(count)));
     for (const Bytes& bytes : files)
         for (const std::size_t threads : {2U, 3U, 4U}) {
-            const WorkSharing sharing{threads, 0};
+            const WorkSharing sharing{threads, 0, 0};
             const Opening expected = open(bytes, alone);
             EXPECT_EQ(open(bytes, sharing), expected);
             EXPECT_EQ(
@@ -75,7 +75,7 @@ TEST(WorkSharing, ThreadsChangeNothingInSamplesAndGeneratedProjects)
 TEST(WorkSharing, DamagedFilesFailAlike)
 {
     const Bytes whole = sampleBytes("PORTADOWN.TLX");
-    const WorkSharing sharing{3, 0};
+    const WorkSharing sharing{3, 0, 0};
     std::mt19937 random(5);
     int failures = 0;
     int reports = 0;

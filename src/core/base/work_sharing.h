@@ -10,12 +10,13 @@
 // How a large piece of work is divided among threads. One thread divides nothing.
 struct WorkSharing {
     std::size_t threads = std::clamp(std::thread::hardware_concurrency(), 1U, 4U);
-    // Bytes of the file below which a register is not worth a thread.
+    // Bytes of the file, and rows, below which a register is not worth a thread.
     std::size_t worthwhile = 1U << 20U;
+    std::size_t fewestRows = 256;
 
     bool divides(std::size_t rows, std::size_t bytes) const
     {
-        return threads > 1 && rows >= threads && bytes >= worthwhile;
+        return threads > 1 && rows >= threads && rows >= fewestRows && bytes >= worthwhile;
     }
 };
 
