@@ -92,7 +92,7 @@ constexpr std::pair<const char*, const char*> mapFigures[] = {
     {"at_random_ns", "insert at random"},
     {"find_ns", "look up at random"},
     {"walk_ns", "walk"},
-    {"erase_ns", "erase a row; of layers: a whole point"},
+    {"erase_ns", "erase a row (of layers: all of a point)"},
 };
 
 std::vector<Panel> mapPanels(const Run& run)
@@ -255,10 +255,11 @@ void drawAll(const Run& run, const std::filesystem::path& folder)
         std::ofstream out(folder / name);
         drawPicture(out, title, panels);
     };
+    Panel memory = panelOf(run, "open", "peak_MB", "peak memory, beside the records' own sizes", "MB");
+    memory.curves["the records"] = curve(sizesOf(run, "open", "tellurix"), "file_MB", "own_MB");
     picture("open.svg",
         "Opening a project",
-        {panelOf(run, "open", "real_time", "time", "ms"),
-            panelOf(run, "open", "peak_MB", "peak memory", "MB")});
+        {panelOf(run, "open", "real_time", "time", "ms"), std::move(memory)});
     picture("save.svg",
         "Saving a project, flushed to the disk",
         {panelOf(run, "save", "real_time", "time", "ms"),

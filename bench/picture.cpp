@@ -22,7 +22,7 @@ constexpr double headHeight = 36;
 constexpr std::array<const char*, 8> colours = {
     "#0072b2", "#d55e00", "#009e73", "#cc79a7", "#56b4e9", "#e69f00", "#555555", "#7f3c8d"};
 
-// One axis: whole decades from the smallest value to the largest.
+// One axis, from the decade below the smallest value.
 struct Axis {
     double low = std::numeric_limits<double>::max();
     double high = 0;
@@ -32,11 +32,8 @@ struct Axis {
         low = std::min(low, value);
         high = std::max(high, value);
     }
-    void roundToDecades()
-    {
-        low = std::pow(10, std::floor(std::log10(low) + 1e-9));
-        high = std::max(low * 10, std::pow(10, std::ceil(std::log10(high) - 1e-9)));
-    }
+    void beginAtDecade() { low = std::pow(10, std::floor(std::log10(low) + 1e-9)); }
+    void endAtDecade() { high = std::max(low * 10, std::pow(10, std::ceil(std::log10(high) - 1e-9))); }
     // From 0 to 1.
     double at(double value) const { return std::log10(value / low) / std::log10(high / low); }
 };
@@ -70,8 +67,9 @@ public:
                 xAxis_.take(size);
                 yAxis_.take(value);
             }
-        xAxis_.roundToDecades();
-        yAxis_.roundToDecades();
+        xAxis_.beginAtDecade();
+        yAxis_.beginAtDecade();
+        yAxis_.endAtDecade();
     }
 
     void draw()
@@ -127,7 +125,8 @@ private:
     void drawCurve(
         const std::string& name, const std::vector<std::pair<double, double>>& points, const char* colour)
     {
-        out_ << "<polyline fill='none' stroke-width='2' stroke='" << colour << "' points='";
+        out_ << "<polyline fill='none' stroke-width='2' stroke-linejoin='round' stroke='" << colour
+             << "' points='";
         for (const auto& [size, value] : points)
             out_ << across(size) << ',' << down(value) << ' ';
         out_ << "'/>\n";
@@ -142,7 +141,10 @@ private:
         for (std::size_t i = 1; i < names_.size(); ++i)
             names_[i].y = std::max(names_[i].y, names_[i - 1].y + apart);
         for (const Name& name : names_)
-            text(x_ + panelWidth - right + 6, name.y, std::string("fill='") + name.colour + "'", name.text);
+            text(x_ + panelWidth - right + 6,
+                name.y,
+                std::string("style='fill:") + name.colour + "'",
+                name.text);
     }
 
     std::ostream& out_;
