@@ -13,9 +13,11 @@ std::size_t heapAllocations()
 
 extern "C" {
 
+// NOLINTBEGIN(readability-identifier-naming): the C library's own names.
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
 void* __libc_realloc(void* memory, std::size_t size);
+// NOLINTEND(readability-identifier-naming)
 
 void* malloc(std::size_t size)
 {

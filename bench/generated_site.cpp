@@ -32,7 +32,7 @@ std::wstring hundredths(unsigned value)
 
 std::wstring pointName(std::size_t number, SiteNames names)
 {
-    const std::wstring digits = std::to_wstring(number);
+    std::wstring digits = std::to_wstring(number);
     if (names == SiteNames::lettered || (names == SiteNames::mixed && number % 3 == 1))
         return L"Скв-" + digits;
     if (names == SiteNames::mixed && number % 3 == 2)

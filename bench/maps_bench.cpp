@@ -119,9 +119,9 @@ void map(benchmark::State& state)
     while (state.KeepRunning()) {
         Map map;
         state.counters["in_order_ns"] = nanosecondsEach(rows, [&] {
-            RowByRow register_(map);
+            RowByRow insertion(map);
             for (const auto& key : keys)
-                register_.insert(Row(key, {}));
+                insertion.insert(Row(key, {}));
         });
         std::shuffle(keys.begin(), keys.end(), std::mt19937(7));
         Map other;

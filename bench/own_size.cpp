@@ -60,7 +60,7 @@ public:
 
     void objects(std::string_view, const GLObjectList& values)
     {
-        size_ += values.size() * sizeof(GLObjectDB*);
+        size_ += values.size() * sizeof(GLObjectList::value_type);
         for (GLObjectDB* object : values)
             visitDrawing(object, [this](auto row, auto& drawing) {
                 size_ += sizeof drawing;

@@ -34,6 +34,14 @@ struct Axis {
     }
     void beginAtDecade() { low = std::pow(10, std::floor(std::log10(low) + 1e-9)); }
     void endAtDecade() { high = std::max(low * 10, std::pow(10, std::ceil(std::log10(high) - 1e-9))); }
+    std::vector<double> decades() const
+    {
+        std::vector<double> found;
+        const int count = static_cast<int>(std::floor(std::log10(high / low) + 1e-9));
+        for (int decade = 0; decade <= count; ++decade)
+            found.push_back(low * std::pow(10, decade));
+        return found;
+    }
     // From 0 to 1.
     double at(double value) const { return std::log10(value / low) / std::log10(high / low); }
 };
@@ -109,11 +117,11 @@ private:
 
     void drawAxes()
     {
-        for (double value = yAxis_.low; value < yAxis_.high * 1.01; value *= 10) {
+        for (const double value : yAxis_.decades()) {
             line(x_ + left, down(value), x_ + panelWidth - right, down(value));
             text(x_ + left - 6, down(value) + 4, "class='axis' text-anchor='end'", tick(value));
         }
-        for (double size = xAxis_.low; size < xAxis_.high * 1.01; size *= 10) {
+        for (const double size : xAxis_.decades()) {
             line(across(size), y_ + panelHeight - bottom, across(size), y_ + panelHeight - bottom + 5);
             text(across(size),
                 y_ + panelHeight - bottom + 18,
@@ -169,11 +177,10 @@ void drawPicture(std::ostream& out, const std::string& title, const std::vector<
         << "<style>text{font:12px sans-serif;fill:#222}.axis{font-size:11px;fill:#555}"
         << ".grid{stroke:#ddd}</style>\n<rect width='100%' height='100%' fill='white'/>\n"
         << "<text x='16' y='26' style='font-size:15px;font-weight:bold'>" << title << "</text>\n";
-    for (std::size_t i = 0; i < panels.size(); ++i)
-        PanelDrawing(out,
-            panels[i],
-            panelWidth * static_cast<double>(i % panelsInRow),
-            headHeight + panelHeight * static_cast<double>(i / panelsInRow))
-            .draw();
+    for (std::size_t i = 0; i < panels.size(); ++i) {
+        const std::size_t above = i / panelsInRow;
+        const double x = panelWidth * static_cast<double>(i % panelsInRow);
+        PanelDrawing(out, panels[i], x, headHeight + panelHeight * static_cast<double>(above)).draw();
+    }
     out << "</svg>\n";
 }
