@@ -93,6 +93,10 @@ int main(int argc, char** argv)
     QCoreApplication::setLibraryPaths(
         QCoreApplication::libraryPaths() << folder + QStringLiteral("Qt/plugins"));
 
+    // Sharp on dense displays: widgets in points, pictures in pixels.
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+
     Shell shell;
     shell.settings = makeReference<Settings>();
     // Taken before the settings are read from disk: every start comes up in the style of the initial value,

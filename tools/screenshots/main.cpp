@@ -1,4 +1,5 @@
-// A picture of every mode with a project open: screenshots PROJECT FOLDER. Runs beside the module libraries.
+// A picture of every mode with a project open, of the dialogs, and of a project just begun:
+// screenshots PROJECT FOLDER [WIDTHxHEIGHT [STYLE]]. Runs beside the module libraries.
 
 #include "app/mdi_child.h"
 #include "app/shell_assembly.h"
@@ -10,6 +11,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QIcon>
+#include <QStyle>
 #include <QStyleFactory>
 
 #include <cstdio>
@@ -60,26 +62,36 @@ static void takeDialogs(Shell& shell, const QString& folder)
     }
 }
 
+static QSize sizeOf(const QString& text)
+{
+    return {text.section(QLatin1Char('x'), 0, 0).toInt(), text.section(QLatin1Char('x'), 1).toInt()};
+}
+
 int main(int argc, char** argv)
 {
-    if (argc != 3) {
-        std::fprintf(stderr, "screenshots PROJECT FOLDER\n");
+    const QSize size = argc > 3 ? sizeOf(QString::fromLocal8Bit(argv[3])) : QSize(1440, 900);
+    if (argc < 3 || argc > 5 || size.isEmpty()) {
+        std::fprintf(stderr, "screenshots PROJECT FOLDER [WIDTHxHEIGHT [STYLE]]\n");
         return 2;
     }
     Q_INIT_RESOURCE(tellurix);
     QIcon::setThemeSearchPaths({QStringLiteral(":/icons")});
     QIcon::setThemeName(QStringLiteral("tellurix"));
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     Shell shell;
     shell.settings = makeReference<Settings>();
     const TXApplication application(argc, argv, shell.settings.get());
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     shell.settings->initialise();
+    const QString style = argc > 4 ? QString::fromLocal8Bit(argv[4]) : QStringLiteral("Fusion");
+    shell.settings->saveVisualStyle(style);
+    QApplication::setStyle(QStyleFactory::create(style));
+    QApplication::setPalette(QApplication::style()->standardPalette());
     const QString folder = QString::fromLocal8Bit(argv[2]);
     QDir().mkpath(folder);
     if (!assembleShell(shell))
         return 1;
     shell.mainWindow->showNormal();
-    shell.mainWindow->resize(1440, 900);
+    shell.mainWindow->resize(size);
     take(*shell.mainWindow, folder, QStringLiteral("00_projects"));
     openFromCommandLine(*shell.mainController, argv[1]);
     takeModes(shell, folder);

@@ -1,8 +1,12 @@
 #pragma once
 
+#include "common/soil_patterns.h"
+
 #include <QAbstractScrollArea>
 #include <QColor>
 #include <QVector>
+
+class IDBProject;
 
 struct DrawnLayer {
     qint64 id = 0; // of its row in the table
@@ -13,6 +17,7 @@ struct DrawnLayer {
     QString mark;
     QString index;
     QString description;
+    std::uint32_t hatch = 0; // 0: no soil that has one
 };
 
 struct DrawnWater {
@@ -22,8 +27,13 @@ struct DrawnWater {
     bool settled = false;
 };
 
-// The soft fill of a geological index: the same for the same text, on every machine and in every project.
-QColor fillOfIndex(const QString& index);
+// What the project holds for a point, its layers from the top. Those without a thickness are left out.
+QVector<DrawnLayer> drawnLayers(IDBProject& project, const std::wstring& point);
+QVector<DrawnWater> drawnWaters(IDBProject& project, const std::wstring& point);
+
+// The ground of a layer: the colour of its soil, or one made from its geological index, the same for the same
+// text on every machine and in every project.
+QColor groundOfLayer(const DrawnLayer& layer);
 
 // The column of a point, to depth scale, as geologists draw it: marks, depths and thicknesses on the left,
 // the strip, the water levels, the descriptions. Where layers are too thin for their texts, the texts move
@@ -33,7 +43,8 @@ class LithologyColumn : public QAbstractScrollArea
     Q_OBJECT
 
 public:
-    explicit LithologyColumn(QWidget* parent = nullptr);
+    // The library may be missing; then layers have their colours alone.
+    explicit LithologyColumn(IDBHatch* hatches, QWidget* parent = nullptr);
 
     // Layers from top to bottom; those that have no thickness are not drawn.
     void setColumn(const QVector<DrawnLayer>& layers, const QVector<DrawnWater>& waters);
@@ -77,6 +88,9 @@ private:
     void paintRuler(QPainter& painter, const QRectF& strip, double from, double to) const;
     void paintWater(QPainter& painter, const Lanes& lanes, const DrawnWater& water) const;
 
+    void paintIndex(QPainter& painter, const QRectF& strip, const QString& index) const;
+
+    const SoilPatterns patterns_;
     QVector<DrawnLayer> layers_;
     QVector<DrawnWater> waters_;
     // Where the texts of each layer begin; one more for the end of the last.

@@ -1,8 +1,13 @@
-#include "litology/lithology_column.h"
+#include "common/lithology_column.h"
+
+#include "common/number_sort_proxy.h"
+#include "common/sheets/by_point.h"
+#include "modules/idbproject.h"
 
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPainterPath>
 #include <QScrollBar>
 #include <QTextLayout>
 #include <QToolTip>
@@ -22,10 +27,8 @@ static const QColor lineColor(0x9a, 0x9a, 0x9a);
 static const QColor stripColor(0x50, 0x50, 0x50);
 static const QColor waterColor(0x1b, 0x5e, 0xc4);
 
-QColor fillOfIndex(const QString& index)
+static QColor fillOfIndex(const QString& index)
 {
-    if (index.trimmed().isEmpty())
-        return {0xf4, 0xf4, 0xf4};
     // Qt's own hashes change from run to run. The last steps part indexes that differ in one letter.
     quint32 hash = 2166136261U;
     for (const QChar& letter : index)
@@ -37,6 +40,53 @@ QColor fillOfIndex(const QString& index)
     const int saturation = 90 + int(hash / 24U % 3U) * 40;
     const int lightness = 200 + int(hash / 72U % 3U) * 12;
     return QColor::fromHsl(hue, saturation, lightness);
+}
+
+QColor groundOfLayer(const DrawnLayer& layer)
+{
+    return layer.hatch != 0 || layer.index.trimmed().isEmpty() ? tintOfHatch(layer.hatch)
+                                                               : fillOfIndex(layer.index);
+}
+
+static QString fromWide(std::wstring_view text)
+{
+    return QString::fromWCharArray(text.data(), static_cast<int>(text.size()));
+}
+
+QVector<DrawnLayer> drawnLayers(IDBProject& project, const std::wstring& point)
+{
+    QVector<DrawnLayer> drawn;
+    const std::wstring_view mark = foundOr(absoluteMarks(project), point);
+    double top = 0;
+    for (const LayerView& view : layersOf(rowsOfPoint(project.getLithology(), point), mark)) {
+        const auto& [key, value] = *view.layer;
+        double bottom = 0;
+        if (!readNumber(fromWide(key.depth), bottom) || bottom <= top)
+            continue;
+        const QString description = fromWide(value.description);
+        drawn.append({drawn.size(),
+            top,
+            bottom,
+            fromWide(key.depth),
+            fromWide(view.thickness),
+            fromWide(view.bottomMark),
+            fromWide(value.geoIndex),
+            description,
+            hatchOfDescription(description)});
+        top = bottom;
+    }
+    return drawn;
+}
+
+QVector<DrawnWater> drawnWaters(IDBProject& project, const std::wstring& point)
+{
+    QVector<DrawnWater> waters;
+    for (const auto& [key, level] : project.getWaterLevels()) {
+        const QString text = key.pointName == point ? fromWide(key.depth) : QString();
+        if (double depth = 0; readNumber(text, depth))
+            waters.append({depth, text, level.flagA != 0, level.flagB != 0});
+    }
+    return waters;
 }
 
 // Wraps a text into a rectangle; what does not fit ends in an ellipsis.
@@ -65,9 +115,12 @@ static void drawWrapped(QPainter& painter, const QRectF& place, const QString& t
     layout.endLayout();
 }
 
-LithologyColumn::LithologyColumn(QWidget* parent)
+LithologyColumn::LithologyColumn(IDBHatch* hatches, QWidget* parent)
     : QAbstractScrollArea(parent)
+    , patterns_(hatches)
 {
+    setObjectName(QStringLiteral("column"));
+    setAccessibleName(QStringLiteral("Колонка точки"));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     viewport()->setBackgroundRole(QPalette::Base);
     QFont small = font();
@@ -162,15 +215,29 @@ void LithologyColumn::paintLayer(QPainter& painter, const Lanes& lanes, int laye
 {
     const DrawnLayer& drawn = layers_[layer];
     const QRectF strip = placed(lanes.strip, heightAt(drawn.top), heightAt(drawn.bottom));
+    painter.fillRect(strip, groundOfLayer(drawn));
+    QPainterPath area;
+    area.addRect(strip);
+    patterns_.fill(painter, area, drawn.hatch, strip.topLeft());
     painter.setPen(QPen(stripColor, 1));
-    painter.setBrush(fillOfIndex(drawn.index));
+    painter.setBrush(Qt::NoBrush);
     painter.drawRect(strip);
-    if (strip.height() >= lineHeight_ - 3) {
-        painter.setPen(Qt::black);
-        painter.drawText(strip.adjusted(2, 0, -2, 0),
-            Qt::AlignCenter,
-            painter.fontMetrics().elidedText(drawn.index, Qt::ElideRight, int(strip.width()) - 4));
-    }
+    if (!drawn.index.trimmed().isEmpty() && strip.height() >= lineHeight_ - 3)
+        paintIndex(painter, strip, drawn.index);
+}
+
+// On a plate, since a letter among the strokes of a pattern is hard to read.
+void LithologyColumn::paintIndex(QPainter& painter, const QRectF& strip, const QString& index) const
+{
+    const QFontMetrics metrics = painter.fontMetrics();
+    const QString text = metrics.elidedText(index, Qt::ElideRight, int(strip.width()) - 8);
+    QRectF plate(0, 0, metrics.horizontalAdvance(text) + 6, qMin(strip.height() - 2, double(lineHeight_)));
+    plate.moveCenter(strip.center());
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(255, 255, 255, 216));
+    painter.drawRoundedRect(plate, 3, 3);
+    painter.setPen(Qt::black);
+    painter.drawText(plate, Qt::AlignCenter, text);
 }
 
 void LithologyColumn::paintTexts(QPainter& painter, const Lanes& lanes, int layer) const
