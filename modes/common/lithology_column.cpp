@@ -2,6 +2,7 @@
 
 #include "common/number_sort_proxy.h"
 #include "common/sheets/by_point.h"
+#include "dictionaries/laboratory_vocabulary.h"
 #include "modules/idbproject.h"
 
 #include <QHelpEvent>
@@ -19,6 +20,8 @@
 static constexpr double padding = 4;
 static constexpr double leadsWidth = 14;
 static constexpr double stripWidth = 60;
+static constexpr double samplesWidth = 14;
+static constexpr double sampleSize = 7;
 static constexpr double triangleSize = 8;
 static constexpr double waterLine = 14; // on the edge of the strip, clear of the index in it
 static constexpr double largestZoom = 60;
@@ -53,12 +56,11 @@ static QString fromWide(std::wstring_view text)
     return QString::fromWCharArray(text.data(), static_cast<int>(text.size()));
 }
 
-QVector<DrawnLayer> drawnLayers(IDBProject& project, const std::wstring& point)
+QVector<DrawnLayer> drawnLayers(IDBProject& project, const std::wstring& point, std::wstring_view mouthMark)
 {
     QVector<DrawnLayer> drawn;
-    const std::wstring_view mark = foundOr(absoluteMarks(project), point);
     double top = 0;
-    for (const LayerView& view : layersOf(rowsOfPoint(project.getLithology(), point), mark)) {
+    for (const LayerView& view : layersOf(rowsOfPoint(project.getLithology(), point), mouthMark)) {
         const auto& [key, value] = *view.layer;
         double bottom = 0;
         if (!readNumber(fromWide(key.depth), bottom) || bottom <= top)
@@ -87,6 +89,18 @@ QVector<DrawnWater> drawnWaters(IDBProject& project, const std::wstring& point)
             waters.append({depth, text, level.flagA != 0, level.flagB != 0});
     }
     return waters;
+}
+
+QVector<DrawnSample> drawnSamples(IDBProject& project, const std::wstring& point)
+{
+    QVector<DrawnSample> samples;
+    const auto undisturbed = sampleKindIds.at(L"Монолит (М)");
+    for (const auto& [key, sample] : project.getSamples()) {
+        const QString text = key.pointName == point ? fromWide(key.depth) : QString();
+        if (double depth = 0; readNumber(text, depth))
+            samples.append({depth, sample.sampleKind == undisturbed});
+    }
+    return samples;
 }
 
 // Wraps a text into a rectangle; what does not fit ends in an ellipsis.
@@ -130,11 +144,20 @@ LithologyColumn::LithologyColumn(IDBHatch* hatches, QWidget* parent)
     setFocusPolicy(Qt::NoFocus);
 }
 
-void LithologyColumn::setColumn(const QVector<DrawnLayer>& layers, const QVector<DrawnWater>& waters)
+void LithologyColumn::setColumn(
+    const QVector<DrawnLayer>& layers, const QVector<DrawnWater>& waters, const QVector<DrawnSample>& samples)
 {
     layers_ = layers;
     waters_ = waters;
+    samples_ = samples;
     layOut();
+}
+
+void LithologyColumn::setStretch(double top, double bottom)
+{
+    stretchTop_ = top;
+    stretchBottom_ = bottom;
+    viewport()->update();
 }
 
 void LithologyColumn::setCurrentLayer(qint64 id)
@@ -152,6 +175,8 @@ void LithologyColumn::layOut()
     double deepest = layers_.isEmpty() ? 0 : layers_.last().bottom;
     for (const DrawnWater& water : qAsConst(waters_))
         deepest = qMax(deepest, water.depth);
+    for (const DrawnSample& sample : qAsConst(samples_))
+        deepest = qMax(deepest, sample.depth);
     const double room = qMax(viewport()->height() - headHeight_ - 12, 100);
     pixelsPerMetre_ = deepest > 0 ? room / deepest * zoom_ : 1;
 
@@ -182,6 +207,7 @@ LithologyColumn::Lanes LithologyColumn::lanes() const
     lanes.thickness = next(number);
     lanes.leftLeads = next(leadsWidth);
     lanes.strip = next(stripWidth);
+    lanes.samples = next(samples_.isEmpty() ? 0 : samplesWidth);
     lanes.water = next(water);
     lanes.rightLeads = next(leadsWidth);
     lanes.description = next(qMax(60.0, viewport()->width() - left));
@@ -271,7 +297,7 @@ void LithologyColumn::paintLeads(QPainter& painter, const Lanes& lanes, int laye
     painter.setPen(QPen(lineColor, 1));
     painter.drawPolyline(
         QPolygonF({{0, text}, {lanes.leftLeads.left(), text}, {lanes.leftLeads.right(), boundary}}));
-    painter.drawPolyline(QPolygonF({{lanes.water.left(), boundary},
+    painter.drawPolyline(QPolygonF({{lanes.strip.right(), boundary},
         {lanes.rightLeads.left(), boundary},
         {lanes.rightLeads.right(), text},
         {lanes.description.right(), text}}));
@@ -317,7 +343,7 @@ void LithologyColumn::paintEvent(QPaintEvent*)
 {
     QPainter painter(viewport());
     painter.setRenderHint(QPainter::Antialiasing);
-    if (layers_.isEmpty() && waters_.isEmpty()) {
+    if (layers_.isEmpty() && waters_.isEmpty() && samples_.isEmpty()) {
         painter.setPen(QColor(0x70, 0x70, 0x70));
         painter.drawText(viewport()->rect(),
             Qt::AlignCenter,
@@ -328,17 +354,38 @@ void LithologyColumn::paintEvent(QPaintEvent*)
     painter.save();
     painter.translate(0, headHeight_ - verticalScrollBar()->value());
     paintSeen(painter, lanes);
-    for (const DrawnLayer& layer : qAsConst(layers_)) {
-        if (layer.id != current_)
-            continue;
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 2.5));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRect(placed(lanes.strip, heightAt(layer.top), heightAt(layer.bottom)));
-    }
+    paintChosen(painter, lanes);
+    for (const DrawnSample& sample : qAsConst(samples_))
+        paintSample(painter, lanes, sample);
     for (const DrawnWater& water : qAsConst(waters_))
         paintWater(painter, lanes, water);
     painter.restore();
     paintHeads(painter, lanes);
+}
+
+// A filled square for a sample that kept its structure, an empty one for a disturbed one.
+void LithologyColumn::paintSample(QPainter& painter, const Lanes& lanes, const DrawnSample& sample) const
+{
+    QRectF square(0, 0, sampleSize, sampleSize);
+    square.moveCenter({lanes.samples.center().x(), heightAt(sample.depth)});
+    const QColor ink = palette().color(QPalette::Text);
+    painter.setPen(QPen(ink, 1));
+    painter.setBrush(sample.isUndisturbed ? QBrush(ink) : QBrush(palette().color(QPalette::Base)));
+    painter.drawRect(square);
+}
+
+void LithologyColumn::paintChosen(QPainter& painter, const Lanes& lanes) const
+{
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2.5));
+    painter.setBrush(Qt::NoBrush);
+    for (const DrawnLayer& layer : layers_)
+        if (layer.id == current_)
+            painter.drawRect(placed(lanes.strip, heightAt(layer.top), heightAt(layer.bottom)));
+    if (stretchBottom_ > stretchTop_)
+        painter.drawRect(placed(lanes.strip, heightAt(stretchTop_), heightAt(stretchBottom_)));
+    else if (stretchBottom_ == stretchTop_) // NOLINT(clang-diagnostic-float-equal): the same number twice
+        painter.drawLine(QPointF(lanes.leftLeads.left(), heightAt(stretchTop_)),
+            QPointF(lanes.water.left(), heightAt(stretchTop_)));
 }
 
 // Of a long column only what is in view.

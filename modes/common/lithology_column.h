@@ -27,9 +27,15 @@ struct DrawnWater {
     bool settled = false;
 };
 
+struct DrawnSample {
+    double depth = 0; // m
+    bool isUndisturbed = false;
+};
+
 // What the project holds for a point, its layers from the top. Those without a thickness are left out.
-QVector<DrawnLayer> drawnLayers(IDBProject& project, const std::wstring& point);
+QVector<DrawnLayer> drawnLayers(IDBProject& project, const std::wstring& point, std::wstring_view mouthMark);
 QVector<DrawnWater> drawnWaters(IDBProject& project, const std::wstring& point);
+QVector<DrawnSample> drawnSamples(IDBProject& project, const std::wstring& point);
 
 // The ground of a layer: the colour of its soil, or one made from its geological index, the same for the same
 // text on every machine and in every project.
@@ -47,8 +53,12 @@ public:
     explicit LithologyColumn(IDBHatch* hatches, QWidget* parent = nullptr);
 
     // Layers from top to bottom; those that have no thickness are not drawn.
-    void setColumn(const QVector<DrawnLayer>& layers, const QVector<DrawnWater>& waters);
+    void setColumn(const QVector<DrawnLayer>& layers,
+        const QVector<DrawnWater>& waters,
+        const QVector<DrawnSample>& samples = {});
     void setCurrentLayer(qint64 id);
+    // A stretch of the strip that is drawn out; of no height: a depth. None while top is below the bottom.
+    void setStretch(double top, double bottom);
 
     QSize sizeHint() const override { return {380, 400}; }
 
@@ -70,6 +80,7 @@ private:
         QRectF thickness;
         QRectF leftLeads;
         QRectF strip;
+        QRectF samples; // no width where there are none
         QRectF water;
         QRectF rightLeads;
         QRectF description;
@@ -88,14 +99,19 @@ private:
     void paintRuler(QPainter& painter, const QRectF& strip, double from, double to) const;
     void paintWater(QPainter& painter, const Lanes& lanes, const DrawnWater& water) const;
 
+    void paintSample(QPainter& painter, const Lanes& lanes, const DrawnSample& sample) const;
+    void paintChosen(QPainter& painter, const Lanes& lanes) const;
     void paintIndex(QPainter& painter, const QRectF& strip, const QString& index) const;
 
     const SoilPatterns patterns_;
     QVector<DrawnLayer> layers_;
     QVector<DrawnWater> waters_;
+    QVector<DrawnSample> samples_;
     // Where the texts of each layer begin; one more for the end of the last.
     QVector<double> textTops_;
-    qint64 current_ = 0;
+    qint64 current_ = -1;
+    double stretchTop_ = 1; // m
+    double stretchBottom_ = 0; // m
     double pixelsPerMetre_ = 1;
     double zoom_ = 1;
     int headHeight_ = 0;

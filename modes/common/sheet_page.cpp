@@ -89,7 +89,7 @@ QPalette quietPalette(const QPalette& palette)
     return quiet;
 }
 
-SheetPage::SheetPage(const Sheet& sheet, Source source, QWidget* parent)
+SheetPage::SheetPage(const Sheet& sheet, Source source, const MakeDrawing& makeDrawing, QWidget* parent)
     : QWidget(parent)
     , sheet_(sheet)
     , source_(std::move(source))
@@ -103,7 +103,9 @@ SheetPage::SheetPage(const Sheet& sheet, Source source, QWidget* parent)
     message_->setWordWrap(true);
     message_->setPalette(quietPalette(message_->palette()));
     stack_->addWidget(message_);
-    stack_->addWidget(makeContent());
+    QWidget* tables = makeContent();
+    stack_->addWidget(makeDrawing ? besideDrawing(tables, makeDrawing) : tables);
+    connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &SheetPage::readChosen);
 }
 
 QWidget* SheetPage::makeContent()
@@ -116,7 +118,18 @@ QWidget* SheetPage::makeContent()
     splitter->addWidget(makeDetail());
     splitter->setSizes({400, 600});
     keepPosition(splitter, settingsName(sheet_));
-    connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &SheetPage::readDetail);
+    return splitter;
+}
+
+QWidget* SheetPage::besideDrawing(QWidget* tables, const MakeDrawing& makeDrawing)
+{
+    auto* splitter = new QSplitter(Qt::Horizontal, this);
+    splitter->setChildrenCollapsible(false);
+    drawing_ = makeDrawing(splitter);
+    splitter->addWidget(tables);
+    splitter->addWidget(drawing_.view);
+    splitter->setSizes({450, 550});
+    keepPosition(splitter, settingsName(sheet_) + QStringLiteral("/drawing"));
     return splitter;
 }
 
@@ -178,27 +191,34 @@ void SheetPage::showState()
     else
         message_->setText(QStringLiteral("Ничего не найдено. Измените слова в строке фильтра."));
     stack_->setCurrentIndex(shownRows() > 0 ? 1 : 0);
-    readDetail();
+    readChosen();
     Q_EMIT rowsChanged();
 }
 
-void SheetPage::readDetail()
+void SheetPage::readChosen()
 {
-    if (!detailModel_)
+    if (!detailModel_ && !drawing_.view)
         return;
-    std::optional<SheetSource> source = source_();
     const QModelIndex current = table_->sourceIndex(table_->currentIndex());
-    SheetRows rows(sheet_.detail->columns.size());
-    QString chosen;
-    if (source && current.isValid()) {
-        source->chosen = model_->cell(current.siblingAtColumn(0));
-        chosen = fromWide(source->chosen);
-        rows = rowsOf(*sheet_.detail, *source);
-    }
+    const QString first = current.isValid() ? fromWide(model_->cell(current.siblingAtColumn(0))) : QString();
+    const std::wstring chosen = first.toStdWString();
+    std::optional<SheetSource> source = current.isValid() ? source_() : std::nullopt;
+    if (source)
+        source->chosen = chosen;
+    if (detailModel_)
+        readDetail(source);
+    if (drawing_.view)
+        drawing_.show(source);
+}
+
+void SheetPage::readDetail(const std::optional<SheetSource>& source)
+{
+    SheetRows rows = source ? rowsOf(*sheet_.detail, *source) : SheetRows(sheet_.detail->columns.size());
     const QString title = fromWide(sheet_.detail->title);
-    detailTitle_->setText(!current.isValid() ? title
-            : rows.size() == 0 ? chosen + QStringLiteral(": ") + fromWide(sheet_.detail->whenEmpty)
-                               : title + QStringLiteral(": ") + chosen);
+    const QString chosen = source ? fromWide(source->chosen) : QString();
+    detailTitle_->setText(!source ? title
+            : rows.size() == 0    ? chosen + QStringLiteral(": ") + fromWide(sheet_.detail->whenEmpty)
+                                  : title + QStringLiteral(": ") + chosen);
     detailModel_->setRows(std::move(rows));
 }
 

@@ -15,6 +15,14 @@ class TableView;
 // For lines beside the data: text between black and the ground, still easy to read.
 QPalette quietPalette(const QPalette& palette);
 
+// A drawing of the row chosen in a sheet, beside its tables. Shows nothing while no row is chosen; else the
+// first cell of the row stands in the source.
+struct SheetDrawing {
+    QWidget* view = nullptr;
+    std::function<void(const std::optional<SheetSource>& source)> show;
+};
+using MakeDrawing = std::function<SheetDrawing(QWidget* parent)>;
+
 // A sheet in view: its table, below it the table of details where the sheet has one, a sentence in place of
 // either while it has no rows.
 class SheetPage : public QWidget
@@ -25,7 +33,8 @@ public:
     // The project of the moment, or nothing while none is open.
     using Source = std::function<std::optional<SheetSource>()>;
 
-    SheetPage(const Sheet& sheet, Source source, QWidget* parent = nullptr);
+    SheetPage(
+        const Sheet& sheet, Source source, const MakeDrawing& makeDrawing = {}, QWidget* parent = nullptr);
 
     // Reads the project anew. Place and selection stay while the rows are the same; the current row stays
     // near while they are not.
@@ -41,10 +50,12 @@ Q_SIGNALS:
 
 private:
     QWidget* makeContent();
+    QWidget* besideDrawing(QWidget* tables, const MakeDrawing& makeDrawing);
     QWidget* makeDetail();
     void keepingPlace(const std::function<bool()>& change);
     void showState();
-    void readDetail();
+    void readChosen();
+    void readDetail(const std::optional<SheetSource>& source);
     void hideEmptyColumns();
 
     const Sheet& sheet_;
@@ -55,4 +66,5 @@ private:
     QStackedLayout* stack_;
     SheetModel* detailModel_ = nullptr;
     QLabel* detailTitle_ = nullptr;
+    SheetDrawing drawing_;
 };

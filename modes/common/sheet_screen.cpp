@@ -1,6 +1,5 @@
 #include "common/sheet_screen.h"
 
-#include "common/sheet_page.h"
 #include "modules/isettings.h"
 #include "modules/itellurix_controller.h"
 
@@ -18,8 +17,11 @@
 static constexpr int margin = 8;
 static constexpr int manyRows = 5000; // from here on the filter waits until the typing rests
 
-SheetScreen::SheetScreen(
-    TX_Modes mode, ITellurixController* controller, const std::vector<Sheet>& sheets, QWidget* parent)
+SheetScreen::SheetScreen(TX_Modes mode,
+    ITellurixController* controller,
+    const std::vector<Sheet>& sheets,
+    const SheetDrawings& drawings,
+    QWidget* parent)
     : TXWidget(parent)
     , mode_(mode)
     , controller_(controller)
@@ -30,7 +32,7 @@ SheetScreen::SheetScreen(
     layout->setContentsMargins(margin, margin, margin, margin);
     layout->setSpacing(margin);
     layout->addWidget(makeHead());
-    addPages(sheets);
+    addPages(sheets, drawings);
     layout->addWidget(tabs_ ? static_cast<QWidget*>(tabs_) : pages_.front(), 1);
     layout->addWidget(makeNote());
     setFocusProxy(filter_);
@@ -76,7 +78,7 @@ QLabel* SheetScreen::makeNote()
     return note;
 }
 
-void SheetScreen::addPages(const std::vector<Sheet>& sheets)
+void SheetScreen::addPages(const std::vector<Sheet>& sheets, const SheetDrawings& drawings)
 {
     if (sheets.size() > 1) {
         tabs_ = new QTabWidget(this);
@@ -84,8 +86,12 @@ void SheetScreen::addPages(const std::vector<Sheet>& sheets)
     }
     stale_.assign(sheets.size(), true);
     for (const Sheet& sheet : sheets) {
+        const auto drawing = drawings.find(sheet.name);
         auto* page = new SheetPage(
-            sheet, [this] { return source(); }, this);
+            sheet,
+            [this] { return source(); },
+            drawing == drawings.end() ? MakeDrawing() : drawing->second,
+            this);
         connect(page, &SheetPage::rowsChanged, this, [this] { showCount(); });
         pages_.push_back(page);
         if (tabs_)

@@ -57,7 +57,7 @@ constexpr Column columns[] = {
     {captions::yMetres,               GridColumn::Number, 112, &PointRow::text1},
     {L"Абсолютная\nотметка(м)",       GridColumn::Number, 118,  &PointRow::absoluteMark},
     {L"Относительная\nотметка(м)",    GridColumn::Number, 148, &PointRow::text3},
-    {captions::profileType,           GridColumn::Choice, 150, nullptr, profiles, std::size(profiles)},
+    {captions::profileType,           GridColumn::Choice, 170, nullptr, profiles, std::size(profiles)},
     {captions::toRight,               GridColumn::Number, 84,  &PointRow::text4},
     {captions::toLeft,                GridColumn::Number, 84,  &PointRow::text5},
     {L"Дата\nзамера",                 GridColumn::Date,   110,  &PointRow::text6},

@@ -1,10 +1,14 @@
 #include "projects/projects_screen.h"
 
+#include "common/sheet_page.h"
 #include "common/table_view.h"
 #include "modules/imain_controller.h"
 #include "modules/isettings.h"
 #include "platform/files.h"
+#include "projects/start_panel.h"
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -39,7 +43,9 @@ ProjectsScreen::ProjectsScreen(IMainController* controller, QProgressBar* progre
     empty_->setAlignment(Qt::AlignCenter);
     empty_->setWordWrap(true);
     stack_->addWidget(empty_);
+    stack_->addWidget(makeStart());
     layout->addLayout(stack_, 1);
+    layout->addWidget(makeHint());
 
     connect(scan_, &ProjectScan::found, this, &ProjectsScreen::showFound);
     connect(scan_, &ProjectScan::read, this, &ProjectsScreen::showRead);
@@ -71,19 +77,45 @@ QLayout* ProjectsScreen::makeHead()
     filter_->setMaximumWidth(360);
     filter_->installEventFilter(this);
     folder_ = new QLabel(this);
+    folder_->setPalette(quietPalette(folder_->palette()));
     folder_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    auto* openFile = new QPushButton(QStringLiteral("Открыть файл…"), this);
-    auto* newProject = new QPushButton(QStringLiteral("Новый проект"), this);
-    openFile->setObjectName(QStringLiteral("openFile"));
-    newProject->setObjectName(QStringLiteral("newProject"));
-    connect(openFile, &QPushButton::clicked, this, &ProjectsScreen::openAnyFile);
-    connect(newProject, &QPushButton::clicked, this, &ProjectsScreen::makeNewProject);
+    openFile_ = new QPushButton(QStringLiteral("Открыть файл…"), this);
+    newProject_ = new QPushButton(QStringLiteral("Новый проект"), this);
+    openFile_->setObjectName(QStringLiteral("openFile"));
+    newProject_->setObjectName(QStringLiteral("newProject"));
+    connect(openFile_, &QPushButton::clicked, this, &ProjectsScreen::openAnyFile);
+    connect(newProject_, &QPushButton::clicked, this, &ProjectsScreen::makeNewProject);
     auto* head = new QHBoxLayout;
     head->addWidget(filter_, 1);
     head->addWidget(folder_, 1);
-    head->addWidget(openFile);
-    head->addWidget(newProject);
+    head->addWidget(openFile_);
+    head->addWidget(newProject_);
     return head;
+}
+
+// Projects to try, shipped beside the program.
+static QDir examplesFolder()
+{
+    return {QCoreApplication::applicationDirPath() + QStringLiteral("/samples")};
+}
+
+QWidget* ProjectsScreen::makeStart()
+{
+    start_ = new StartPanel(this);
+    start_->showExamples(!examplesFolder().entryList({QStringLiteral("*.TLX")}).isEmpty());
+    connect(start_, &StartPanel::newProject, this, &ProjectsScreen::makeNewProject);
+    connect(start_, &StartPanel::openFile, this, &ProjectsScreen::openAnyFile);
+    connect(start_, &StartPanel::openExample, this, [this] { openFrom(examplesFolder().path()); });
+    return start_;
+}
+
+QWidget* ProjectsScreen::makeHint()
+{
+    hint_ = new QLabel(
+        QStringLiteral("Enter или двойной щелчок — открыть проект, F2 — изменить шифр, буква — искать."),
+        this);
+    hint_->setPalette(quietPalette(hint_->palette()));
+    return hint_;
 }
 
 QWidget* ProjectsScreen::makeTable()
@@ -181,12 +213,13 @@ void ProjectsScreen::list()
     }
     const std::wstring workFolder = controller_->settings()->projectPath();
     const QString folder = QString::fromStdWString(systemPath(projectsFolderOf(workFolder)));
-    folder_->setText(folder);
+    folder_->setText(QStringLiteral("Папка: ") + folder);
     folder_->setToolTip(QStringLiteral("Папка проектов; меняется в настройках программы"));
     if (scan_->start(workFolder))
-        folderWords_ = QStringLiteral("Проектов пока нет.\n\nСоздайте новый проект или откройте файл.\n"
-                                      "Проекты хранятся в папке %1")
-                           .arg(folder);
+        folderWords_ =
+            QStringLiteral("Проектов пока нет. Создайте новый, откройте файл или посмотрите пример.\n"
+                           "Проекты хранятся в папке %1")
+                .arg(folder);
     else
         folderWords_ =
             QStringLiteral("Папка проектов не создаётся:\n%1\n\nВыберите в настройках программы рабочую "
@@ -231,12 +264,18 @@ void ProjectsScreen::arrange()
     const bool isRead = std::none_of(entries.begin(), entries.end(), [](const ProjectEntry& entry) {
         return entry.state == ProjectEntry::State::waiting;
     });
-    if (entries.isEmpty())
-        empty_->setText(folderWords_);
-    else
-        empty_->setText(
-            QStringLiteral("Ничего не найдено: «%1».\n\nEsc — показать все проекты.").arg(filter_->text()));
-    stack_->setCurrentIndex(isRead && table_->model()->rowCount() == 0 ? 1 : 0);
+    start_->setWords(folderWords_);
+    empty_->setText(
+        QStringLiteral("Ничего не найдено: «%1».\n\nEsc — показать все проекты.").arg(filter_->text()));
+    const bool isEmpty = isRead && table_->model()->rowCount() == 0;
+    const bool atStart = isEmpty && entries.isEmpty();
+    const bool comesUp = atStart && stack_->currentWidget() != start_;
+    stack_->setCurrentIndex(atStart ? 2 : isEmpty ? 1 : 0);
+    // The panel says the same, larger.
+    for (QWidget* part : std::initializer_list<QWidget*>{filter_, folder_, openFile_, newProject_, hint_})
+        part->setVisible(!atStart);
+    if (comesUp)
+        start_->setFocus();
 }
 
 void ProjectsScreen::openCurrent()
@@ -252,8 +291,11 @@ void ProjectsScreen::openCurrent()
 
 void ProjectsScreen::openAnyFile()
 {
-    const QString folder =
-        QString::fromStdWString(systemPath(projectsFolderOf(controller_->settings()->projectPath())));
+    openFrom(QString::fromStdWString(systemPath(projectsFolderOf(controller_->settings()->projectPath()))));
+}
+
+void ProjectsScreen::openFrom(const QString& folder)
+{
     const QString file = QFileDialog::getOpenFileName(window(),
         QStringLiteral("Открыть проект"),
         folder,

@@ -1,14 +1,13 @@
 #include "app/message_box.h"
 #include "app/shell_assembly.h"
 #include "app/tx_application.h"
+#include "app/visual_style.h"
 #include "platform/files.h"
 #include "settings/program.h"
 
 #include <QFont>
 #include <QIcon>
 #include <QLibraryInfo>
-#include <QStyle>
-#include <QStyleFactory>
 #include <QSurfaceFormat>
 #include <QTimer>
 #include <QTranslator>
@@ -58,8 +57,7 @@ static void prepare(Settings& settings, const QString& style)
     settings.initialise();
     loadTranslation();
     setSurfaceFormat();
-    QApplication::setStyle(QStyleFactory::create(style));
-    QApplication::setPalette(QApplication::style()->standardPalette());
+    applyVisualStyle(style);
 }
 
 // The shell from its assembly to the end of the event loop; the exit code.

@@ -4,9 +4,9 @@
 #include "app/main_controller.h"
 #include "app/main_window.h"
 #include "app/show_label.h"
+#include "app/visual_style.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenuBar>
@@ -142,8 +142,7 @@ void MainController::createStyleChooser(QToolBar* bar)
 
 void MainController::applyStyle(const QString& name)
 {
-    QApplication::setStyle(QStyleFactory::create(name));
-    QApplication::setPalette(QApplication::style()->standardPalette());
+    applyVisualStyle(name);
     settings_->saveVisualStyle(name);
 }
 

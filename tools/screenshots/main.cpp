@@ -4,6 +4,7 @@
 #include "app/mdi_child.h"
 #include "app/shell_assembly.h"
 #include "app/tx_application.h"
+#include "app/visual_style.h"
 #include "dialogs/stamp_dialog.h"
 #include "dialogs/study_dialog.h"
 
@@ -11,8 +12,6 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QIcon>
-#include <QStyle>
-#include <QStyleFactory>
 
 #include <cstdio>
 
@@ -84,8 +83,7 @@ int main(int argc, char** argv)
     shell.settings->initialise();
     const QString style = argc > 4 ? QString::fromLocal8Bit(argv[4]) : QStringLiteral("Fusion");
     shell.settings->saveVisualStyle(style);
-    QApplication::setStyle(QStyleFactory::create(style));
-    QApplication::setPalette(QApplication::style()->standardPalette());
+    applyVisualStyle(style);
     const QString folder = QString::fromLocal8Bit(argv[2]);
     QDir().mkpath(folder);
     if (!assembleShell(shell))
