@@ -73,6 +73,7 @@ DrawnSection sectionOfLine(IDBProject& project, const std::vector<std::wstring>&
 DrawnSection sectionAlongAxis(IDBProject& project, bool isAlongY)
 {
     DrawnSection section;
+    section.isLine = false;
     for (const auto& [key, rows] : project.getPointRegister()) {
         Place place;
         if (rows.empty() || !readPlace(rows.front(), place)) {

@@ -23,6 +23,7 @@ struct DrawnPoint {
 struct DrawnSection {
     QVector<DrawnPoint> points; // in the order along the section
     QStringList leftOut; // names of points without coordinates or mark
+    bool isLine = true; // false: a view of the site, whose neighbours may stand far behind one another
 };
 
 // Through the points of a line, in its order; distances from point to point.

@@ -253,14 +253,24 @@ void SectionDrawing::paintLegend(QPainter& painter) const
     }
 }
 
+// Two figures are as much as a drawing on a screen is good for.
+static int roundScale(double scale)
+{
+    const double step = std::pow(10, std::floor(std::log10(std::max(scale, 10.0))) - 1);
+    return int(std::round(scale / step) * step);
+}
+
 void SectionDrawing::paintNote(QPainter& painter, const Frame& frame) const
 {
     const int line = fontMetrics().lineSpacing() + 6;
     const double dotsPerMetre = logicalDpiX() / 0.0254;
-    QString note = QStringLiteral("Масштаб гор. 1:%1, верт. 1:%2. Границы между выработками условны: "
-                                  "соединены одинаковые грунты.")
-                       .arg(qRound(dotsPerMetre / frame.perMetreAlong))
-                       .arg(qRound(dotsPerMetre / frame.perMetreUp));
+    const QString between = section_.isLine
+        ? QStringLiteral("Границы между выработками условны: соединены одинаковые грунты.")
+        : QStringLiteral("Выработки всей площадки спроецированы на одну линию.");
+    QString note = QStringLiteral("Масштаб гор. около 1:%1, верт. около 1:%2. ")
+                       .arg(roundScale(dotsPerMetre / frame.perMetreAlong))
+                       .arg(roundScale(dotsPerMetre / frame.perMetreUp))
+        + between;
     if (!section_.leftOut.isEmpty())
         note += QStringLiteral(" Без координат или отметки: %1.")
                     .arg(section_.leftOut.join(QStringLiteral(", ")));
@@ -284,9 +294,11 @@ void SectionDrawing::paintEvent(QPaintEvent*)
     }
     const Frame frame = this->frame();
     paintMarks(painter, frame);
-    for (int point = 1; point < section_.points.size(); ++point)
-        paintBetween(painter, frame, section_.points[point - 1], section_.points[point]);
-    paintLines(painter, frame);
+    if (section_.isLine) {
+        for (int point = 1; point < section_.points.size(); ++point)
+            paintBetween(painter, frame, section_.points[point - 1], section_.points[point]);
+        paintLines(painter, frame);
+    }
     for (const DrawnPoint& point : section_.points)
         paintPoint(painter, frame, point);
     paintTable(painter, frame);

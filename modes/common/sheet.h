@@ -86,6 +86,9 @@ struct Sheet {
     std::vector<SheetColumn> columns = {};
     void (*fill)(SheetRows& rows, const SheetSource& source) = nullptr;
     std::wstring_view whenEmpty = {}; // a sentence in place of a table without rows
+    std::wstring_view whatToDo =
+        L"Внести эти данные пока можно утилитой tlxtool: dump записывает проект в JSON, "
+        L"build собирает его обратно."; // the sentence below it
     const Sheet* detail = nullptr; // shown below for the current row
 };
 

@@ -1,5 +1,6 @@
 #include "common/sheet_page.h"
 
+#include "common/empty_state.h"
 #include "common/sheet_model.h"
 #include "common/table_view.h"
 #include "common/view_settings.h"
@@ -89,19 +90,20 @@ QPalette quietPalette(const QPalette& palette)
     return quiet;
 }
 
-SheetPage::SheetPage(const Sheet& sheet, Source source, const MakeDrawing& makeDrawing, QWidget* parent)
+SheetPage::SheetPage(const Sheet& sheet,
+    Source source,
+    const QString& picture,
+    const MakeDrawing& makeDrawing,
+    QWidget* parent)
     : QWidget(parent)
     , sheet_(sheet)
     , source_(std::move(source))
     , model_(new SheetModel(sheet.columns, this))
     , table_(makeTable(sheet, model_, this))
-    , message_(new QLabel(this))
+    , message_(new EmptyState(picture, this))
     , stack_(new QStackedLayout(this))
 {
     stack_->setContentsMargins(0, 0, 0, 0);
-    message_->setAlignment(Qt::AlignCenter);
-    message_->setWordWrap(true);
-    message_->setPalette(quietPalette(message_->palette()));
     stack_->addWidget(message_);
     QWidget* tables = makeContent();
     stack_->addWidget(makeDrawing ? besideDrawing(tables, makeDrawing) : tables);
@@ -185,11 +187,13 @@ void SheetPage::hideEmptyColumns()
 void SheetPage::showState()
 {
     if (!source_())
-        message_->setText(QStringLiteral("Проект не открыт. Откройте проект, чтобы увидеть его данные."));
+        message_->say(QStringLiteral("Проект не открыт."),
+            QStringLiteral("Откройте проект, чтобы увидеть его данные."));
     else if (allRows() == 0)
-        message_->setText(fromWide(sheet_.whenEmpty));
+        message_->say(fromWide(sheet_.whenEmpty), fromWide(sheet_.whatToDo));
     else
-        message_->setText(QStringLiteral("Ничего не найдено. Измените слова в строке фильтра."));
+        message_->say(QStringLiteral("Ничего не найдено."),
+            QStringLiteral("Измените слова в строке фильтра; Esc в ней показывает все строки."));
     stack_->setCurrentIndex(shownRows() > 0 ? 1 : 0);
     readChosen();
     Q_EMIT rowsChanged();

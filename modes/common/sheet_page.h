@@ -7,6 +7,7 @@
 #include <functional>
 #include <optional>
 
+class EmptyState;
 class QLabel;
 class QStackedLayout;
 class SheetModel;
@@ -33,8 +34,12 @@ public:
     // The project of the moment, or nothing while none is open.
     using Source = std::function<std::optional<SheetSource>()>;
 
-    SheetPage(
-        const Sheet& sheet, Source source, const MakeDrawing& makeDrawing = {}, QWidget* parent = nullptr);
+    // The picture stands above the sentence of a sheet without rows.
+    SheetPage(const Sheet& sheet,
+        Source source,
+        const QString& picture,
+        const MakeDrawing& makeDrawing = {},
+        QWidget* parent = nullptr);
 
     // Reads the project anew. Place and selection stay while the rows are the same; the current row stays
     // near while they are not.
@@ -62,7 +67,7 @@ private:
     Source source_;
     SheetModel* model_;
     TableView* table_;
-    QLabel* message_;
+    EmptyState* message_;
     QStackedLayout* stack_;
     SheetModel* detailModel_ = nullptr;
     QLabel* detailTitle_ = nullptr;

@@ -17,6 +17,21 @@
 static constexpr int margin = 8;
 static constexpr int manyRows = 5000; // from here on the filter waits until the typing rests
 
+// The same as on the button of the mode.
+static QString pictureOf(TX_Modes mode)
+{
+    static const std::map<TX_Modes, const char*> pictures{{ModeLaboratory, "lab.png"},
+        {ModeIge, "ige.png"},
+        {ModeStatic, "staticProbing.png"},
+        {ModeSection, "section.png"},
+        {ModeIgk, "igk.png"},
+        {ModeSubsidence, "subsidence.png"},
+        {ModeChemistry, "chemistry.png"},
+        {ModeConsolidated, "doc.png"}};
+    const auto found = pictures.find(mode);
+    return QString::fromLatin1(found == pictures.end() ? "str.png" : found->second);
+}
+
 SheetScreen::SheetScreen(TX_Modes mode,
     ITellurixController* controller,
     const std::vector<Sheet>& sheets,
@@ -90,6 +105,7 @@ void SheetScreen::addPages(const std::vector<Sheet>& sheets, const SheetDrawings
         auto* page = new SheetPage(
             sheet,
             [this] { return source(); },
+            pictureOf(mode_),
             drawing == drawings.end() ? MakeDrawing() : drawing->second,
             this);
         connect(page, &SheetPage::rowsChanged, this, [this] { showCount(); });
@@ -185,7 +201,7 @@ void SheetScreen::filter()
 
 void SheetScreen::showCount()
 {
-    count_->setText(controller_->project()
+    count_->setText(controller_->project() && page()->allRows() > 0
             ? QStringLiteral("Показано %1 из %2").arg(page()->shownRows()).arg(page()->allRows())
             : QString());
 }

@@ -85,7 +85,7 @@ QPushButton* StartPanel::addButton(
     button->setObjectName(QString::fromLatin1(name));
     button->setToolTip(tip);
     button->setIconSize({iconSize, iconSize});
-    button->setMinimumHeight(iconSize + spacing);
+    button->setMinimumSize(button->sizeHint().width() + 2 * spacing, iconSize + spacing);
     button->setAutoDefault(true);
     row->addWidget(button);
     return button;

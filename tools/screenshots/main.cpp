@@ -1,5 +1,5 @@
 // A picture of every mode with a project open, of the dialogs, and of a project just begun:
-// screenshots PROJECT FOLDER [WIDTHxHEIGHT [STYLE]]. Runs beside the module libraries.
+// screenshots PROJECT FOLDER [WIDTHxHEIGHT [STYLE]], a dash for no project. Runs beside the module libraries.
 
 #include "app/mdi_child.h"
 #include "app/shell_assembly.h"
@@ -8,12 +8,18 @@
 #include "dialogs/stamp_dialog.h"
 #include "dialogs/study_dialog.h"
 
+#include <QAction>
 #include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QIcon>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QTabWidget>
+#include <QTimer>
 
 #include <cstdio>
+#include <string_view>
 
 static void settle(int milliseconds)
 {
@@ -30,6 +36,18 @@ static void take(QWidget& widget, const QString& folder, const QString& name)
     std::printf("%s%s\n", qPrintable(path), widget.grab().save(path) ? "" : ": cannot be written");
 }
 
+// A screen behind each of its tabs; those after the first have their number in the name.
+static void takeTabs(QMainWindow& window, const QString& folder, const QString& name)
+{
+    take(window, folder, name);
+    const auto* area = window.findChild<QMdiArea*>();
+    auto* tabs = area->currentSubWindow()->findChild<QTabWidget*>();
+    for (int tab = 1; tabs && tab < tabs->count(); ++tab) {
+        tabs->setCurrentIndex(tab);
+        take(window, folder, name + QStringLiteral("_%1").arg(tab + 1));
+    }
+}
+
 static void takeModes(Shell& shell, const QString& folder)
 {
     for (const ModeRow& row : modeRows) {
@@ -38,7 +56,7 @@ static void takeModes(Shell& shell, const QString& folder)
             continue;
         shell.mainController->changeMode(row.mode);
         const QString file = QString::fromWCharArray(row.moduleFile.data(), int(row.moduleFile.size()));
-        take(*shell.mainWindow,
+        takeTabs(*shell.mainWindow,
             folder,
             QStringLiteral("%1_%2")
                 .arg(int(row.mode), 2, 10, QLatin1Char('0'))
@@ -59,6 +77,20 @@ static void takeDialogs(Shell& shell, const QString& folder)
         stamps.show();
         take(stamps, folder, ukrainian ? QStringLiteral("stamps_uk") : QStringLiteral("stamps_ru"));
     }
+}
+
+// What a user meets who has only pressed "new project": its question, and the screen behind it.
+static void takeNewProject(Shell& shell, const QString& folder)
+{
+    QTimer::singleShot(1500, shell.mainWindow.get(), [&] {
+        if (QWidget* question = QApplication::activeModalWidget()) {
+            take(*question, folder, QStringLiteral("01_new_question"));
+            question->close();
+        }
+    });
+    shell.mainWindow->findChild<QAction*>(QStringLiteral("actListCoords"))->trigger();
+    settle(2500);
+    take(*shell.mainWindow, folder, QStringLiteral("01_new"));
 }
 
 static QSize sizeOf(const QString& text)
@@ -91,9 +123,13 @@ int main(int argc, char** argv)
     shell.mainWindow->showNormal();
     shell.mainWindow->resize(size);
     take(*shell.mainWindow, folder, QStringLiteral("00_projects"));
-    openFromCommandLine(*shell.mainController, argv[1]);
-    takeModes(shell, folder);
-    takeDialogs(shell, folder);
+    if (std::string_view(argv[1]) == "-") {
+        takeNewProject(shell, folder);
+    } else {
+        openFromCommandLine(*shell.mainController, argv[1]);
+        takeModes(shell, folder);
+        takeDialogs(shell, folder);
+    }
     shell.closeWindows();
     return 0;
 }

@@ -79,8 +79,8 @@ Sheet lineSheet(std::string_view name, std::wstring_view title, void (*fill)(She
             {L"Конец", 12},
             {L"Отметка\nконца, м", 11, SheetColumn::Number}},
         .fill = fill,
-        .whenEmpty =
-            L"Линии разрезов не проведены. Всю площадку в разрезе показывает вкладка «Обзор площадки»."};
+        .whenEmpty = L"Линии разрезов не проведены.",
+        .whatToDo = L"Всю площадку в разрезе показывает вкладка «Обзор площадки»."};
 }
 
 // Every point of the site seen from a side: a section can be looked at before its line is drawn.
@@ -178,7 +178,8 @@ const std::vector<Sheet>& sectionSheets()
             .title = L"Обзор площадки",
             .columns = {{L"Вид", 24}, {L"Точек", 8, SheetColumn::Number}},
             .fill = fillViews,
-            .whenEmpty = L"В проекте меньше двух точек. Добавьте точки в режиме «Ведомость координат»."},
+            .whenEmpty = L"В проекте меньше двух точек.",
+            .whatToDo = L"Добавьте точки в режиме «Ведомость координат»."},
         {.name = "section/drawings",
             .title = L"Чертежи",
             .columns = {{L"Чертеж", 28},
