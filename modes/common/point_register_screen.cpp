@@ -42,6 +42,7 @@ PointRegisterScreen::PointRegisterScreen(TX_Modes mode,
     , table_(new QSplitter(Qt::Horizontal, this))
     , splitter_(new QSplitter(Qt::Horizontal, this))
 {
+    grid_->setAccessibleName(QStringLiteral("Записи точки"));
     layOut();
     connectViews();
     connectShell();

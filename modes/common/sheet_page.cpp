@@ -57,6 +57,7 @@ TableView* makeTable(const Sheet& sheet, SheetModel* model, QWidget* parent)
 {
     auto* table = new TableView(settingsName(sheet), parent);
     table->setObjectName(settingsName(sheet));
+    table->setAccessibleName(sheet.title.empty() ? QStringLiteral("Таблица") : fromWide(sheet.title));
     table->setSourceModel(model);
     table->setItemDelegate(new OneLineDelegate(table));
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);

@@ -71,6 +71,7 @@ QWidget* SheetScreen::makeHead()
     layout->setSpacing(margin);
     filter_ = new QLineEdit(head);
     filter_->setObjectName(QStringLiteral("filter"));
+    filter_->setAccessibleName(QStringLiteral("Фильтр"));
     filter_->setPlaceholderText(QStringLiteral("Фильтр: слова через пробел"));
     filter_->setToolTip(QStringLiteral("Показать строки, в которых есть каждое из слов. Ctrl+F: сюда, "
                                        "стрелка вниз: к таблице, Esc: очистить."));

@@ -72,6 +72,7 @@ QLayout* ProjectsScreen::makeHead()
 {
     filter_ = new QLineEdit(this);
     filter_->setObjectName(QStringLiteral("filter"));
+    filter_->setAccessibleName(QStringLiteral("Найти проект"));
     filter_->setPlaceholderText(QStringLiteral("Найти проект"));
     filter_->setClearButtonEnabled(true);
     filter_->setMaximumWidth(360);
@@ -122,6 +123,7 @@ QWidget* ProjectsScreen::makeTable()
 {
     table_ = new TableView(QStringLiteral("projects/register"), this);
     table_->setSourceModel(model_);
+    table_->setAccessibleName(QStringLiteral("Проекты"));
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setEditTriggers(QAbstractItemView::EditKeyPressed);
     table_->setTextElideMode(Qt::ElideMiddle); // of a saving place both ends tell most

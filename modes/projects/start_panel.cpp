@@ -13,6 +13,8 @@ static constexpr int spacing = 16;
 static QPixmap logo(double density)
 {
     QPixmap picture(QStringLiteral(":/images/logo.png"));
+    if (picture.isNull())
+        return picture;
     // Its lowest strip is left free for the words of the start.
     constexpr double drawnPart = 0.89;
     picture = picture.copy(0, 0, picture.width(), int(picture.height() * drawnPart));

@@ -1,8 +1,10 @@
 // A picture of every mode with a project open, of the dialogs, and of a project just begun:
 // screenshots PROJECT FOLDER [WIDTHxHEIGHT [STYLE]], a dash for no project. Runs beside the module libraries.
 
+#include "app/about_dialog.h"
 #include "app/mdi_child.h"
 #include "app/shell_assembly.h"
+#include "app/splash_screen.h"
 #include "app/tx_application.h"
 #include "app/visual_style.h"
 #include "dialogs/stamp_dialog.h"
@@ -69,6 +71,13 @@ static void takeDialogs(Shell& shell, const QString& folder)
     const std::unique_ptr<QWidget> setup(shell.mainController->createWidget(ModeSetup));
     setup->show();
     take(*setup, folder, QStringLiteral("02_setup"));
+    AboutDialog about(*shell.controller, shell.mainWindow.get());
+    about.show();
+    take(about, folder, QStringLiteral("about"));
+    SplashScreen splash(QPixmap(QStringLiteral(":/images/logo.png")), *shell.controller);
+    splash.show();
+    splash.showMessage(QStringLiteral("Загрузка модулей…"), Qt::AlignHCenter | Qt::AlignBottom, Qt::black);
+    take(splash, folder, QStringLiteral("splash"));
     StudyDialog study(shell.mainController->project());
     study.show();
     take(study, folder, QStringLiteral("study"));
