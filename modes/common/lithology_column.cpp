@@ -56,11 +56,11 @@ static QString fromWide(std::wstring_view text)
     return QString::fromWCharArray(text.data(), static_cast<int>(text.size()));
 }
 
-QVector<DrawnLayer> drawnLayers(IDBProject& project, const std::wstring& point, std::wstring_view mouthMark)
+QVector<DrawnLayer> drawnLayers(const LayerRows& rows, std::wstring_view mouthMark)
 {
     QVector<DrawnLayer> drawn;
     double top = 0;
-    for (const LayerView& view : layersOf(rowsOfPoint(project.getLithology(), point), mouthMark)) {
+    for (const LayerView& view : layersOf(rows, mouthMark)) {
         const auto& [key, value] = *view.layer;
         double bottom = 0;
         if (!readNumber(fromWide(key.depth), bottom) || bottom <= top)
@@ -80,15 +80,25 @@ QVector<DrawnLayer> drawnLayers(IDBProject& project, const std::wstring& point, 
     return drawn;
 }
 
-QVector<DrawnWater> drawnWaters(IDBProject& project, const std::wstring& point)
+QVector<DrawnWater> drawnWaters(const WaterRows& rows)
 {
     QVector<DrawnWater> waters;
-    for (const auto& [key, level] : project.getWaterLevels()) {
-        const QString text = key.pointName == point ? fromWide(key.depth) : QString();
+    for (const auto* row : rows) {
+        const QString text = fromWide(row->first.depth);
         if (double depth = 0; readNumber(text, depth))
-            waters.append({depth, text, level.flagA != 0, level.flagB != 0});
+            waters.append({depth, text, row->second.flagA != 0, row->second.flagB != 0});
     }
     return waters;
+}
+
+QVector<DrawnLayer> drawnLayers(IDBProject& project, const std::wstring& point, std::wstring_view mouthMark)
+{
+    return drawnLayers(rowsOfPoint(project.getLithology(), point), mouthMark);
+}
+
+QVector<DrawnWater> drawnWaters(IDBProject& project, const std::wstring& point)
+{
+    return drawnWaters(rowsOfPoint(project.getWaterLevels(), point));
 }
 
 QVector<DrawnSample> drawnSamples(IDBProject& project, const std::wstring& point)

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "common/soil_patterns.h"
+#include "db/records/lithology.h"
+#include "db/records/water_level.h"
 
 #include <QAbstractScrollArea>
 #include <QColor>
@@ -33,6 +35,10 @@ struct DrawnSample {
 };
 
 // What the project holds for a point, its layers from the top. Those without a thickness are left out.
+using LayerRows = std::vector<const LithologyRegister::value_type*>;
+using WaterRows = std::vector<const WaterRegister::value_type*>;
+QVector<DrawnLayer> drawnLayers(const LayerRows& rows, std::wstring_view mouthMark);
+QVector<DrawnWater> drawnWaters(const WaterRows& rows);
 QVector<DrawnLayer> drawnLayers(IDBProject& project, const std::wstring& point, std::wstring_view mouthMark);
 QVector<DrawnWater> drawnWaters(IDBProject& project, const std::wstring& point);
 QVector<DrawnSample> drawnSamples(IDBProject& project, const std::wstring& point);

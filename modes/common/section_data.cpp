@@ -1,6 +1,7 @@
 #include "common/section_data.h"
 
 #include "common/number_sort_proxy.h"
+#include "common/sheets/by_point.h"
 #include "modules/idbproject.h"
 
 #include <algorithm>
@@ -9,36 +10,55 @@
 namespace
 {
 
-struct Place {
+struct Mouth {
     double x = 0;
     double y = 0;
     double mark = 0;
     QString markText;
 };
 
-bool readPlace(const PointRow& row, Place& place)
+bool readMouth(const PointRow& row, Mouth& mouth)
 {
-    place.markText = QString::fromStdWString(row.absoluteMark);
-    return readNumber(QString::fromStdWString(row.text0), place.x)
-        && readNumber(QString::fromStdWString(row.text1), place.y) && readNumber(place.markText, place.mark);
+    mouth.markText = QString::fromStdWString(row.absoluteMark);
+    return readNumber(QString::fromStdWString(row.text0), mouth.x)
+        && readNumber(QString::fromStdWString(row.text1), mouth.y) && readNumber(mouth.markText, mouth.mark);
 }
 
-const PointRow* firstRow(const PointRegister& points, const std::wstring& name)
+// The registers by point, gathered once for all points of a section.
+class Gathered
 {
-    for (const auto& [key, rows] : points)
-        if (key.pointName == name && !rows.empty())
-            return &rows.front();
-    return nullptr;
-}
+public:
+    explicit Gathered(IDBProject& project)
+    {
+        for (const auto& [key, rows] : project.getPointRegister())
+            if (!rows.empty())
+                points_.try_emplace(key.pointName, &rows.front());
+        for (auto& of : rowsByPoint(project.getLithology()))
+            layers_.emplace(of.point, std::move(of.rows));
+        for (auto& of : rowsByPoint(project.getWaterLevels()))
+            waters_.emplace(of.point, std::move(of.rows));
+    }
 
-DrawnPoint drawnPoint(IDBProject& project, const std::wstring& name, double distance, const Place& place)
-{
-    return {QString::fromStdWString(name),
-        distance,
-        place.mark,
-        drawnLayers(project, name, place.markText.toStdWString()),
-        drawnWaters(project, name)};
-}
+    bool findMouth(const std::wstring& name, Mouth& mouth) const
+    {
+        const auto found = points_.find(name);
+        return found != points_.end() && readMouth(*found->second, mouth);
+    }
+
+    DrawnPoint point(const std::wstring& name, double distance, const Mouth& mouth) const
+    {
+        return {QString::fromStdWString(name),
+            distance,
+            mouth.mark,
+            drawnLayers(foundOr(layers_, name), mouth.markText.toStdWString()),
+            drawnWaters(foundOr(waters_, name))};
+    }
+
+private:
+    std::unordered_map<std::wstring_view, const PointRow*> points_;
+    std::unordered_map<std::wstring_view, LayerRows> layers_;
+    std::unordered_map<std::wstring_view, WaterRows> waters_;
+};
 
 // The soil, where it has a pattern, with the index that tells two layers of a soil apart.
 bool areAlike(const DrawnLayer& a, const DrawnLayer& b)
@@ -52,35 +72,36 @@ bool areAlike(const DrawnLayer& a, const DrawnLayer& b)
 
 DrawnSection sectionOfLine(IDBProject& project, const std::vector<std::wstring>& line)
 {
+    const Gathered gathered(project);
     DrawnSection section;
-    Place last;
+    Mouth last;
     double distance = 0;
     for (const std::wstring& name : line) {
-        const PointRow* row = firstRow(project.getPointRegister(), name);
-        Place place;
-        if (!row || !readPlace(*row, place)) {
+        Mouth mouth;
+        if (!gathered.findMouth(name, mouth)) {
             section.leftOut.append(QString::fromStdWString(name));
             continue;
         }
         if (!section.points.isEmpty())
-            distance += std::hypot(place.x - last.x, place.y - last.y);
-        last = place;
-        section.points.append(drawnPoint(project, name, distance, place));
+            distance += std::hypot(mouth.x - last.x, mouth.y - last.y);
+        last = mouth;
+        section.points.append(gathered.point(name, distance, mouth));
     }
     return section;
 }
 
 DrawnSection sectionAlongAxis(IDBProject& project, bool isAlongY)
 {
+    const Gathered gathered(project);
     DrawnSection section;
     section.isLine = false;
     for (const auto& [key, rows] : project.getPointRegister()) {
-        Place place;
-        if (rows.empty() || !readPlace(rows.front(), place)) {
+        Mouth mouth;
+        if (!gathered.findMouth(key.pointName, mouth)) {
             section.leftOut.append(QString::fromStdWString(key.pointName));
             continue;
         }
-        DrawnPoint point = drawnPoint(project, key.pointName, isAlongY ? place.y : place.x, place);
+        DrawnPoint point = gathered.point(key.pointName, isAlongY ? mouth.y : mouth.x, mouth);
         if (!point.layers.isEmpty())
             section.points.append(point);
     }

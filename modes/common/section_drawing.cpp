@@ -9,6 +9,7 @@
 static constexpr double margin = 10;
 static constexpr double headWidth = 92; // of the scale of marks and the heads of the table
 static constexpr int tableRows = 3;
+static constexpr double narrowestStrip = 4; // too narrow for a pattern
 static constexpr double swatchWidth = 34;
 static constexpr int legendColumns = 3;
 
@@ -79,11 +80,7 @@ SectionDrawing::Frame SectionDrawing::frame() const
 
 double SectionDrawing::stripWidth(const Frame& frame) const
 {
-    double nearest = 1e9;
-    for (int point = 1; point < section_.points.size(); ++point)
-        nearest = std::min(nearest,
-            (section_.points[point].distance - section_.points[point - 1].distance) * frame.perMetreAlong);
-    return qBound(4.0, nearest * 0.4, 16.0);
+    return qBound(narrowestStrip, frame.field.width() / section_.points.size() * 0.4, 16.0);
 }
 
 // Two layers that go together are one area; a layer that only one side has ends half way.
@@ -147,7 +144,8 @@ void SectionDrawing::paintPoint(QPainter& painter, const Frame& frame, const Dra
         QPainterPath area;
         area.addRect(strip);
         painter.fillRect(strip, groundOfLayer(layer));
-        patterns_.fill(painter, area, layer.hatch, QPointF(0, frame.field.top()));
+        if (2 * half > narrowestStrip)
+            patterns_.fill(painter, area, layer.hatch, QPointF(0, frame.field.top()));
         painter.setPen(QPen(inkColor, 1));
         painter.setBrush(Qt::NoBrush);
         painter.drawRect(strip);

@@ -1,7 +1,5 @@
 #include "app/mdi_child.h"
 
-#include "dictionaries/modes.h"
-
 #include <QMdiArea>
 
 MdiChild::MdiChild(QMdiArea* area, TX_Modes mode, QWidget* widget)
@@ -11,10 +9,6 @@ MdiChild::MdiChild(QMdiArea* area, TX_Modes mode, QWidget* widget)
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setWindowFlags(windowFlags() | Qt::FramelessWindowHint);
     setAttribute(Qt::WA_DeleteOnClose);
-    // The title stays empty, or the window would show it beside its own.
-    const std::wstring_view* name = modeNames.find(mode);
-    setAccessibleName(
-        name ? QString::fromWCharArray(name->data(), int(name->size())) : QStringLiteral("Проекты"));
     showMaximized();
     widget->setParent(this);
     setWidget(widget);
