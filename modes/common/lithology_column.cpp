@@ -1,6 +1,7 @@
 #include "common/lithology_column.h"
 
 #include "common/number_sort_proxy.h"
+#include "common/picture_actions.h"
 #include "common/sheets/by_point.h"
 #include "dictionaries/laboratory_vocabulary.h"
 #include "modules/idbproject.h"
@@ -145,6 +146,7 @@ LithologyColumn::LithologyColumn(IDBHatch* hatches, QWidget* parent)
 {
     setObjectName(QStringLiteral("column"));
     setAccessibleName(QStringLiteral("Колонка точки"));
+    addPictureActions(this, "Колонка.png");
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     viewport()->setBackgroundRole(QPalette::Base);
     QFont small = font();

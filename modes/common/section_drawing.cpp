@@ -1,5 +1,7 @@
 #include "common/section_drawing.h"
 
+#include "common/picture_actions.h"
+
 #include <QPainter>
 #include <QPainterPath>
 
@@ -23,6 +25,8 @@ SectionDrawing::SectionDrawing(IDBHatch* hatches, QWidget* parent)
 {
     setObjectName(QStringLiteral("section"));
     setAccessibleName(QStringLiteral("Чертёж разреза"));
+    setFocusPolicy(Qt::StrongFocus);
+    addPictureActions(this, "Разрез.png");
     setBackgroundRole(QPalette::Base);
     setAutoFillBackground(true);
     QFont small = font();
@@ -211,6 +215,7 @@ void SectionDrawing::paintTable(QPainter& painter, const Frame& frame) const
         if (x - half < free[row])
             return;
         free[row] = x + half + 6;
+        painter.fillRect(QRectF(x - half - 2, y + 1, 2 * half + 4, line - 2), QColor(255, 255, 255, 200));
         painter.drawText(QRectF(x - half - 2, y, 2 * half + 4, line), Qt::AlignCenter, text);
     };
     for (int number = 0; number < section_.points.size(); ++number) {
@@ -233,10 +238,9 @@ void SectionDrawing::paintLegend(QPainter& painter) const
     const double column = (width() - 2 * margin) / legendColumns;
     const QVector<std::uint32_t> shown = soils();
     for (int number = 0; number < shown.size(); ++number) {
-        const QRectF swatch(margin + number % legendColumns * column,
-            top + number / legendColumns * line,
-            swatchWidth,
-            line - 5);
+        const int row = number / legendColumns;
+        const QRectF swatch(
+            margin + number % legendColumns * column, top + row * line, swatchWidth, line - 5);
         QPainterPath area;
         area.addRect(swatch);
         painter.fillRect(swatch, tintOfHatch(shown[number]));
@@ -302,4 +306,9 @@ void SectionDrawing::paintEvent(QPaintEvent*)
     paintTable(painter, frame);
     paintNote(painter, frame);
     paintLegend(painter);
+    if (hasFocus()) {
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 1));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
+    }
 }

@@ -1,5 +1,5 @@
 #include "common/hatch_pattern.h"
-#include "common/section_data.h"
+#include "common/section_drawing.h"
 #include "common/soil_patterns.h"
 #include "core/base/reference.h"
 #include "db/db_project.h"
@@ -9,7 +9,10 @@
 #include "persistence/project_file.h"
 #include "platform/utf8.h"
 
+#include <QAction>
+#include <QClipboard>
 #include <QFile>
+#include <QGuiApplication>
 #include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -230,4 +233,29 @@ TEST(Sections, DistancesMarksAndPointsThatCannotBePlaced)
     EXPECT_EQ(east.points.first().name, QStringLiteral("С-3"));
     EXPECT_DOUBLE_EQ(east.points.last().distance, 13.5);
     EXPECT_DOUBLE_EQ(north.points.last().distance, 3);
+}
+
+TEST(Sections, DrawingIsCopiedAsAPicture)
+{
+    const auto library = builtLibrary();
+    SectionDrawing drawing(library.get());
+    drawing.resize(500, 400);
+    DrawnSection section;
+    section.points = {pointWith({QStringLiteral("Песок мелкий"), QStringLiteral("Глина")}),
+        pointWith({QStringLiteral("Песок мелкий"), QStringLiteral("Глина")})};
+    section.points[1].distance = 20;
+    drawing.setSection(section);
+    drawing.actions().front()->trigger();
+    const QImage picture = QGuiApplication::clipboard()->image();
+    EXPECT_EQ(picture.size(), QSize(1000, 800));
+    // Between the columns, half way down the first layer and the second one: the ground or a stroke on it.
+    const auto holds = [&](const QColor& ground) {
+        for (int y = 0; y < picture.height(); ++y)
+            if (picture.pixelColor(picture.width() / 2 + 90, y) == ground)
+                return true;
+        return false;
+    };
+    EXPECT_TRUE(holds(tintOfHatch(hatchOfDescription(QStringLiteral("Песок мелкий")))));
+    EXPECT_TRUE(holds(tintOfHatch(hatchOfDescription(QStringLiteral("Глина")))));
+    EXPECT_FALSE(holds(tintOfHatch(hatchOfDescription(QStringLiteral("Торф")))));
 }
