@@ -146,7 +146,7 @@ LithologyColumn::LithologyColumn(IDBHatch* hatches, QWidget* parent)
 {
     setObjectName(QStringLiteral("column"));
     setAccessibleName(QStringLiteral("Колонка точки"));
-    addPictureActions(this, "Колонка.png");
+
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     viewport()->setBackgroundRole(QPalette::Base);
     QFont small = font();
@@ -154,6 +154,8 @@ LithologyColumn::LithologyColumn(IDBHatch* hatches, QWidget* parent)
     setFont(small);
     setMinimumWidth(320);
     setFocusPolicy(Qt::NoFocus);
+    addPictureActions(
+        this, QStringLiteral("Колонка.png"), [this](QPainter& painter) { viewport()->render(&painter); });
 }
 
 void LithologyColumn::setColumn(

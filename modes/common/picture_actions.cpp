@@ -6,43 +6,49 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QMessageBox>
+#include <QPainter>
 #include <QWidget>
 
 static constexpr double density = 2;
 
-static QImage pictureOf(QWidget* drawing)
+using Paint = std::function<void(QPainter& painter)>;
+
+static QImage pictureOf(QWidget* drawing, const Paint& paint)
 {
     QImage picture(drawing->size() * density, QImage::Format_RGB32);
     picture.setDevicePixelRatio(density);
     picture.fill(Qt::white);
-    drawing->render(&picture);
+    QPainter painter(&picture);
+    paint(painter);
     return picture;
 }
 
-static void savePicture(QWidget* drawing, const QString& fileName)
+static void savePicture(QWidget* drawing, const QString& fileName, const Paint& paint)
 {
     const QString file = QFileDialog::getSaveFileName(
         drawing->window(), QStringLiteral("Сохранить рисунок"), fileName, QStringLiteral("Рисунок (*.png)"));
     if (file.isEmpty())
         return;
-    if (!pictureOf(drawing).save(file, "PNG"))
+    if (!pictureOf(drawing, paint).save(file, "PNG"))
         QMessageBox::warning(drawing->window(),
             QStringLiteral("Сохранить рисунок"),
             QStringLiteral("Рисунок не записан: %1\nПроверьте, можно ли писать в эту папку.").arg(file));
 }
 
-void addPictureActions(QWidget* drawing, const char* fileName)
+void addPictureActions(QWidget* drawing, const QString& fileName, const Paint& paint)
 {
-    const QString name = QString::fromUtf8(fileName);
     auto* copy = new QAction(QStringLiteral("Копировать рисунок"), drawing);
-    copy->setShortcut(QKeySequence::Copy);
     auto* save = new QAction(QStringLiteral("Сохранить рисунок…"), drawing);
-    for (QAction* action : {copy, save})
-        action->setShortcutContext(Qt::WidgetShortcut);
-    QObject::connect(copy, &QAction::triggered, drawing, [drawing] {
-        QGuiApplication::clipboard()->setImage(pictureOf(drawing));
+    if (drawing->focusPolicy() != Qt::NoFocus) {
+        copy->setShortcut(QKeySequence::Copy);
+        copy->setShortcutContext(Qt::WidgetShortcut);
+    }
+    QObject::connect(copy, &QAction::triggered, drawing, [drawing, paint] {
+        QGuiApplication::clipboard()->setImage(pictureOf(drawing, paint));
     });
-    QObject::connect(save, &QAction::triggered, drawing, [drawing, name] { savePicture(drawing, name); });
+    QObject::connect(save, &QAction::triggered, drawing, [drawing, fileName, paint] {
+        savePicture(drawing, fileName, paint);
+    });
     drawing->addActions({copy, save});
     drawing->setContextMenuPolicy(Qt::ActionsContextMenu);
 }

@@ -26,7 +26,7 @@ SectionDrawing::SectionDrawing(IDBHatch* hatches, QWidget* parent)
     setObjectName(QStringLiteral("section"));
     setAccessibleName(QStringLiteral("Чертёж разреза"));
     setFocusPolicy(Qt::StrongFocus);
-    addPictureActions(this, "Разрез.png");
+    addPictureActions(this, QStringLiteral("Разрез.png"), [this](QPainter& painter) { paintAll(painter); });
     setBackgroundRole(QPalette::Base);
     setAutoFillBackground(true);
     QFont small = font();
@@ -285,6 +285,16 @@ void SectionDrawing::paintNote(QPainter& painter, const Frame& frame) const
 void SectionDrawing::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
+    paintAll(painter);
+    if (hasFocus()) {
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 1));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
+    }
+}
+
+void SectionDrawing::paintAll(QPainter& painter) const
+{
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setFont(font());
     if (section_.points.size() < 2) {
@@ -306,9 +316,4 @@ void SectionDrawing::paintEvent(QPaintEvent*)
     paintTable(painter, frame);
     paintNote(painter, frame);
     paintLegend(painter);
-    if (hasFocus()) {
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 1));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
-    }
 }

@@ -36,6 +36,7 @@ private:
         double y(double mark) const { return field.top() + (top - mark) * perMetreUp; }
     };
 
+    void paintAll(QPainter& painter) const;
     Frame frame() const;
     double stripWidth(const Frame& frame) const;
     void paintBetween(
