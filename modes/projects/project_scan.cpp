@@ -93,7 +93,6 @@ void ProjectScan::readNext()
         Q_EMIT finished();
         return;
     }
-    isReading_ = true;
     reading_ =
         std::async(std::launch::async, [this, entry = entries_[next_], folder = workFolder_]() mutable {
             readProjectEntry(entry, folder);
