@@ -1,9 +1,9 @@
 # What a user gets, for both systems: `cmake --install BUILD --component program --prefix FOLDER` lays it out, and CPack
 # packs that folder on Linux. Everything stands together, since the program keeps its settings beside itself. The
-# sample projects are installed where they are made.
+# guide and the sample projects are installed where they are made.
 get_property(modules GLOBAL PROPERTY TELLURIX_MODULES)
 install(TARGETS tellurix tlxtool ${modules} COMPONENT program RUNTIME DESTINATION . LIBRARY DESTINATION .)
-install(DIRECTORY ${TELLURIX_PROGRAM_FOLDER}/hatch ${TELLURIX_PROGRAM_FOLDER}/igkPreset ${TELLURIX_PROGRAM_FOLDER}/help
+install(DIRECTORY ${TELLURIX_PROGRAM_FOLDER}/hatch ${TELLURIX_PROGRAM_FOLDER}/igkPreset
     DESTINATION . COMPONENT program)
 if(WIN32)
     return()

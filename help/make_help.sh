@@ -53,6 +53,7 @@ for page in "${pages[@]}"; do
 <html lang="ru">
 <head>
 <meta charset="utf-8">
+<meta http-equiv="X-UA-Compatible" content="IE=edge">
 <meta name="viewport" content="width=device-width, initial-scale=1">
 <title>$title</title>
 <link rel="stylesheet" href="style.css">
