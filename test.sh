@@ -9,7 +9,7 @@ all=no
 [ "${1:-}" = --all ] && all=yes
 
 lists=(packages.txt)
-[ $all = yes ] && lists+=(packages_ci.txt packages_windows.txt)
+[ $all = yes ] && lists+=(packages_ci.txt packages_screenshot.txt packages_windows.txt)
 tools/install_packages.sh "${lists[@]}"
 
 passed=0
@@ -52,6 +52,7 @@ if [ $all = yes ]; then
     preset asan
     step fuzzers tools/fuzz.sh build/asan 30
     step clang-tidy tools/tidy.sh build/asan
+    step "package for Linux" packaging/linux/smoke.sh
     preset windows
     step "same bytes on both systems" packaging/windows/same_bytes.sh
     step "folder for Windows" packaging/windows/make_folder.sh
