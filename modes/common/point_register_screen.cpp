@@ -106,7 +106,7 @@ void PointRegisterScreen::setSideView(QWidget* view)
     table_->setStretchFactor(0, 3);
     table_->setStretchFactor(1, 2);
     arrangeSplitter(table_, "side", {540, 460});
-    reload();
+    showPoint();
 }
 
 void PointRegisterScreen::connectViews()

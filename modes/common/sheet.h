@@ -36,6 +36,13 @@ public:
     void add(std::initializer_list<std::wstring_view> cells) { add(cells.begin(), cells.size()); }
     void add(const std::vector<std::wstring>& cells) { add(cells.data(), cells.size()); }
 
+    // Room for as much as another sheet holds.
+    void reserveLike(const SheetRows& other)
+    {
+        text_.reserve(other.text_.size());
+        ends_.reserve(other.ends_.size());
+    }
+
     std::size_t columns() const { return columns_; }
     std::size_t size() const { return ends_.size() / columns_; }
     std::wstring_view cell(std::size_t row, std::size_t column) const
@@ -92,9 +99,11 @@ struct Sheet {
     const Sheet* detail = nullptr; // shown below for the current row
 };
 
-inline SheetRows rowsOf(const Sheet& sheet, const SheetSource& source)
+// Large sheets are mostly read again to find them as they were.
+inline SheetRows rowsOf(const Sheet& sheet, const SheetSource& source, const SheetRows& before = SheetRows())
 {
     SheetRows rows(sheet.columns.size());
+    rows.reserveLike(before);
     sheet.fill(rows, source);
     return rows;
 }

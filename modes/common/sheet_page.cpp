@@ -155,8 +155,10 @@ QWidget* SheetPage::makeDetail()
 void SheetPage::read()
 {
     const std::optional<SheetSource> source = source_();
-    keepingPlace(
-        [&] { return model_->setRows(source ? rowsOf(sheet_, *source) : SheetRows(sheet_.columns.size())); });
+    keepingPlace([&] {
+        return model_->setRows(
+            source ? rowsOf(sheet_, *source, model_->rows()) : SheetRows(sheet_.columns.size()));
+    });
     hideEmptyColumns();
     showState();
 }

@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 static constexpr int margin = 8;
 static constexpr int manyRows = 5000; // from here on the filter waits until the typing rests
@@ -181,8 +182,23 @@ void SheetScreen::reattach()
 void SheetScreen::readAnew()
 {
     stale_.assign(pages_.size(), true);
-    if (isVisible())
-        readIfStale();
+    readSoon();
+}
+
+// A change of the mode tells of itself up to three times before the first painting; a large project is read
+// for all of them once.
+void SheetScreen::readSoon()
+{
+    if (std::exchange(readsSoon_, true))
+        return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            readsSoon_ = false;
+            if (isVisible())
+                readIfStale();
+        },
+        Qt::QueuedConnection);
 }
 
 void SheetScreen::readIfStale()
@@ -224,7 +240,7 @@ std::optional<SheetSource> SheetScreen::source() const
 void SheetScreen::showEvent(QShowEvent* event)
 {
     TXWidget::showEvent(event);
-    readIfStale();
+    readSoon();
 }
 
 bool SheetScreen::eventFilter(QObject* watched, QEvent* event)

@@ -60,6 +60,7 @@ private:
     void becomeCurrent();
     void reattach();
     void readAnew();
+    void readSoon();
     void readIfStale();
     void filter();
     void showCount();
@@ -75,4 +76,5 @@ private:
     QTabWidget* tabs_ = nullptr; // null for a single sheet
     std::vector<SheetPage*> pages_;
     std::vector<bool> stale_;
+    bool readsSoon_ = false;
 };

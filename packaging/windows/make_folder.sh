@@ -16,13 +16,10 @@ version=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' $build/CMakeCache.txt)
 compiler=x86_64-w64-mingw32-g++-posix
 
 rm -rf $folder
+# The list of what is shipped is the same for both systems: cmake/install_program.cmake.
+cmake --install $build --component program --prefix $folder >/dev/null
+x86_64-w64-mingw32-strip $folder/*.exe $folder/*.dll
 mkdir -p $folder/Qt/plugins $folder/translations
-for part in hatch igkPreset help samples Проекты; do
-    cp -r $build/program/$part $folder/
-done
-for file in $build/program/*.exe $build/program/*.dll $build/tools/tlxtool/tlxtool.exe; do
-    x86_64-w64-mingw32-strip -o "$folder/$(basename "$file")" "$file"
-done
 for kind in platforms imageformats styles; do
     cp -r $qt/plugins/$kind $folder/Qt/plugins/
 done
