@@ -335,7 +335,8 @@ void LithologyColumn::paintRuler(QPainter& painter, const QRectF& strip, double 
     }
 }
 
-void LithologyColumn::paintWater(QPainter& painter, const Lanes& lanes, const DrawnWater& water) const
+double LithologyColumn::paintWater(
+    QPainter& painter, const Lanes& lanes, const DrawnWater& water, double highest) const
 {
     const double y = heightAt(water.depth);
     painter.setPen(QPen(waterColor, 1.5));
@@ -348,9 +349,11 @@ void LithologyColumn::paintWater(QPainter& painter, const Lanes& lanes, const Dr
     painter.drawPolygon(QPolygonF({tip,
         tip + QPointF(-triangleSize / 2, -triangleSize),
         tip + QPointF(triangleSize / 2, -triangleSize)}));
-    painter.drawText(QRectF(tip.x() + triangleSize / 2 + 2, y - lineHeight_ - 1, 200, lineHeight_),
+    const double top = qMax(y - lineHeight_ - 1, highest);
+    painter.drawText(QRectF(tip.x() + triangleSize / 2 + 2, top, 200, lineHeight_),
         Qt::AlignLeft | Qt::AlignVCenter,
         water.text);
+    return top + lineHeight_ * 0.9;
 }
 
 void LithologyColumn::paintEvent(QPaintEvent*)
@@ -371,8 +374,10 @@ void LithologyColumn::paintEvent(QPaintEvent*)
     paintChosen(painter, lanes);
     for (const DrawnSample& sample : qAsConst(samples_))
         paintSample(painter, lanes, sample);
+    // From the top, so that the texts of levels that stand close do not fall on one another.
+    double free = -lineHeight_ * 2.0;
     for (const DrawnWater& water : qAsConst(waters_))
-        paintWater(painter, lanes, water);
+        free = paintWater(painter, lanes, water, free);
     painter.restore();
     paintHeads(painter, lanes);
 }

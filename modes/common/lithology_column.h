@@ -103,7 +103,8 @@ private:
     void paintTexts(QPainter& painter, const Lanes& lanes, int layer) const;
     void paintLeads(QPainter& painter, const Lanes& lanes, int layer) const;
     void paintRuler(QPainter& painter, const QRectF& strip, double from, double to) const;
-    void paintWater(QPainter& painter, const Lanes& lanes, const DrawnWater& water) const;
+    // The text stands no higher than that; where it ends.
+    double paintWater(QPainter& painter, const Lanes& lanes, const DrawnWater& water, double highest) const;
 
     void paintSample(QPainter& painter, const Lanes& lanes, const DrawnSample& sample) const;
     void paintChosen(QPainter& painter, const Lanes& lanes) const;

@@ -9,6 +9,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QDirIterator>
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -94,19 +95,32 @@ QLayout* ProjectsScreen::makeHead()
     return head;
 }
 
-// Projects to try, shipped beside the program.
-static QDir examplesFolder()
+static QString shownFolder(const std::wstring& workFolder)
 {
-    return {QCoreApplication::applicationDirPath() + QStringLiteral("/samples")};
+    return QString::fromStdWString(systemPath(projectsFolderOf(workFolder)));
+}
+
+// The projects to try are shipped in the folder of projects beside the program; a user may work in another
+// one.
+static QString examplesFolder()
+{
+    return shownFolder(QCoreApplication::applicationDirPath().toStdWString());
+}
+
+static bool hasExamples(const QString& workFolder)
+{
+    const QString folder = examplesFolder();
+    return QDir(folder) != QDir(workFolder)
+        && QDirIterator(folder, {QStringLiteral("*.TLX")}, QDir::Files, QDirIterator::Subdirectories)
+               .hasNext();
 }
 
 QWidget* ProjectsScreen::makeStart()
 {
     start_ = new StartPanel(this);
-    start_->showExamples(!examplesFolder().entryList({QStringLiteral("*.TLX")}).isEmpty());
     connect(start_, &StartPanel::newProject, this, &ProjectsScreen::makeNewProject);
     connect(start_, &StartPanel::openFile, this, &ProjectsScreen::openAnyFile);
-    connect(start_, &StartPanel::openExample, this, [this] { openFrom(examplesFolder().path()); });
+    connect(start_, &StartPanel::openExample, this, [this] { openFrom(examplesFolder()); });
     return start_;
 }
 
@@ -214,14 +228,14 @@ void ProjectsScreen::list()
         return;
     }
     const std::wstring workFolder = controller_->settings()->projectPath();
-    const QString folder = QString::fromStdWString(systemPath(projectsFolderOf(workFolder)));
+    const QString folder = shownFolder(workFolder);
+    start_->showExamples(hasExamples(folder));
     folder_->setText(QStringLiteral("Папка: ") + folder);
     folder_->setToolTip(QStringLiteral("Папка проектов; меняется в настройках программы"));
     if (scan_->start(workFolder))
-        folderWords_ =
-            QStringLiteral("Проектов пока нет. Создайте новый, откройте файл или посмотрите пример.\n"
-                           "Проекты хранятся в папке %1")
-                .arg(folder);
+        folderWords_ = QStringLiteral("Проектов пока нет. Создайте новый или откройте файл.\n"
+                                      "Проекты хранятся в папке %1")
+                           .arg(folder);
     else
         folderWords_ =
             QStringLiteral("Папка проектов не создаётся:\n%1\n\nВыберите в настройках программы рабочую "
@@ -293,7 +307,7 @@ void ProjectsScreen::openCurrent()
 
 void ProjectsScreen::openAnyFile()
 {
-    openFrom(QString::fromStdWString(systemPath(projectsFolderOf(controller_->settings()->projectPath()))));
+    openFrom(shownFolder(controller_->settings()->projectPath()));
 }
 
 void ProjectsScreen::openFrom(const QString& folder)

@@ -41,7 +41,9 @@ protected:
                 for (int tab = 0; tab < (tabs ? tabs->count() : 1); ++tab) {
                     if (tabs)
                         tabs->setCurrentIndex(tab);
-                    QCoreApplication::processEvents();
+                    // A screen reads its data in one turn of the loop and is laid out in the next.
+                    for (int turn = 0; turn < 3; ++turn)
+                        QCoreApplication::processEvents();
                     SCOPED_TRACE(style.toStdString() + ", mode " + std::to_string(row.mode) + ", tab "
                         + std::to_string(tab));
                     look();
