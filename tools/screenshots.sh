@@ -15,6 +15,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cp -r build/release/program/. "$work"
 cp build/release/tools/screenshots/screenshots "$work"
+[ "$project" = - ] && rm -r "$work/Проекты"
 for sample in samples/*.TLX; do
     [ "$project" = - ] && break
     name=$(basename "$sample" .TLX)
