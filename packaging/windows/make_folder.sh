@@ -44,6 +44,7 @@ licences=$folder/Лицензии
 mkdir $licences
 as_windows_text() { printf '\xef\xbb\xbf'; sed 's/\r*$/\r/' "$1"; }
 as_windows_text packaging/windows/licences.txt >"$licences/Прочти.txt"
+as_windows_text samples/sources/projects.txt >$folder/Проекты/Прочти.txt
 as_windows_text LICENSE >$licences/Tellurix.txt
 for text in LGPL-3 GPL-3; do
     as_windows_text /usr/share/common-licenses/$text >$licences/$text.txt
