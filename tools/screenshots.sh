@@ -14,6 +14,7 @@ cmake --build --preset release --target program screenshots >/dev/null
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cp -r build/release/program/. "$work"
+rm -f "$work"/*.ini
 cp build/release/tools/screenshots/screenshots "$work"
 [ "$project" = - ] && rm -r "$work/Проекты"
 for sample in samples/*.TLX; do

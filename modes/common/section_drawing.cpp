@@ -9,7 +9,7 @@
 #include <cmath>
 
 static constexpr double margin = 10;
-static constexpr double headWidth = 92; // of the scale of marks and the heads of the table
+static constexpr double axisTitleGap = 8; // clear of the name of the first point
 static constexpr int tableRows = 3;
 static constexpr double narrowestStrip = 4; // too narrow for a pattern
 static constexpr double swatchWidth = 34;
@@ -18,6 +18,11 @@ static constexpr int legendColumns = 3;
 static const QColor inkColor(0x2b, 0x2b, 0x2b);
 static const QColor faintColor(0xb8, 0xb8, 0xb8);
 static const QColor waterColor(0x1b, 0x5e, 0xc4);
+
+static QStringList tableHeads()
+{
+    return {QStringLiteral("Отметка, м"), QStringLiteral("Глубина, м"), QStringLiteral("Расст., м")};
+}
 
 SectionDrawing::SectionDrawing(IDBHatch* hatches, QWidget* parent)
     : QWidget(parent)
@@ -57,6 +62,15 @@ int SectionDrawing::legendHeight() const
     return (int(soils().size()) + legendColumns - 1) / legendColumns * line + line;
 }
 
+// Left of the drawing, where the heads of the table stand.
+double SectionDrawing::headWidth() const
+{
+    int widest = 0;
+    for (const QString& head : tableHeads())
+        widest = std::max(widest, fontMetrics().horizontalAdvance(head));
+    return widest + 16;
+}
+
 SectionDrawing::Frame SectionDrawing::frame() const
 {
     const int line = fontMetrics().lineSpacing();
@@ -67,10 +81,10 @@ SectionDrawing::Frame SectionDrawing::frame() const
         lowest = std::min(lowest, point.mark - point.depth());
     }
     Frame frame;
-    frame.field = QRectF(margin + headWidth,
-        margin + 2 * line,
-        width() - 2 * margin - headWidth,
-        height() - 2 * margin - 3 * line - tableRows * (line + 4) - legendHeight());
+    frame.field = QRectF(margin + headWidth(),
+        margin + 2 * line + axisTitleGap,
+        width() - 2 * margin - headWidth(),
+        height() - 2 * margin - 3 * line - axisTitleGap - tableRows * (line + 4) - legendHeight());
     frame.field.setHeight(std::max(frame.field.height(), 60.0));
     frame.top = highest;
     frame.perMetreUp = frame.field.height() / std::max(highest - lowest, 0.1);
@@ -177,7 +191,7 @@ void SectionDrawing::paintMarks(QPainter& painter, const Frame& frame) const
             step *= factor;
     painter.setPen(inkColor);
     painter.drawText(
-        QRectF(margin, margin, headWidth + 60, line), Qt::AlignLeft, QStringLiteral("Абс. отметка, м"));
+        QRectF(margin, margin, width() - 2 * margin, line), Qt::AlignLeft, QStringLiteral("Абс. отметка, м"));
     const auto first = std::ceil((frame.top - frame.field.height() / frame.perMetreUp) / step);
     const auto last = std::floor(frame.top / step);
     for (double number = first; number <= last; number += 1) {
@@ -186,7 +200,7 @@ void SectionDrawing::paintMarks(QPainter& painter, const Frame& frame) const
         painter.setPen(QPen(faintColor, 0.6));
         painter.drawLine(QPointF(frame.field.left() - 6, y), QPointF(frame.field.right(), y));
         painter.setPen(inkColor);
-        painter.drawText(QRectF(margin, y - line / 2.0, headWidth - 12, line),
+        painter.drawText(QRectF(margin, y - line / 2.0, headWidth() - 12, line),
             Qt::AlignRight | Qt::AlignVCenter,
             QString::number(mark, 'f', step < 1 ? 1 : 0));
     }
@@ -197,8 +211,7 @@ void SectionDrawing::paintMarks(QPainter& painter, const Frame& frame) const
 // as have room.
 void SectionDrawing::paintTable(QPainter& painter, const Frame& frame) const
 {
-    static const QString heads[tableRows] = {
-        QStringLiteral("Отметка, м"), QStringLiteral("Глубина, м"), QStringLiteral("Расст., м")};
+    const QStringList heads = tableHeads();
     const QFontMetrics metrics = fontMetrics();
     const int line = metrics.lineSpacing() + 4;
     const double top = frame.field.bottom() + line / 2.0;
@@ -207,7 +220,8 @@ void SectionDrawing::paintTable(QPainter& painter, const Frame& frame) const
         painter.drawLine(QPointF(margin, top + row * line), QPointF(frame.field.right(), top + row * line));
     painter.setPen(inkColor);
     for (int row = 0; row < tableRows; ++row)
-        painter.drawText(QRectF(margin, top + row * line, headWidth - 8, line), Qt::AlignVCenter, heads[row]);
+        painter.drawText(
+            QRectF(margin, top + row * line, headWidth() - 8, line), Qt::AlignVCenter, heads[row]);
 
     double free[1 + tableRows] = {-1e9, -1e9, -1e9, -1e9};
     const auto write = [&](int row, double x, double y, const QString& text) {

@@ -38,6 +38,7 @@ private:
 
     void paintAll(QPainter& painter) const;
     Frame frame() const;
+    double headWidth() const;
     double stripWidth(const Frame& frame) const;
     void paintBetween(
         QPainter& painter, const Frame& frame, const DrawnPoint& left, const DrawnPoint& right) const;
