@@ -1,5 +1,9 @@
 #include "generated_site.h"
 
+#include "section/gl_line.h"
+#include "section/gl_polygon.h"
+#include "section/gl_text.h"
+
 #include <array>
 #include <random>
 #include <string>
@@ -26,13 +30,26 @@ std::wstring hundredths(unsigned value)
     return text;
 }
 
+std::wstring pointName(std::size_t number, SiteNames names)
+{
+    const std::wstring digits = std::to_wstring(number);
+    if (names == SiteNames::lettered || (names == SiteNames::mixed && number % 3 == 1))
+        return L"Скв-" + digits;
+    if (names == SiteNames::mixed && number % 3 == 2)
+        return digits + L"а";
+    return digits;
+}
+
 class Site
 {
 public:
-    Reference<DBProject> make(std::size_t points)
+    Reference<DBProject> make(std::size_t points, SiteNames names)
     {
         for (std::size_t i = 1; i <= points; ++i)
-            addPoint(std::to_wstring(i), i % 3 == 0);
+            addPoint(pointName(i, names), i % 3 == 0);
+        const std::size_t objects = points * 10000 / 23000;
+        for (std::size_t i = 0; i < objects; ++i)
+            lists_[i % lists_.size()]->push_back(drawing().detach());
         return project_;
     }
 
@@ -48,25 +65,18 @@ private:
             L"",
             L"14.05.2024",
             1};
-        project_->getPointRegister().insert(
-            project_->getPointRegister().end(), {{name, std::uint8_t{1}}, {row}});
+        project_->addPointRegisterEntry({name, std::uint8_t{1}}, {row});
         unsigned depth = 0;
         for (unsigned layer = 5 + below(6); layer > 0; --layer) {
             depth += 30 + below(300);
             const auto& description = descriptions[below(descriptions.size())];
-            append(project_->getLithology(),
-                {name, hundredths(depth)},
-                LithologyValue{L"aQ4", std::wstring(description)});
+            project_->addLithology({name, hundredths(depth)}, {L"aQ4", std::wstring(description)});
         }
         for (unsigned sample = 1; sample <= 5; ++sample)
-            append(project_->getSamples(),
-                {name, hundredths(sample * 150)},
-                SampleValue{static_cast<int>(below(3))});
-        append(project_->getWaterLevels(),
-            {name, hundredths(100 + below(500))},
-            WaterValue{{2024, 5, 14}, 1, 0});
+            project_->addSample({name, hundredths(sample * 150)}, {static_cast<int>(below(3))});
+        project_->addWaterLevel({name, hundredths(100 + below(500))}, {{2024, 5, 14}, 1, 0});
         for (unsigned sample = 1; sample <= 2; ++sample)
-            append(project_->getLabSamples(), {name, hundredths(sample * 300)}, labSample());
+            project_->addLabSample({name, hundredths(sample * 300)}, labSample());
         if (sounded)
             addSounding(name);
     }
@@ -96,26 +106,44 @@ private:
         for (unsigned depth = 1; depth <= 200; ++depth)
             rows.push_back(
                 {hundredths(depth * 10), {hundredths(below(3000)), hundredths(below(9000)), L"", L""}});
-        auto& soundings = project_->getSoundings();
-        soundings.insert(soundings.end(), {{name, 3, L"C979", L"14.05.2024"}, rows});
+        project_->addSounding({name, 3, L"C979", L"14.05.2024"}, rows);
     }
 
-    template <class Register, class Value>
-    static void append(Register& rows, PointDepthKey key, Value value)
+    // Half of them lines, a quarter captions, a quarter hatched polygons.
+    Reference<GLObjectDB> drawing()
     {
-        rows.insert(rows.end(), {std::move(key), std::move(value)});
+        const Uuid id{{below(1U << 31U), below(1U << 31U), below(1U << 31U), below(1U << 31U)}};
+        const Vec3 colour{0, 0, 1};
+        switch (below(4)) {
+        case 0:
+            return makeReference<GLTextDB>(
+                GLTextData{place(), colour, 2.5F, hundredths(below(3000)), 0}, id, L"GLTextDB", Uuid{});
+        case 1:
+            return makeReference<GLPolygonDB>(
+                GLPolygonData{colour, {place(), place(), place(), place()}, 1, 0},
+                id,
+                L"GLPolygonDB",
+                Uuid{});
+        default:
+            return makeReference<GLLineDB>(
+                GLLineData{1, place(), place(), colour, 0.3F}, id, L"GLLineDB", Uuid{});
+        }
     }
+
+    Vec3 place() { return {static_cast<float>(below(10000)), static_cast<float>(below(10000)), 0}; }
 
     unsigned below(std::size_t bound) { return static_cast<unsigned>(random_() % bound); }
 
     Reference<DBProject> project_ = makeReference<DBProject>();
+    std::array<GLObjectList*, 3> lists_ = {
+        &project_->getTerrainGlObjectsA(), &project_->getLongGlObjects(), &project_->getCrossGlObjects()};
     std::mt19937 random_{2024};
     int labNumber_ = 0;
 };
 
 } // namespace
 
-Reference<DBProject> generatedSite(std::size_t points)
+Reference<DBProject> generatedSite(std::size_t points, SiteNames names)
 {
-    return Site().make(points);
+    return Site().make(points, names);
 }

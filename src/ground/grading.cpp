@@ -4,7 +4,9 @@
 #include "dictionaries/fractions.h"
 #include "ground/ladder.h"
 
+#include <array>
 #include <cmath>
+#include <optional>
 
 namespace
 {
@@ -83,20 +85,25 @@ int classInScale800(float bound)
     return gradeOf(ladder800, bound);
 }
 
-// Rank to the percentage of the soil that is as coarse or coarser.
-std::map<int, float> accumulate(int scale, const std::map<std::uint8_t, std::wstring>& fractions)
+// What of the soil is as coarse as the fraction or coarser, percent; nothing where the soil lacks it.
+using Coarser = std::array<std::optional<float>, fractionRanks + 1>; // by rank, from 1
+
+Coarser accumulate(int scale, const std::map<std::uint8_t, std::wstring>& fractions)
 {
     const auto& ranks = scale == gradingScale200 ? fractionRank200 : fractionRank800;
-    std::map<int, const std::wstring*> byRank;
+    std::array<const std::wstring*, fractionRanks + 1> byRank{};
     for (const auto& [number, percentage] : fractions)
-        byRank.emplace(ranks.at(number), &percentage);
+        byRank.at(static_cast<std::size_t>(ranks.at(number))) = &percentage;
 
-    std::map<int, float> coarser;
+    Coarser coarser;
     float sum = 0.0F;
-    for (const auto& [rank, percentage] : byRank) {
+    for (std::size_t rank = 1; rank <= fractionRanks; ++rank) {
+        const std::wstring* percentage = byRank[rank];
+        if (!percentage)
+            continue;
         // A hole in the column restarts the sum on purpose: the coarser fractions are forgotten.
         sum = percentage->empty() ? 0.0F : sum + textToFloat(*percentage);
-        coarser.emplace(rank, sum);
+        coarser[rank] = sum;
     }
     return coarser;
 }
@@ -106,9 +113,13 @@ std::map<int, float> accumulate(int scale, const std::map<std::uint8_t, std::wst
 int fractionClassOf(int scale, const std::map<std::uint8_t, std::wstring>& fractions)
 {
     const auto& bounds = scale == gradingScale200 ? fractionBound200 : fractionBound800;
-    for (const auto& [rank, coarser] : accumulate(scale, fractions)) {
-        const float bound = bounds.at(rank);
-        const int found = scale == gradingScale200 ? classInScale200(bound, coarser) : classInScale800(bound);
+    const Coarser coarser = accumulate(scale, fractions);
+    for (std::size_t rank = 1; rank <= fractionRanks; ++rank) {
+        if (!coarser[rank])
+            continue;
+        const float bound = bounds.at(static_cast<int>(rank));
+        const int found =
+            scale == gradingScale200 ? classInScale200(bound, *coarser[rank]) : classInScale800(bound);
         if (found != noFractionClass)
             return found;
     }

@@ -85,11 +85,11 @@ int GroundController::gradingScale() const
 }
 
 // Unlike every other name this one exists for any language: all but Russian read the Ukrainian text.
-std::wstring GroundController::undetermined() const
+std::wstring_view GroundController::undetermined() const
 {
     constexpr int undeterminedName = 4;
     const int language = settings_->reportLanguage() == languageRussian ? languageRussian : languageUkrainian;
-    return std::wstring(plasticSoilNames.at(language, undeterminedName));
+    return plasticSoilNames.at(language, undeterminedName);
 }
 
 template <class Names>

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <string_view>
 
 class IDBProject;
 class ISettings;
@@ -89,7 +90,7 @@ protected:
 
 private:
     int gradingScale() const;
-    std::wstring undetermined() const;
+    std::wstring_view undetermined() const;
     template <class Names>
     void grade(std::wstring& field, const std::wstring& text, Ladder ladder, const Names& names);
     std::int32_t groupByGrading(int scale) const;

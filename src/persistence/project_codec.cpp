@@ -7,9 +7,10 @@
 
 #include <exception>
 
-void decodeProject(std::span<const std::uint8_t> bytes, IDBProject& project, ReadReport& report)
+void decodeProject(
+    std::span<const std::uint8_t> bytes, IDBProject& project, ReadReport& report, const WorkSharing& sharing)
 {
-    ReadArchive archive(bytes, format::projectHead.contentOffset, report);
+    ReadArchive archive(bytes, format::projectHead.contentOffset, report, sharing);
     try {
         projectFields(archive, project);
         report.position = archive.position();
@@ -30,9 +31,10 @@ static void headBytes(WriteArchive& archive, const format::Head& head)
     archive.word("version", head.version);
 }
 
-std::vector<std::uint8_t> encodeProject(IDBProject& project, std::size_t expectedSize)
+std::vector<std::uint8_t> encodeProject(
+    IDBProject& project, std::size_t expectedSize, const WorkSharing& sharing)
 {
-    WriteArchive archive(expectedSize);
+    WriteArchive archive(expectedSize, sharing);
     headBytes(archive, format::projectHead);
     try {
         projectFields(archive, project);

@@ -9,10 +9,12 @@
 #include <stdexcept>
 #include <unordered_map>
 
-ReadArchive::ReadArchive(std::span<const std::uint8_t> bytes, std::size_t position, ReadReport& report)
+ReadArchive::ReadArchive(
+    std::span<const std::uint8_t> bytes, std::size_t position, ReadReport& report, const WorkSharing& sharing)
     : bytes_(bytes)
     , position_(position)
     , report_(report)
+    , sharing_(sharing)
 {
     if (position > bytes.size())
         failPastEnd();

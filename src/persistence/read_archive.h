@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/base/reference.h"
+#include "core/base/work_sharing.h"
 #include "db/key_text.h"
 #include "db/walk_order.h"
 #include "modules/idbproject.h"
@@ -10,6 +11,7 @@
 #include "persistence/grammar/strata.h"
 #include "persistence/nesting_level.h"
 #include "persistence/read_report.h"
+#include "persistence/skip_archive.h"
 #include "persistence/smallest_size.h"
 
 #include <algorithm>
@@ -17,20 +19,24 @@
 #include <concepts>
 #include <cstdint>
 #include <cstring>
+#include <future>
 #include <span>
 #include <string>
 #include <type_traits>
 
 // Reads fields from the bytes of a file, strictly one after the other. Every read past the end throws
 // std::out_of_range ("invalid vector<T> subscript"); nothing is allocated beyond what the bytes left can
-// fill.
+// fill. The rows of a large register are read by several threads.
 class ReadArchive
 {
 public:
     static constexpr bool reading = true;
     static constexpr bool binary = true;
 
-    ReadArchive(std::span<const std::uint8_t> bytes, std::size_t position, ReadReport& report);
+    ReadArchive(std::span<const std::uint8_t> bytes,
+        std::size_t position,
+        ReadReport& report,
+        const WorkSharing& sharing = {});
 
     std::size_t position() const { return position_; }
 
@@ -78,13 +84,20 @@ public:
         RowByRow rows(values);
         const std::uint32_t count = readWord();
         expect(count, smallestSize<Key>() + smallestSize<Value>());
-        for (std::uint32_t i = 0; i < count; ++i) {
-            const std::size_t begin = position_;
-            std::pair<Key, Value> entry;
-            entryFields(*this, names, entry.first, entry.second);
-            if (!rows.insert(std::move(entry)))
-                refuse<Key>(begin, names);
+        auto parts = readAhead<Key, Value>(count, names);
+        std::size_t row = 0;
+        for (ReadPart<Key, Value>& part : parts) {
+            for (; row < part.firstRow; ++row)
+                addRow<Key>(readRow<Key, Value>(names), rows, names);
+            // Where the thread met anything to report, these rows are read here like the others.
+            for (ReadRow<Key, Value>& read : part.takeRows(position_)) {
+                position_ = read.end;
+                addRow<Key>(std::move(read), rows, names);
+                ++row;
+            }
         }
+        for (; row < count; ++row)
+            addRow<Key>(readRow<Key, Value>(names), rows, names);
     }
 
     template <class Record>
@@ -141,6 +154,90 @@ private:
     }
     [[noreturn]] static void failPastEnd();
 
+    // A row of a register and the bytes that it stands in.
+    template <class Key, class Value>
+    struct ReadRow {
+        std::pair<Key, Value> entry;
+        std::size_t begin = 0;
+        std::size_t end = 0;
+    };
+    // The rows from one on, being read in another thread.
+    template <class Key, class Value>
+    struct ReadPart {
+        std::size_t firstRow = 0;
+        std::size_t begin = 0;
+        std::future<std::vector<ReadRow<Key, Value>>> rows;
+
+        std::vector<ReadRow<Key, Value>> takeRows(std::size_t position)
+        {
+            return rows.valid() && position == begin ? rows.get() : std::vector<ReadRow<Key, Value>>();
+        }
+    };
+
+    template <class Key, class Value>
+    ReadRow<Key, Value> readRow(const EntryNames& names)
+    {
+        ReadRow<Key, Value> row;
+        row.begin = position_;
+        entryFields(*this, names, row.entry.first, row.entry.second);
+        row.end = position_;
+        return row;
+    }
+
+    template <class Key, class Row, class Rows>
+    void addRow(Row&& row, Rows& rows, const EntryNames& names)
+    {
+        if (!rows.insert(std::move(row.entry)))
+            refuse<Key>(row.begin, names);
+    }
+
+    // Has the later rows of a large register read by other threads, while this one reads the first. Rows do
+    // not depend on one another until they are put into the register, which is done here, in their order.
+    template <class Key, class Value>
+    std::vector<ReadPart<Key, Value>> readAhead(std::size_t count, const EntryNames& names) const
+    {
+        std::vector<ReadPart<Key, Value>> parts;
+        if (!sharing_.divides(count, bytes_.size() - position_))
+            return parts;
+        SkipArchive places(bytes_, position_);
+        std::size_t row = 0;
+        for (std::size_t i = 1; i < sharing_.threads; ++i) {
+            const std::size_t first = count * i / sharing_.threads;
+            places.rows<Key, Value>(first - row);
+            row = first;
+            parts.push_back({first, places.position(), {}});
+        }
+        if (!places.isWhole() || places.position() - position_ < sharing_.worthwhile / 2)
+            return {};
+        for (std::size_t i = 0; i < parts.size(); ++i) {
+            const std::size_t end = i + 1 < parts.size() ? parts[i + 1].firstRow : count;
+            parts[i].rows = inAnotherThread(
+                [bytes = bytes_, begin = parts[i].begin, rows = end - parts[i].firstRow, names] {
+                    return readRows<Key, Value>(bytes, begin, rows, names);
+                });
+        }
+        return parts;
+    }
+
+    // No rows where anything is wrong with them: only reading in order tells what, and when.
+    template <class Key, class Value>
+    static std::vector<ReadRow<Key, Value>> readRows(
+        std::span<const std::uint8_t> bytes, std::size_t begin, std::size_t count, const EntryNames& names)
+    {
+        ReadReport report;
+        ReadArchive archive(bytes, begin, report, WorkSharing{1});
+        std::vector<ReadRow<Key, Value>> rows;
+        try {
+            rows.reserve(count);
+            for (std::size_t i = 0; i < count; ++i)
+                rows.push_back(archive.readRow<Key, Value>(names));
+        } catch (...) {
+            return {};
+        }
+        return report.dropCount == 0 && report.refusalCount == 0 ? std::move(rows)
+                                                                 : std::vector<ReadRow<Key, Value>>();
+    }
+
     // Notes a row that was not taken, from its begin to here. The map has swallowed its key: read it once
     // more.
     template <class Key>
@@ -161,6 +258,7 @@ private:
     std::span<const std::uint8_t> bytes_;
     std::size_t position_;
     ReadReport& report_;
+    WorkSharing sharing_;
     int depth_ = 0;
 };
 

@@ -15,14 +15,34 @@ std::vector<std::uint8_t> WriteArchive::takeBytes()
 
 void WriteArchive::grow(std::size_t count)
 {
-    bytes_.resize(std::max(bytes_.size() + bytes_.size() / 2, size_ + count + 4096));
+    // In small steps while there is room: what is filled with zeros is still in the cache when it is written.
+    constexpr std::size_t step = 1U << 16U;
+    const std::size_t needed = size_ + count + step;
+    if (needed > bytes_.capacity())
+        bytes_.reserve(std::max(bytes_.capacity() + bytes_.capacity() / 2, needed));
+    bytes_.resize(needed);
+}
+
+void WriteArchive::makeRoom(std::size_t count)
+{
+    if (size_ + count > bytes_.capacity())
+        bytes_.reserve(size_ + count);
+}
+
+void WriteArchive::append(const std::vector<std::uint8_t>& bytes)
+{
+    std::copy(bytes.begin(), bytes.end(), extend(bytes.size()));
 }
 
 void WriteArchive::text(std::string_view, const std::wstring& value)
 {
-    const std::size_t length = codePageLength(value);
+    // Room for the most bytes that it can take; how many it took stands in front of them.
+    const std::size_t begin = size_;
+    std::uint8_t* const first = extend(4 + 2 * value.size()) + 4;
+    const auto length = static_cast<std::size_t>(writeCodePage(value, first) - first);
+    size_ = begin;
     writeCount(length);
-    writeCodePage(value, extend(length));
+    size_ += length;
 }
 
 void WriteArchive::guid(std::string_view, const Uuid& value)

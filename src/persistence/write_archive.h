@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/base/work_sharing.h"
 #include "modules/idbproject.h"
 #include "persistence/grammar/drawings.h"
 #include "persistence/grammar/grammar.h"
@@ -7,16 +8,22 @@
 #include "persistence/grammar/strata.h"
 #include "persistence/nesting_level.h"
 
+#include <algorithm>
 #include <bit>
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <future>
+#include <iterator>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 // Writes fields as the bytes of a file into memory. Nothing it is given can fail but a drawing nested deeper
-// than the reader follows, which throws MException.
+// than the reader follows, which throws MException. The rows of a large register are written by several
+// threads.
 class WriteArchive
 {
 public:
@@ -24,9 +31,10 @@ public:
     static constexpr bool binary = true;
 
     // With room for as many bytes as are expected; fewer or more do no harm.
-    explicit WriteArchive(std::size_t expected = 0)
-        : bytes_(expected)
+    explicit WriteArchive(std::size_t expected = 0, const WorkSharing& sharing = {})
+        : sharing_(sharing)
     {
+        bytes_.reserve(expected);
     }
 
     // The bytes written so far; the archive is empty afterwards.
@@ -73,8 +81,20 @@ public:
     void map(std::string_view, const EntryNames& names, Map& values)
     {
         writeCount(values.size());
-        for (auto& [key, value] : values)
-            entryFields(*this, names, key, value);
+        const std::size_t firstRows = std::min<std::size_t>(values.size(), 64);
+        const std::size_t begin = size_;
+        writeRows(names, values.begin(), firstRows);
+        const std::size_t left = values.size() - firstRows;
+        if (left == 0)
+            return;
+        // What the first rows took tells of the others: room is made once, and a large register divided.
+        const std::size_t expected = (size_ - begin) / firstRows * left / 16 * 17;
+        makeRoom(expected);
+        const auto next = advanced(values.begin(), firstRows);
+        if (sharing_.divides(left, expected))
+            writeDivided(names, next, left, expected);
+        else
+            writeRows(names, next, left);
     }
 
     template <class Record>
@@ -104,6 +124,44 @@ public:
     NestingLevel enter() { return NestingLevel(depth_); }
 
 private:
+    template <class Row>
+    static Row advanced(Row row, std::size_t count)
+    {
+        return std::next(row, static_cast<std::ptrdiff_t>(count));
+    }
+    template <class Row>
+    void writeRows(const EntryNames& names, Row row, std::size_t count)
+    {
+        for (; count > 0; --count, ++row)
+            entryFields(*this, names, row->first, row->second);
+    }
+    // The first rows here, the others meanwhile in other threads, each into bytes of its own, which are put
+    // together in the order of the rows. Writing changes nothing in the project.
+    template <class Row>
+    void writeDivided(const EntryNames& names, Row first, std::size_t count, std::size_t expected)
+    {
+        const auto begin = [count, threads = sharing_.threads](
+                               std::size_t part) { return count * part / threads; };
+        std::vector<std::future<std::vector<std::uint8_t>>> parts(sharing_.threads);
+        for (std::size_t i = 1; i < parts.size(); ++i)
+            parts[i] = inAnotherThread([&names,
+                                           first,
+                                           skipped = begin(i),
+                                           rows = begin(i + 1) - begin(i),
+                                           room = expected / sharing_.threads] {
+                WriteArchive archive(room, WorkSharing{1});
+                archive.writeRows(names, advanced(first, skipped), rows);
+                return archive.takeBytes();
+            });
+        for (std::size_t i = 0; i < parts.size(); ++i) {
+            if (parts[i].valid())
+                append(parts[i].get());
+            else
+                writeRows(names, advanced(first, begin(i)), begin(i + 1) - begin(i));
+        }
+    }
+    void append(const std::vector<std::uint8_t>& bytes);
+    void makeRoom(std::size_t count);
     // Room for more bytes; returns where they begin.
     std::uint8_t* extend(std::size_t count)
     {
@@ -128,5 +186,6 @@ private:
 
     std::vector<std::uint8_t> bytes_;
     std::size_t size_ = 0;
+    WorkSharing sharing_;
     int depth_ = 0;
 };

@@ -1,0 +1,107 @@
+#include "own_size.h"
+
+#include "persistence/grammar/project.h"
+#include "persistence/nesting_level.h"
+
+class OwnSizeArchive
+{
+public:
+    static constexpr bool reading = false;
+    static constexpr bool binary = false;
+
+    std::size_t size() const { return size_; }
+
+    void section(std::string_view) { }
+    template <class Integer>
+    void byte(std::string_view, const Integer&)
+    {
+    }
+    void flag(std::string_view, bool) { }
+    template <class Number>
+    void word(std::string_view, const Number&)
+    {
+    }
+    void text(std::string_view, const std::wstring& value)
+    {
+        // Short texts stand inside of the string.
+        static const std::size_t inside = std::wstring().capacity();
+        if (value.size() > inside)
+            size_ += (value.size() + 1) * sizeof(wchar_t);
+    }
+    void elementText(std::string_view name, const std::wstring& value) { text(name, value); }
+    void guid(std::string_view, const Uuid&) { }
+    void blob(std::string_view, const std::vector<std::uint8_t>& value) { size_ += value.size(); }
+
+    template <class List>
+    void list(std::string_view, List& values)
+    {
+        size_ += values.size() * sizeof(typename List::value_type);
+        for (auto& value : values)
+            element(*this, {}, value);
+    }
+    template <class Array, class Each>
+    void array(std::string_view, Array& values, Each&& each)
+    {
+        for (auto& value : values)
+            each(value);
+    }
+    template <class Map>
+    void map(std::string_view, const EntryNames& names, Map& values)
+    {
+        size_ += values.size() * sizeof(typename Map::value_type);
+        for (auto& [key, value] : values)
+            entryFields(*this, names, key, value);
+    }
+    template <class Record>
+    void record(std::string_view, Record& value)
+    {
+        fields(*this, value);
+    }
+
+    void objects(std::string_view, const GLObjectList& values)
+    {
+        size_ += values.size() * sizeof(GLObjectDB*);
+        for (GLObjectDB* object : values)
+            visitDrawing(object, [this](auto row, auto& drawing) {
+                size_ += sizeof drawing;
+                text({}, drawing.getName());
+                existingObject(*this, row, drawing);
+            });
+    }
+    void planes(std::string_view, const GLObjectList& values) { size_ += values.size() * sizeof(GLPlaneDB); }
+    void informs(std::string_view, const InformList& values)
+    {
+        size_ += values.size() * sizeof(InformRecord);
+        for (const InformRecord* record : values)
+            existingRecord(*this, *record);
+    }
+    void items(std::string_view, const std::vector<PropertyGridItem*>& values)
+    {
+        size_ += values.size() * sizeof(ProfilePropertyGridItem);
+        for (const PropertyGridItem* item : values)
+            existingRecord(*this, *item);
+    }
+
+    void stem(std::string_view name, IDBProject& project) { text(name, project.getFileStem()); }
+    void doubledTitle(
+        std::string_view nameA, const std::wstring& a, std::string_view nameB, const std::wstring& b)
+    {
+        text(nameA, a);
+        text(nameB, b);
+    }
+    void subsidence(std::string_view name, SubsidenceMap& values) { map(name, {}, values); }
+    void subsidenceNames(std::string_view name, SubsidenceNames& values) { map(name, {}, values); }
+
+    NestingLevel enter() { return NestingLevel(depth_); }
+
+private:
+    std::size_t size_ = 0;
+    int depth_ = 0;
+};
+
+std::size_t ownSize(IDBProject& project)
+{
+    OwnSizeArchive archive;
+    projectFields(archive, project);
+    return archive.size();
+}
