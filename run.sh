@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # Builds Tellurix and starts it: ./run.sh [FILE]. On a bare Debian 12 nothing has to be done before. Without a file
-# it opens a sample project; without a display it runs on a virtual one and leaves a screenshot.
+# it opens the example project; without a display it runs on a virtual one and leaves a screenshot.
 set -euo pipefail
 here=$(dirname "$(readlink -f "$0")")
-file=$(readlink -f "${1:-$here/samples/PORTADOWN.TLX}")
+file=$(readlink -m "${1:-$here/build/release/program/Проекты/ZARECHNAYA/ZARECHNAYA.TLX}")
 
 lists=("$here/packages.txt")
 [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] || lists+=("$here/packages_screenshot.txt")

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds everything and runs every test; with --all also what only the build server should wait for: the second
-# compiler with its sanitizers, clang-tidy and one run of the benchmarks. On a bare Debian 12 nothing has to be
-# done before.
+# compiler with its sanitizers and fuzzers, clang-tidy, the program for Windows and one run of the benchmarks. On a
+# bare Debian 12 nothing has to be done before.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")"
 
@@ -9,7 +9,7 @@ all=no
 [ "${1:-}" = --all ] && all=yes
 
 lists=(packages.txt)
-[ $all = yes ] && lists+=(packages_ci.txt packages_windows.txt)
+[ $all = yes ] && lists+=(packages_ci.txt packages_screenshot.txt packages_windows.txt)
 tools/install_packages.sh "${lists[@]}"
 
 passed=0
@@ -50,7 +50,9 @@ preset() {
 preset release
 if [ $all = yes ]; then
     preset asan
+    step fuzzers tools/fuzz.sh build/asan 30
     step clang-tidy tools/tidy.sh build/asan
+    step "package for Linux" packaging/linux/smoke.sh
     preset windows
     step "same bytes on both systems" packaging/windows/same_bytes.sh
     step "folder for Windows" packaging/windows/make_folder.sh

@@ -17,13 +17,16 @@ openbox >/dev/null 2>&1 &
 "$@" &
 program=$!
 before=
+still=0
 for _ in $(seq 30); do
     sleep 1
     kill -0 $program 2>/dev/null || { echo "The program ended by itself." >&2; exit 1; }
     import -window root "$picture"
     now=$(convert "$picture" -format %# info:)
     colours=$(convert "$picture" -format %k info:)
-    [ "$now" = "$before" ] && [ "$colours" -gt 100 ] && break
+    # A busy machine lets a second pass between two steps of the start.
+    if [ "$now" = "$before" ] && [ "$colours" -gt 100 ]; then still=$((still + 1)); else still=0; fi
+    [ $still -lt 2 ] || break
     before=$now
 done
 kill $program 2>/dev/null || true

@@ -158,6 +158,8 @@ PointList::PointList(QWidget* parent)
     proxy_->setSourceModel(model_);
     proxy_->setFilterCaseSensitivity(Qt::CaseInsensitive);
     filter_->setPlaceholderText(QStringLiteral("Найти точку"));
+    filter_->setAccessibleName(QStringLiteral("Найти точку"));
+    list_->setAccessibleName(QStringLiteral("Точки"));
     filter_->setClearButtonEnabled(true);
     filter_->setToolTip(QStringLiteral("Часть имени точки. Enter — к её строкам, Esc — показать все."));
     filter_->installEventFilter(this);

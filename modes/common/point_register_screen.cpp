@@ -42,6 +42,7 @@ PointRegisterScreen::PointRegisterScreen(TX_Modes mode,
     , table_(new QSplitter(Qt::Horizontal, this))
     , splitter_(new QSplitter(Qt::Horizontal, this))
 {
+    grid_->setAccessibleName(QStringLiteral("Записи точки"));
     layOut();
     connectViews();
     connectShell();
@@ -105,7 +106,7 @@ void PointRegisterScreen::setSideView(QWidget* view)
     table_->setStretchFactor(0, 3);
     table_->setStretchFactor(1, 2);
     arrangeSplitter(table_, "side", {540, 460});
-    reload();
+    showPoint();
 }
 
 void PointRegisterScreen::connectViews()

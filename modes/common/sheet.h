@@ -36,6 +36,13 @@ public:
     void add(std::initializer_list<std::wstring_view> cells) { add(cells.begin(), cells.size()); }
     void add(const std::vector<std::wstring>& cells) { add(cells.data(), cells.size()); }
 
+    // Room for as much as another sheet holds.
+    void reserveLike(const SheetRows& other)
+    {
+        text_.reserve(other.text_.size());
+        ends_.reserve(other.ends_.size());
+    }
+
     std::size_t columns() const { return columns_; }
     std::size_t size() const { return ends_.size() / columns_; }
     std::wstring_view cell(std::size_t row, std::size_t column) const
@@ -86,12 +93,17 @@ struct Sheet {
     std::vector<SheetColumn> columns = {};
     void (*fill)(SheetRows& rows, const SheetSource& source) = nullptr;
     std::wstring_view whenEmpty = {}; // a sentence in place of a table without rows
+    std::wstring_view whatToDo =
+        L"Внести эти данные пока можно утилитой tlxtool: dump записывает проект в JSON, "
+        L"build собирает его обратно."; // the sentence below it
     const Sheet* detail = nullptr; // shown below for the current row
 };
 
-inline SheetRows rowsOf(const Sheet& sheet, const SheetSource& source)
+// Large sheets are mostly read again to find them as they were.
+inline SheetRows rowsOf(const Sheet& sheet, const SheetSource& source, const SheetRows& before = SheetRows())
 {
     SheetRows rows(sheet.columns.size());
+    rows.reserveLike(before);
     sheet.fill(rows, source);
     return rows;
 }

@@ -1,5 +1,6 @@
 #include "common/sheet_page.h"
 
+#include "common/empty_state.h"
 #include "common/sheet_model.h"
 #include "common/table_view.h"
 #include "common/view_settings.h"
@@ -56,6 +57,7 @@ TableView* makeTable(const Sheet& sheet, SheetModel* model, QWidget* parent)
 {
     auto* table = new TableView(settingsName(sheet), parent);
     table->setObjectName(settingsName(sheet));
+    table->setAccessibleName(sheet.title.empty() ? QStringLiteral("Таблица") : fromWide(sheet.title));
     table->setSourceModel(model);
     table->setItemDelegate(new OneLineDelegate(table));
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -89,21 +91,24 @@ QPalette quietPalette(const QPalette& palette)
     return quiet;
 }
 
-SheetPage::SheetPage(const Sheet& sheet, Source source, QWidget* parent)
+SheetPage::SheetPage(const Sheet& sheet,
+    Source source,
+    const QString& picture,
+    const MakeDrawing& makeDrawing,
+    QWidget* parent)
     : QWidget(parent)
     , sheet_(sheet)
     , source_(std::move(source))
     , model_(new SheetModel(sheet.columns, this))
     , table_(makeTable(sheet, model_, this))
-    , message_(new QLabel(this))
+    , message_(new EmptyState(picture, this))
     , stack_(new QStackedLayout(this))
 {
     stack_->setContentsMargins(0, 0, 0, 0);
-    message_->setAlignment(Qt::AlignCenter);
-    message_->setWordWrap(true);
-    message_->setPalette(quietPalette(message_->palette()));
     stack_->addWidget(message_);
-    stack_->addWidget(makeContent());
+    QWidget* tables = makeContent();
+    stack_->addWidget(makeDrawing ? besideDrawing(tables, makeDrawing) : tables);
+    connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &SheetPage::readChosen);
 }
 
 QWidget* SheetPage::makeContent()
@@ -116,7 +121,18 @@ QWidget* SheetPage::makeContent()
     splitter->addWidget(makeDetail());
     splitter->setSizes({400, 600});
     keepPosition(splitter, settingsName(sheet_));
-    connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &SheetPage::readDetail);
+    return splitter;
+}
+
+QWidget* SheetPage::besideDrawing(QWidget* tables, const MakeDrawing& makeDrawing)
+{
+    auto* splitter = new QSplitter(Qt::Horizontal, this);
+    splitter->setChildrenCollapsible(false);
+    drawing_ = makeDrawing(splitter);
+    splitter->addWidget(tables);
+    splitter->addWidget(drawing_.view);
+    splitter->setSizes({450, 550});
+    keepPosition(splitter, settingsName(sheet_) + QStringLiteral("/drawing"));
     return splitter;
 }
 
@@ -139,8 +155,10 @@ QWidget* SheetPage::makeDetail()
 void SheetPage::read()
 {
     const std::optional<SheetSource> source = source_();
-    keepingPlace(
-        [&] { return model_->setRows(source ? rowsOf(sheet_, *source) : SheetRows(sheet_.columns.size())); });
+    keepingPlace([&] {
+        return model_->setRows(
+            source ? rowsOf(sheet_, *source, model_->rows()) : SheetRows(sheet_.columns.size()));
+    });
     hideEmptyColumns();
     showState();
 }
@@ -172,33 +190,42 @@ void SheetPage::hideEmptyColumns()
 void SheetPage::showState()
 {
     if (!source_())
-        message_->setText(QStringLiteral("Проект не открыт. Откройте проект, чтобы увидеть его данные."));
+        message_->say(QStringLiteral("Проект не открыт."),
+            QStringLiteral("Откройте проект, чтобы увидеть его данные."));
     else if (allRows() == 0)
-        message_->setText(fromWide(sheet_.whenEmpty));
+        message_->say(fromWide(sheet_.whenEmpty), fromWide(sheet_.whatToDo));
     else
-        message_->setText(QStringLiteral("Ничего не найдено. Измените слова в строке фильтра."));
+        message_->say(QStringLiteral("Ничего не найдено."),
+            QStringLiteral("Измените слова в строке фильтра; Esc в ней показывает все строки."));
     stack_->setCurrentIndex(shownRows() > 0 ? 1 : 0);
-    readDetail();
+    readChosen();
     Q_EMIT rowsChanged();
 }
 
-void SheetPage::readDetail()
+void SheetPage::readChosen()
 {
-    if (!detailModel_)
+    if (!detailModel_ && !drawing_.view)
         return;
-    std::optional<SheetSource> source = source_();
     const QModelIndex current = table_->sourceIndex(table_->currentIndex());
-    SheetRows rows(sheet_.detail->columns.size());
-    QString chosen;
-    if (source && current.isValid()) {
-        source->chosen = model_->cell(current.siblingAtColumn(0));
-        chosen = fromWide(source->chosen);
-        rows = rowsOf(*sheet_.detail, *source);
-    }
+    const QString first = current.isValid() ? fromWide(model_->cell(current.siblingAtColumn(0))) : QString();
+    const std::wstring chosen = first.toStdWString();
+    std::optional<SheetSource> source = current.isValid() ? source_() : std::nullopt;
+    if (source)
+        source->chosen = chosen;
+    if (detailModel_)
+        readDetail(source);
+    if (drawing_.view)
+        drawing_.show(source);
+}
+
+void SheetPage::readDetail(const std::optional<SheetSource>& source)
+{
+    SheetRows rows = source ? rowsOf(*sheet_.detail, *source) : SheetRows(sheet_.detail->columns.size());
     const QString title = fromWide(sheet_.detail->title);
-    detailTitle_->setText(!current.isValid() ? title
-            : rows.size() == 0 ? chosen + QStringLiteral(": ") + fromWide(sheet_.detail->whenEmpty)
-                               : title + QStringLiteral(": ") + chosen);
+    const QString chosen = source ? fromWide(source->chosen) : QString();
+    detailTitle_->setText(!source ? title
+            : rows.size() == 0    ? chosen + QStringLiteral(": ") + fromWide(sheet_.detail->whenEmpty)
+                                  : title + QStringLiteral(": ") + chosen);
     detailModel_->setRows(std::move(rows));
 }
 

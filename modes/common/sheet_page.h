@@ -7,6 +7,7 @@
 #include <functional>
 #include <optional>
 
+class EmptyState;
 class QLabel;
 class QStackedLayout;
 class SheetModel;
@@ -14,6 +15,14 @@ class TableView;
 
 // For lines beside the data: text between black and the ground, still easy to read.
 QPalette quietPalette(const QPalette& palette);
+
+// A drawing of the row chosen in a sheet, beside its tables. Shows nothing while no row is chosen; else the
+// first cell of the row stands in the source.
+struct SheetDrawing {
+    QWidget* view = nullptr;
+    std::function<void(const std::optional<SheetSource>& source)> show;
+};
+using MakeDrawing = std::function<SheetDrawing(QWidget* parent)>;
 
 // A sheet in view: its table, below it the table of details where the sheet has one, a sentence in place of
 // either while it has no rows.
@@ -25,7 +34,12 @@ public:
     // The project of the moment, or nothing while none is open.
     using Source = std::function<std::optional<SheetSource>()>;
 
-    SheetPage(const Sheet& sheet, Source source, QWidget* parent = nullptr);
+    // The picture stands above the sentence of a sheet without rows.
+    SheetPage(const Sheet& sheet,
+        Source source,
+        const QString& picture,
+        const MakeDrawing& makeDrawing = {},
+        QWidget* parent = nullptr);
 
     // Reads the project anew. Place and selection stay while the rows are the same; the current row stays
     // near while they are not.
@@ -41,18 +55,21 @@ Q_SIGNALS:
 
 private:
     QWidget* makeContent();
+    QWidget* besideDrawing(QWidget* tables, const MakeDrawing& makeDrawing);
     QWidget* makeDetail();
     void keepingPlace(const std::function<bool()>& change);
     void showState();
-    void readDetail();
+    void readChosen();
+    void readDetail(const std::optional<SheetSource>& source);
     void hideEmptyColumns();
 
     const Sheet& sheet_;
     Source source_;
     SheetModel* model_;
     TableView* table_;
-    QLabel* message_;
+    EmptyState* message_;
     QStackedLayout* stack_;
     SheetModel* detailModel_ = nullptr;
     QLabel* detailTitle_ = nullptr;
+    SheetDrawing drawing_;
 };

@@ -1,6 +1,5 @@
 #include "common/sheet_screen.h"
 
-#include "common/sheet_page.h"
 #include "modules/isettings.h"
 #include "modules/itellurix_controller.h"
 
@@ -14,12 +13,31 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 static constexpr int margin = 8;
 static constexpr int manyRows = 5000; // from here on the filter waits until the typing rests
 
-SheetScreen::SheetScreen(
-    TX_Modes mode, ITellurixController* controller, const std::vector<Sheet>& sheets, QWidget* parent)
+// The same as on the button of the mode.
+static QString pictureOf(TX_Modes mode)
+{
+    static const std::map<TX_Modes, const char*> pictures{{ModeLaboratory, "lab.png"},
+        {ModeIge, "ige.png"},
+        {ModeStatic, "staticProbing.png"},
+        {ModeSection, "section.png"},
+        {ModeIgk, "igk.png"},
+        {ModeSubsidence, "subsidence.png"},
+        {ModeChemistry, "chemistry.png"},
+        {ModeConsolidated, "doc.png"}};
+    const auto found = pictures.find(mode);
+    return QString::fromLatin1(found == pictures.end() ? "str.png" : found->second);
+}
+
+SheetScreen::SheetScreen(TX_Modes mode,
+    ITellurixController* controller,
+    const std::vector<Sheet>& sheets,
+    const SheetDrawings& drawings,
+    QWidget* parent)
     : TXWidget(parent)
     , mode_(mode)
     , controller_(controller)
@@ -30,7 +48,7 @@ SheetScreen::SheetScreen(
     layout->setContentsMargins(margin, margin, margin, margin);
     layout->setSpacing(margin);
     layout->addWidget(makeHead());
-    addPages(sheets);
+    addPages(sheets, drawings);
     layout->addWidget(tabs_ ? static_cast<QWidget*>(tabs_) : pages_.front(), 1);
     layout->addWidget(makeNote());
     setFocusProxy(filter_);
@@ -54,6 +72,7 @@ QWidget* SheetScreen::makeHead()
     layout->setSpacing(margin);
     filter_ = new QLineEdit(head);
     filter_->setObjectName(QStringLiteral("filter"));
+    filter_->setAccessibleName(QStringLiteral("Фильтр"));
     filter_->setPlaceholderText(QStringLiteral("Фильтр: слова через пробел"));
     filter_->setToolTip(QStringLiteral("Показать строки, в которых есть каждое из слов. Ctrl+F: сюда, "
                                        "стрелка вниз: к таблице, Esc: очистить."));
@@ -76,7 +95,7 @@ QLabel* SheetScreen::makeNote()
     return note;
 }
 
-void SheetScreen::addPages(const std::vector<Sheet>& sheets)
+void SheetScreen::addPages(const std::vector<Sheet>& sheets, const SheetDrawings& drawings)
 {
     if (sheets.size() > 1) {
         tabs_ = new QTabWidget(this);
@@ -84,8 +103,13 @@ void SheetScreen::addPages(const std::vector<Sheet>& sheets)
     }
     stale_.assign(sheets.size(), true);
     for (const Sheet& sheet : sheets) {
+        const auto drawing = drawings.find(sheet.name);
         auto* page = new SheetPage(
-            sheet, [this] { return source(); }, this);
+            sheet,
+            [this] { return source(); },
+            pictureOf(mode_),
+            drawing == drawings.end() ? MakeDrawing() : drawing->second,
+            this);
         connect(page, &SheetPage::rowsChanged, this, [this] { showCount(); });
         pages_.push_back(page);
         if (tabs_)
@@ -158,8 +182,23 @@ void SheetScreen::reattach()
 void SheetScreen::readAnew()
 {
     stale_.assign(pages_.size(), true);
-    if (isVisible())
-        readIfStale();
+    readSoon();
+}
+
+// A change of the mode tells of itself up to three times before the first painting; a large project is read
+// for all of them once.
+void SheetScreen::readSoon()
+{
+    if (std::exchange(readsSoon_, true))
+        return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            readsSoon_ = false;
+            if (isVisible())
+                readIfStale();
+        },
+        Qt::QueuedConnection);
 }
 
 void SheetScreen::readIfStale()
@@ -179,7 +218,7 @@ void SheetScreen::filter()
 
 void SheetScreen::showCount()
 {
-    count_->setText(controller_->project()
+    count_->setText(controller_->project() && page()->allRows() > 0
             ? QStringLiteral("Показано %1 из %2").arg(page()->shownRows()).arg(page()->allRows())
             : QString());
 }
@@ -201,7 +240,7 @@ std::optional<SheetSource> SheetScreen::source() const
 void SheetScreen::showEvent(QShowEvent* event)
 {
     TXWidget::showEvent(event);
-    readIfStale();
+    readSoon();
 }
 
 bool SheetScreen::eventFilter(QObject* watched, QEvent* event)

@@ -1,10 +1,12 @@
 #pragma once
 
-#include "common/sheet.h"
+#include "common/sheet_page.h"
 #include "core/base/mobservable.h"
 #include "modules/tx_widget.h"
 
+#include <map>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 class ITellurixController;
@@ -12,7 +14,9 @@ class QLabel;
 class QLineEdit;
 class QTabWidget;
 class QTimer;
-class SheetPage;
+
+// By the names of the sheets that have one.
+using SheetDrawings = std::map<std::string_view, MakeDrawing>;
 
 // The screen of a mode whose data is not edited yet: its sheets behind tabs, a filter, and a line that says
 // so. It reads the project when it comes into view and when something has changed, the sheet in front alone,
@@ -24,6 +28,7 @@ public:
     SheetScreen(TX_Modes mode,
         ITellurixController* controller,
         const std::vector<Sheet>& sheets,
+        const SheetDrawings& drawings = {},
         QWidget* parent = nullptr);
     ~SheetScreen() override;
 
@@ -46,7 +51,7 @@ private:
         SheetScreen* screen_;
     };
 
-    void addPages(const std::vector<Sheet>& sheets);
+    void addPages(const std::vector<Sheet>& sheets, const SheetDrawings& drawings);
     QWidget* makeHead();
     QLabel* makeNote();
     void connectSignals();
@@ -55,6 +60,7 @@ private:
     void becomeCurrent();
     void reattach();
     void readAnew();
+    void readSoon();
     void readIfStale();
     void filter();
     void showCount();
@@ -70,4 +76,5 @@ private:
     QTabWidget* tabs_ = nullptr; // null for a single sheet
     std::vector<SheetPage*> pages_;
     std::vector<bool> stale_;
+    bool readsSoon_ = false;
 };

@@ -101,3 +101,13 @@ void TableView::keyPressEvent(QKeyEvent* event)
     }
     QTableView::keyPressEvent(event);
 }
+
+void TableView::changeEvent(QEvent* event)
+{
+    QTableView::changeEvent(event);
+    if (event->type() != QEvent::StyleChange)
+        return;
+    for (int column = 0; column < horizontalHeader()->count(); ++column)
+        if (!isColumnHidden(column))
+            setColumnWidth(column, qMax(columnWidth(column), horizontalHeader()->sectionSizeHint(column)));
+}

@@ -29,6 +29,8 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    // Another style may draw wider heads.
+    void changeEvent(QEvent* event) override;
 
 private:
     void sortByClick(int column);

@@ -1,5 +1,5 @@
+#include "common/column_register_screen.h"
 #include "common/named_numbers.h"
-#include "common/point_register_screen.h"
 #include "dictionaries/soil_names.h"
 #include "modules/isettings.h"
 #include "modules/module_export.h"
@@ -72,5 +72,5 @@ private:
 
 TELLURIX_MODULE QWidget* createWidget(const TX_Modes* mode, ITellurixController* controller)
 {
-    return new PointRegisterScreen(*mode, std::make_shared<Consistencies>(), controller);
+    return new ColumnRegisterScreen(*mode, std::make_shared<Consistencies>(), controller, From, To);
 }

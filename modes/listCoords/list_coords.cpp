@@ -32,6 +32,7 @@ ListCoords::ListCoords(TX_Modes mode, ITellurixController* controller)
     , grid_(new EditGrid(QStringLiteral("listCoords/points"), pointColumns()))
     , pane_(new PlanPane)
 {
+    grid_->setAccessibleName(QStringLiteral("Ведомость координат"));
     auto* splitter = new QSplitter(Qt::Horizontal);
     splitter->addWidget(makeTablePane());
     splitter->addWidget(pane_);
@@ -69,6 +70,7 @@ QWidget* ListCoords::makeTablePane()
 {
     auto* filter = new QLineEdit;
     filter->setPlaceholderText(QStringLiteral("Фильтр по всем столбцам"));
+    filter->setAccessibleName(QStringLiteral("Фильтр"));
     filter->setClearButtonEnabled(true);
     filter->setObjectName(QStringLiteral("pointFilter"));
     connect(filter, &QLineEdit::textChanged, grid_, &EditGrid::setFilterText);

@@ -57,7 +57,7 @@ constexpr Column columns[] = {
     {captions::yMetres,               GridColumn::Number, 112, &PointRow::text1},
     {L"Абсолютная\nотметка(м)",       GridColumn::Number, 118,  &PointRow::absoluteMark},
     {L"Относительная\nотметка(м)",    GridColumn::Number, 148, &PointRow::text3},
-    {captions::profileType,           GridColumn::Choice, 150, nullptr, profiles, std::size(profiles)},
+    {captions::profileType,           GridColumn::Choice, 170, nullptr, profiles, std::size(profiles)},
     {captions::toRight,               GridColumn::Number, 84,  &PointRow::text4},
     {captions::toLeft,                GridColumn::Number, 84,  &PointRow::text5},
     {L"Дата\nзамера",                 GridColumn::Date,   110,  &PointRow::text6},
@@ -106,9 +106,29 @@ void setCode(PointEntry& point, int column, int code)
         (column == PointProfileColumn ? point.second.front().kindA : point.second.front().kindB) = code;
 }
 
+// The date that every row has, read at once: the toolkit's reader asks the system for the time zone each
+// time.
+bool isUsualDate(const QString& text)
+{
+    if (text.size() != 10 || text[2] != QLatin1Char('.') || text[5] != QLatin1Char('.'))
+        return false;
+    const auto digits = [&text](int from, int count) {
+        int value = 0;
+        for (int i = from; i < from + count; ++i) {
+            if (text[i] < QLatin1Char('0') || text[i] > QLatin1Char('9'))
+                return 0;
+            value = value * 10 + (text[i].unicode() - '0');
+        }
+        return value;
+    };
+    return QDate::isValid(digits(6, 4), digits(3, 2), digits(0, 2));
+}
+
 bool isDate(const QString& text)
 {
-    for (const auto* format : {"dd.MM.yyyy", "d.M.yyyy", "dd.MM.yy", "yyyy-MM-dd"})
+    if (isUsualDate(text))
+        return true;
+    for (const auto* format : {"d.M.yyyy", "dd.MM.yy", "yyyy-MM-dd"})
         if (QDate::fromString(text, QLatin1String(format)).isValid())
             return true;
     return false;

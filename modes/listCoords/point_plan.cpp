@@ -17,6 +17,7 @@ PointPlan::PointPlan(QWidget* parent)
     : QWidget(parent)
 {
     setObjectName(QStringLiteral("pointPlan"));
+    setAccessibleName(QStringLiteral("План точек"));
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::CrossCursor);
     frame_.sheet = size();

@@ -234,8 +234,11 @@ QFont PointPlan::currentFont() const
 QRectF PointPlan::currentLabel(const PlanPoint& point) const
 {
     const QFontMetrics metrics(currentFont());
-    return {screenPlace(point) + QPointF(12, -metrics.height() / 2.0),
-        QSizeF(metrics.horizontalAdvance(point.name) + 6, metrics.height())};
+    const QPointF place = screenPlace(point);
+    const QSizeF size(metrics.horizontalAdvance(point.name) + 6, metrics.height());
+    // At the right edge the name stands on the other side.
+    const double x = place.x() + 12 + size.width() > width() ? place.x() - 12 - size.width() : place.x() + 12;
+    return {QPointF(x, place.y() - size.height() / 2), size};
 }
 
 void PointPlan::drawCurrent(QPainter& painter) const

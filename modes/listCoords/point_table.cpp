@@ -185,6 +185,11 @@ GridRows PointTable::rows(IDBProject& project)
 
 QString PointTable::firstProblem(IDBProject& project)
 {
+    // What is stored has no problems, and the whole table takes a while with thousands of points.
+    const bool isSound = std::all_of(
+        drafts_->cbegin(), drafts_->cend(), [](const PointDraft& draft) { return draft.problems.isEmpty(); });
+    if (isSound)
+        return {};
     const auto columns = pointColumns();
     for (const GridRow& row : rows(project)) {
         const QString point = QString::fromStdWString(pointOf(row.id));

@@ -1,8 +1,8 @@
 #include "common/edit_grid.h"
+#include "common/lithology_column.h"
 #include "common/number_sort_proxy.h"
 #include "common/point_register_screen.h"
 #include "litology/layer_register.h"
-#include "litology/lithology_column.h"
 #include "modules/module_export.h"
 
 namespace
@@ -14,7 +14,7 @@ class LithologyScreen : public PointRegisterScreen
 public:
     LithologyScreen(TX_Modes mode, ITellurixController* controller)
         : PointRegisterScreen(mode, std::make_shared<LayerRegister>(), controller)
-        , column_(new LithologyColumn(this))
+        , column_(new LithologyColumn(controller->hatch(), this))
     {
         connect(column_, &LithologyColumn::layerClicked, this, [this](qint64 id) {
             grid().showRow(id, qMax(grid().currentIndex().column(), 0));
@@ -27,7 +27,9 @@ public:
 protected:
     void rowsShown(const GridRows& rows, const PointFacts& point) override
     {
-        column_->setColumn(layersOf(rows), watersOf(point.name));
+        IDBProject* project = controller()->project();
+        column_->setColumn(
+            layersOf(rows), project ? drawnWaters(*project, point.name) : QVector<DrawnWater>());
         column_->setCurrentLayer(grid().currentRow());
     }
 
@@ -48,24 +50,11 @@ private:
                 row.cells[LayerRegister::Thickness],
                 row.cells[LayerRegister::Mark],
                 row.cells[LayerRegister::Index],
-                row.cells[LayerRegister::Description]});
+                row.cells[LayerRegister::Description],
+                hatchOfDescription(row.cells[LayerRegister::Description])});
             top = bottom;
         }
         return layers;
-    }
-
-    QVector<DrawnWater> watersOf(const std::wstring& point) const
-    {
-        QVector<DrawnWater> waters;
-        IDBProject* project = controller()->project();
-        if (!project)
-            return waters;
-        for (const auto& [key, level] : project->getWaterLevels()) {
-            const QString text = key.pointName == point ? QString::fromStdWString(key.depth) : QString();
-            if (double depth = 0; readNumber(text, depth))
-                waters.append({depth, text, level.flagA != 0, level.flagB != 0});
-        }
-        return waters;
     }
 
     LithologyColumn* column_;

@@ -13,7 +13,6 @@ ProjectScan::ProjectScan(QProgressBar* progress, std::function<bool()> isWanted,
     , isWanted_(std::move(isWanted))
 {
     progress_->hide();
-    connect(&timer_, &QTimer::timeout, this, &ProjectScan::readNext);
 }
 
 ProjectScan::~ProjectScan()
@@ -61,13 +60,14 @@ bool ProjectScan::start(const std::wstring& workFolder)
         progress_->setValue(0);
         progress_->setVisible(!entries_.isEmpty());
     }
-    timer_.start(0);
+    isRunning_ = true;
+    QMetaObject::invokeMethod(this, &ProjectScan::readNext, Qt::QueuedConnection);
     return isThere;
 }
 
 void ProjectScan::stop()
 {
-    timer_.stop();
+    isRunning_ = false;
     if (progress_)
         progress_->hide();
 }
@@ -80,6 +80,8 @@ void ProjectScan::setEntry(int row, const ProjectEntry& entry)
 
 void ProjectScan::readNext()
 {
+    if (!isRunning_ || isReading_)
+        return;
     if (!isWanted_()) {
         stop();
         return;
@@ -91,10 +93,26 @@ void ProjectScan::readNext()
         Q_EMIT finished();
         return;
     }
-    ProjectEntry entry = entries_[next_];
-    readProjectEntry(entry, workFolder_);
-    setEntry(next_, entry);
-    ++next_;
+    reading_ =
+        std::async(std::launch::async, [this, entry = entries_[next_], folder = workFolder_]() mutable {
+            readProjectEntry(entry, folder);
+            QMetaObject::invokeMethod(
+                this, [this, read = std::move(entry)] { take(read); }, Qt::QueuedConnection);
+        });
+    isReading_ = true;
+}
+
+// The folder may have been looked through anew meanwhile, or the file read by somebody else.
+void ProjectScan::take(const ProjectEntry& entry)
+{
+    isReading_ = false;
+    for (int row = 0; row < entries_.size(); ++row) {
+        const ProjectEntry& waiting = entries_[row];
+        if (waiting.path == entry.path && waiting.size == entry.size && waiting.modified == entry.modified
+            && waiting.state == ProjectEntry::State::waiting)
+            setEntry(row, entry);
+    }
     if (progress_)
-        progress_->setValue(next_);
+        progress_->setValue(next_ + 1);
+    readNext();
 }

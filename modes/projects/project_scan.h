@@ -5,14 +5,14 @@
 #include <QObject>
 #include <QPointer>
 #include <QProgressBar>
-#include <QTimer>
 #include <QVector>
 
 #include <functional>
+#include <future>
 
-// Finds the project files below a folder and reads them, one at a turn of the event loop, with the shell's
-// progress bar. A file whose size and time have not changed since it was read is not read again. It stops by
-// itself as soon as nobody wants the files any more.
+// Finds the project files below a folder and reads them, one after the other and beside the event loop, which
+// large files would hold up, with the shell's progress bar. A file whose size and time have not changed since
+// it was read is not read again. It stops by itself as soon as nobody wants the files any more.
 class ProjectScan : public QObject
 {
     Q_OBJECT
@@ -35,11 +35,14 @@ Q_SIGNALS:
 
 private:
     void readNext();
+    void take(const ProjectEntry& entry);
 
     QPointer<QProgressBar> progress_; // dies with the main window
     std::function<bool()> isWanted_;
-    QTimer timer_;
     std::wstring workFolder_;
     QVector<ProjectEntry> entries_;
     int next_ = 0;
+    bool isRunning_ = false;
+    bool isReading_ = false;
+    std::future<void> reading_; // the last member: waited for before anything else goes
 };

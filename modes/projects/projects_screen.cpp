@@ -1,10 +1,15 @@
 #include "projects/projects_screen.h"
 
+#include "common/sheet_page.h"
 #include "common/table_view.h"
 #include "modules/imain_controller.h"
 #include "modules/isettings.h"
 #include "platform/files.h"
+#include "projects/start_panel.h"
 
+#include <QCoreApplication>
+#include <QDir>
+#include <QDirIterator>
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -39,7 +44,9 @@ ProjectsScreen::ProjectsScreen(IMainController* controller, QProgressBar* progre
     empty_->setAlignment(Qt::AlignCenter);
     empty_->setWordWrap(true);
     stack_->addWidget(empty_);
+    stack_->addWidget(makeStart());
     layout->addLayout(stack_, 1);
+    layout->addWidget(makeHint());
 
     connect(scan_, &ProjectScan::found, this, &ProjectsScreen::showFound);
     connect(scan_, &ProjectScan::read, this, &ProjectsScreen::showRead);
@@ -66,30 +73,71 @@ QLayout* ProjectsScreen::makeHead()
 {
     filter_ = new QLineEdit(this);
     filter_->setObjectName(QStringLiteral("filter"));
+    filter_->setAccessibleName(QStringLiteral("Найти проект"));
     filter_->setPlaceholderText(QStringLiteral("Найти проект"));
     filter_->setClearButtonEnabled(true);
     filter_->setMaximumWidth(360);
     filter_->installEventFilter(this);
     folder_ = new QLabel(this);
+    folder_->setPalette(quietPalette(folder_->palette()));
     folder_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    auto* openFile = new QPushButton(QStringLiteral("Открыть файл…"), this);
-    auto* newProject = new QPushButton(QStringLiteral("Новый проект"), this);
-    openFile->setObjectName(QStringLiteral("openFile"));
-    newProject->setObjectName(QStringLiteral("newProject"));
-    connect(openFile, &QPushButton::clicked, this, &ProjectsScreen::openAnyFile);
-    connect(newProject, &QPushButton::clicked, this, &ProjectsScreen::makeNewProject);
+    openFile_ = new QPushButton(QStringLiteral("Открыть файл…"), this);
+    newProject_ = new QPushButton(QStringLiteral("Новый проект"), this);
+    openFile_->setObjectName(QStringLiteral("openFile"));
+    newProject_->setObjectName(QStringLiteral("newProject"));
+    connect(openFile_, &QPushButton::clicked, this, &ProjectsScreen::openAnyFile);
+    connect(newProject_, &QPushButton::clicked, this, &ProjectsScreen::makeNewProject);
     auto* head = new QHBoxLayout;
     head->addWidget(filter_, 1);
     head->addWidget(folder_, 1);
-    head->addWidget(openFile);
-    head->addWidget(newProject);
+    head->addWidget(openFile_);
+    head->addWidget(newProject_);
     return head;
+}
+
+static QString shownFolder(const std::wstring& workFolder)
+{
+    return QString::fromStdWString(systemPath(projectsFolderOf(workFolder)));
+}
+
+// The projects to try are shipped in the folder of projects beside the program; a user may work in another
+// one.
+static QString examplesFolder()
+{
+    return shownFolder(QCoreApplication::applicationDirPath().toStdWString());
+}
+
+static bool hasExamples(const QString& workFolder)
+{
+    const QString folder = examplesFolder();
+    return QDir(folder) != QDir(workFolder)
+        && QDirIterator(folder, {QStringLiteral("*.TLX")}, QDir::Files, QDirIterator::Subdirectories)
+               .hasNext();
+}
+
+QWidget* ProjectsScreen::makeStart()
+{
+    start_ = new StartPanel(this);
+    connect(start_, &StartPanel::newProject, this, &ProjectsScreen::makeNewProject);
+    connect(start_, &StartPanel::openFile, this, &ProjectsScreen::openAnyFile);
+    connect(start_, &StartPanel::openExample, this, [this] { openFrom(examplesFolder()); });
+    return start_;
+}
+
+QWidget* ProjectsScreen::makeHint()
+{
+    hint_ = new QLabel(
+        QStringLiteral("Enter или двойной щелчок — открыть проект, F2 — изменить шифр, буква — искать."),
+        this);
+    hint_->setPalette(quietPalette(hint_->palette()));
+    return hint_;
 }
 
 QWidget* ProjectsScreen::makeTable()
 {
     table_ = new TableView(QStringLiteral("projects/register"), this);
     table_->setSourceModel(model_);
+    table_->setAccessibleName(QStringLiteral("Проекты"));
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setEditTriggers(QAbstractItemView::EditKeyPressed);
     table_->setTextElideMode(Qt::ElideMiddle); // of a saving place both ends tell most
@@ -180,11 +228,12 @@ void ProjectsScreen::list()
         return;
     }
     const std::wstring workFolder = controller_->settings()->projectPath();
-    const QString folder = QString::fromStdWString(systemPath(projectsFolderOf(workFolder)));
-    folder_->setText(folder);
+    const QString folder = shownFolder(workFolder);
+    start_->showExamples(hasExamples(folder));
+    folder_->setText(QStringLiteral("Папка: ") + folder);
     folder_->setToolTip(QStringLiteral("Папка проектов; меняется в настройках программы"));
     if (scan_->start(workFolder))
-        folderWords_ = QStringLiteral("Проектов пока нет.\n\nСоздайте новый проект или откройте файл.\n"
+        folderWords_ = QStringLiteral("Проектов пока нет. Создайте новый или откройте файл.\n"
                                       "Проекты хранятся в папке %1")
                            .arg(folder);
     else
@@ -231,12 +280,18 @@ void ProjectsScreen::arrange()
     const bool isRead = std::none_of(entries.begin(), entries.end(), [](const ProjectEntry& entry) {
         return entry.state == ProjectEntry::State::waiting;
     });
-    if (entries.isEmpty())
-        empty_->setText(folderWords_);
-    else
-        empty_->setText(
-            QStringLiteral("Ничего не найдено: «%1».\n\nEsc — показать все проекты.").arg(filter_->text()));
-    stack_->setCurrentIndex(isRead && table_->model()->rowCount() == 0 ? 1 : 0);
+    start_->setWords(folderWords_);
+    empty_->setText(
+        QStringLiteral("Ничего не найдено: «%1».\n\nEsc — показать все проекты.").arg(filter_->text()));
+    const bool isEmpty = isRead && table_->model()->rowCount() == 0;
+    const bool atStart = isEmpty && entries.isEmpty();
+    const bool comesUp = atStart && stack_->currentWidget() != start_;
+    stack_->setCurrentIndex(atStart ? 2 : isEmpty ? 1 : 0);
+    // The panel says the same, larger.
+    for (QWidget* part : std::initializer_list<QWidget*>{filter_, folder_, openFile_, newProject_, hint_})
+        part->setVisible(!atStart);
+    if (comesUp)
+        start_->setFocus();
 }
 
 void ProjectsScreen::openCurrent()
@@ -252,8 +307,11 @@ void ProjectsScreen::openCurrent()
 
 void ProjectsScreen::openAnyFile()
 {
-    const QString folder =
-        QString::fromStdWString(systemPath(projectsFolderOf(controller_->settings()->projectPath())));
+    openFrom(shownFolder(controller_->settings()->projectPath()));
+}
+
+void ProjectsScreen::openFrom(const QString& folder)
+{
     const QString file = QFileDialog::getOpenFileName(window(),
         QStringLiteral("Открыть проект"),
         folder,

@@ -9,7 +9,9 @@
 class IMainController;
 class QLabel;
 class QLineEdit;
+class QPushButton;
 class QStackedLayout;
+class StartPanel;
 class TableView;
 
 // The register of projects: what lies in the work folder, and the way to open it. It reads the files itself,
@@ -30,6 +32,8 @@ protected:
 private:
     QLayout* makeHead();
     QWidget* makeTable();
+    QWidget* makeStart();
+    QWidget* makeHint();
     bool isOnView() const;
     bool isEditing() const;
     void watchActivation();
@@ -41,6 +45,7 @@ private:
     void arrange();
     void openCurrent();
     void openAnyFile();
+    void openFrom(const QString& folder);
     void makeNewProject();
     void storeCode(int row, const QString& code);
     // Whether no project is open; else the user is asked to close it.
@@ -54,6 +59,10 @@ private:
     QLineEdit* filter_;
     QLabel* folder_;
     QLabel* empty_;
+    QLabel* hint_;
+    QPushButton* openFile_;
+    QPushButton* newProject_;
+    StartPanel* start_;
     QStackedLayout* stack_;
     QTimer again_;
     QString folderWords_; // for a folder without projects

@@ -29,6 +29,7 @@ SetupDialog::SetupDialog(ITellurixController* controller)
         list_->addItem(QString::fromWCharArray(page.title));
         pages_->addWidget(makePage(page));
     }
+    list_->setSpacing(3);
     list_->setFixedWidth(list_->sizeHintForColumn(0) + 28);
     connect(list_, &QListWidget::currentRowChanged, pages_, &QStackedWidget::setCurrentIndex);
     list_->setCurrentRow(0);

@@ -1,5 +1,5 @@
+#include "common/column_register_screen.h"
 #include "common/named_numbers.h"
-#include "common/point_register_screen.h"
 #include "dictionaries/laboratory_vocabulary.h"
 #include "modules/module_export.h"
 
@@ -54,5 +54,5 @@ private:
 
 TELLURIX_MODULE QWidget* createWidget(const TX_Modes* mode, ITellurixController* controller)
 {
-    return new PointRegisterScreen(*mode, std::make_shared<Samples>(), controller);
+    return new ColumnRegisterScreen(*mode, std::make_shared<Samples>(), controller, Depth, Depth);
 }

@@ -1,4 +1,4 @@
-#include "common/point_register_screen.h"
+#include "common/column_register_screen.h"
 #include "modules/module_export.h"
 
 #include <QDate>
@@ -99,5 +99,5 @@ private:
 
 TELLURIX_MODULE QWidget* createWidget(const TX_Modes* mode, ITellurixController* controller)
 {
-    return new PointRegisterScreen(*mode, std::make_shared<WaterLevels>(), controller);
+    return new ColumnRegisterScreen(*mode, std::make_shared<WaterLevels>(), controller, Depth, Depth);
 }

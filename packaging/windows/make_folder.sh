@@ -16,13 +16,10 @@ version=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' $build/CMakeCache.txt)
 compiler=x86_64-w64-mingw32-g++-posix
 
 rm -rf $folder
+# The list of what is shipped is the same for both systems: cmake/install_program.cmake.
+cmake --install $build --component program --prefix $folder >/dev/null
+x86_64-w64-mingw32-strip $folder/*.exe $folder/*.dll
 mkdir -p $folder/Qt/plugins $folder/translations
-for part in hatch igkPreset help samples Проекты; do
-    cp -r $build/program/$part $folder/
-done
-for file in $build/program/*.exe $build/program/*.dll $build/tools/tlxtool/tlxtool.exe; do
-    x86_64-w64-mingw32-strip -o "$folder/$(basename "$file")" "$file"
-done
 for kind in platforms imageformats styles; do
     cp -r $qt/plugins/$kind $folder/Qt/plugins/
 done
@@ -47,6 +44,7 @@ licences=$folder/Лицензии
 mkdir $licences
 as_windows_text() { printf '\xef\xbb\xbf'; sed 's/\r*$/\r/' "$1"; }
 as_windows_text packaging/windows/licences.txt >"$licences/Прочти.txt"
+as_windows_text samples/sources/projects.txt >$folder/Проекты/Прочти.txt
 as_windows_text LICENSE >$licences/Tellurix.txt
 for text in LGPL-3 GPL-3; do
     as_windows_text /usr/share/common-licenses/$text >$licences/$text.txt

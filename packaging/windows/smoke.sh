@@ -11,6 +11,9 @@ folder="$work/Программа для проверки"
 rm -rf "$work"
 mkdir -p "$work"
 cp -r build/windows/Tellurix "$folder"
+# The projects to be saved must not be there yet.
+rm -r "$folder"/Проекты/*
+cp -r samples "$folder/"
 
 fail() {
     import -window root "$work/failed.png" || true

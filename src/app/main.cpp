@@ -1,14 +1,13 @@
 #include "app/message_box.h"
 #include "app/shell_assembly.h"
 #include "app/tx_application.h"
+#include "app/visual_style.h"
 #include "platform/files.h"
 #include "settings/program.h"
 
 #include <QFont>
 #include <QIcon>
 #include <QLibraryInfo>
-#include <QStyle>
-#include <QStyleFactory>
 #include <QSurfaceFormat>
 #include <QTimer>
 #include <QTranslator>
@@ -58,8 +57,7 @@ static void prepare(Settings& settings, const QString& style)
     settings.initialise();
     loadTranslation();
     setSurfaceFormat();
-    QApplication::setStyle(QStyleFactory::create(style));
-    QApplication::setPalette(QApplication::style()->standardPalette());
+    applyVisualStyle(style);
 }
 
 // The shell from its assembly to the end of the event loop; the exit code.
@@ -92,6 +90,10 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationVersion(applicationVersion);
     QCoreApplication::setLibraryPaths(
         QCoreApplication::libraryPaths() << folder + QStringLiteral("Qt/plugins"));
+
+    // Sharp on dense displays: widgets in points, pictures in pixels.
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 
     Shell shell;
     shell.settings = makeReference<Settings>();

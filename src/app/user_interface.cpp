@@ -4,9 +4,9 @@
 #include "app/main_controller.h"
 #include "app/main_window.h"
 #include "app/show_label.h"
+#include "app/visual_style.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenuBar>
@@ -50,6 +50,16 @@ void MainController::createActions()
         synchro->setEnabled(settings_->isSectionEditorActivated() && settings_->isSectionEditorLocal());
 }
 
+// In every size that bars and menus show, on dense displays too: a picture made smaller loses its lines.
+static QIcon iconNamed(const char* file)
+{
+    const QString name = QString::fromLatin1(file);
+    QIcon icon(QStringLiteral(":/images/") + name);
+    for (const int size : {16, 24, 32, 96})
+        icon.addFile(QStringLiteral(":/images/%1/%2").arg(QString::number(size), name), {size, size});
+    return icon;
+}
+
 QAction* MainController::makeAction(const ActionRow& row)
 {
     auto* made = new QAction(QString::fromWCharArray(row.text), mainWindow_);
@@ -57,9 +67,7 @@ QAction* MainController::makeAction(const ActionRow& row)
     const QString tip = QString::fromWCharArray(row.tip ? row.tip : row.text);
     made->setStatusTip(tip);
     made->setToolTip(tip);
-    QIcon icon;
-    if (row.icon)
-        icon = QIcon(QStringLiteral(":/images/") + QString::fromLatin1(row.icon));
+    const QIcon icon = row.icon ? iconNamed(row.icon) : QIcon();
     made->setIcon(row.theme ? QIcon::fromTheme(QString::fromLatin1(row.theme), icon) : icon);
     if (row.shortcut)
         made->setShortcut(QKeySequence(QString::fromLatin1(row.shortcut)));
@@ -134,8 +142,7 @@ void MainController::createStyleChooser(QToolBar* bar)
 
 void MainController::applyStyle(const QString& name)
 {
-    QApplication::setStyle(QStyleFactory::create(name));
-    QApplication::setPalette(QApplication::style()->standardPalette());
+    applyVisualStyle(name);
     settings_->saveVisualStyle(name);
 }
 

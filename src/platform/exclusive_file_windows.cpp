@@ -7,13 +7,22 @@ namespace
 {
 
 constexpr DWORD largestContent = 0x10000;
-constexpr ULONGLONG patience = 2000; // milliseconds
+// Milliseconds.
+constexpr ULONGLONG patience = 2000;
+constexpr ULONGLONG patienceWithRefusal = 200;
 constexpr DWORD betweenTries = 10;
 
-// A turn of another program, a scanner that looks at the file, or one that is on its way out.
+// A turn of another program, or a scanner that looks at the file.
 bool isBusy(DWORD error)
 {
-    return error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION || error == ERROR_DELETE_PENDING;
+    return error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION;
+}
+
+// A file that is removed but still open elsewhere is refused like one without rights: only time tells them
+// apart.
+bool mayBeOnItsWayOut(DWORD error)
+{
+    return error == ERROR_ACCESS_DENIED || error == ERROR_DELETE_PENDING;
 }
 
 HANDLE asHandle(std::intptr_t handle)
@@ -37,7 +46,7 @@ ExclusiveFile::~ExclusiveFile()
 FileResult ExclusiveFile::open(IfMissing ifMissing)
 {
     const std::wstring name = windowsPath(path_);
-    const ULONGLONG end = GetTickCount64() + patience;
+    const ULONGLONG begin = GetTickCount64();
     for (;;) {
         // Shared with readers alone: every other one who wants a turn asks to write, and is refused.
         const HANDLE file = CreateFileW(name.c_str(),
@@ -53,7 +62,10 @@ FileResult ExclusiveFile::open(IfMissing ifMissing)
             isNew_ = ifMissing == IfMissing::Create && error != ERROR_ALREADY_EXISTS;
             return {};
         }
-        if (!isBusy(error) || GetTickCount64() >= end)
+        const ULONGLONG longest = isBusy(error) ? patience
+            : mayBeOnItsWayOut(error)           ? patienceWithRefusal
+                                                : 0;
+        if (GetTickCount64() - begin >= longest)
             return failedWithCode(FileStep::Open, error);
         Sleep(betweenTries);
     }

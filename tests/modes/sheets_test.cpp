@@ -307,6 +307,7 @@ TEST(SheetScreens, followTheProject)
 
     // Nothing new: the user's place stays; a new row: seen at once, the place stays as well.
     host.controller.notify();
+    EXPECT_EQ(host.count(), "Показано 3 из 3");
     EXPECT_EQ(layers->currentIndex().row(), 1);
     project->addLithology({L"С-2", L"5"}, {L"dP", L"Глина"});
     host.controller.notify();

@@ -42,58 +42,65 @@ static std::uint32_t wordOf(const Json& value)
     return value.get<std::uint32_t>();
 }
 
-static std::string numberText(double value)
+static void requireTile(const Json& tile)
 {
-    char text[32];
-    return {text, std::to_chars(text, text + sizeof text, value).ptr};
+    const auto isSide = [](const Json& side) {
+        return side.is_number_unsigned() && side.get<std::uint64_t>() >= 1
+            && side.get<std::uint64_t>() <= 400;
+    };
+    if (!tile.is_array() || tile.size() != 2 || !isSide(tile[0]) || !isSide(tile[1]))
+        refuse("a tile has two sides, whole numbers from 1 to 400");
 }
 
-static void requireDashes(const Json& dashes)
+static bool isNumber(const std::string& word)
 {
-    if (dashes.empty())
-        return;
-    double period = 0;
-    bool drawn = false;
-    for (const Json& dash : dashes) {
-        period += std::abs(dash.get<double>());
-        drawn = drawn || dash.get<double>() >= 0;
+    double value = 0;
+    const char* const end = word.data() + word.size();
+    const auto [stop, failure] = std::from_chars(word.data(), end, value);
+    return failure == std::errc() && stop == end && std::abs(value) < 1000;
+}
+
+static void requireShape(const std::string& shape)
+{
+    static constexpr struct {
+        std::string_view word;
+        std::size_t least;
+        std::size_t most;
+    } strokes[] = {{"line", 4, 1000}, {"fill", 6, 1000}, {"dot", 3, 3}, {"oval", 5, 5}};
+    std::vector<std::string> words;
+    for (std::size_t begin = 0, end = 0; end != std::string::npos; begin = end + 1) {
+        end = shape.find(' ', begin);
+        words.push_back(shape.substr(begin, end - begin));
     }
-    if (period <= 0 || !drawn)
-        refuse("dashes that draw nothing or do not advance");
-}
-
-static std::string familyLine(const Json& family)
-{
-    requireMembers(family, 4);
-    const Json& origin = family.at("origin");
-    const Json& offset = family.at("offset");
-    const Json& dashes = family.at("dashes");
-    if (std::abs(family.at("angle").get<double>()) > 360)
-        refuse("an angle beyond 360 degrees");
-    if (!dashes.is_array() || origin.size() != 2 || offset.size() != 2)
-        refuse("origin and offset have two numbers each, dashes are a list");
-    if (offset.at(1).get<double>() <= 0)
-        refuse("lines that do not part: the offset across must be above 0");
-    requireDashes(dashes);
-
-    std::string line = numberText(family.at("angle").get<double>());
-    for (const Json* numbers : {&origin, &offset, &dashes})
-        for (const Json& number : *numbers)
-            line += ' ' + numberText(number.get<double>());
-    return line + '\n';
+    const std::size_t count = words.size() - 1;
+    const auto* const row =
+        std::ranges::find_if(strokes, [&](const auto& stroke) { return stroke.word == words.front(); });
+    if (row == std::end(strokes))
+        refuse("\"" + shape + "\" is no line, fill, dot or oval");
+    const bool isWhole = row->least == row->most || count % 2 == 0;
+    if (count < row->least || count > row->most || !isWhole
+        || !std::all_of(words.begin() + 1, words.end(), isNumber))
+        refuse("\"" + shape + "\" has not the numbers that it needs");
 }
 
 static std::string patternText(const Json& hatch)
 {
-    requireMembers(hatch, 3);
+    requireMembers(hatch, 5);
+    // Of the file of its picture, which is not part of the library.
+    if (hatch.at("picture").get<std::string>().empty())
+        refuse("no name of the picture");
     const auto name = hatch.at("name").get<std::string>();
     if (name.empty() || name.find('\n') != std::string::npos)
         refuse("no name of one line");
-    std::string text = name + '\n';
-    if (hatch.at("lines").empty())
-        refuse("no lines");
-    for (const Json& family : hatch.at("lines"))
-        text += familyLine(family);
+    const Json& tile = hatch.at("tile");
+    requireTile(tile);
+    std::string text = name + '\n' + tile[0].dump() + ' ' + tile[1].dump() + '\n';
+    if (hatch.at("shapes").empty())
+        refuse("no shapes");
+    for (const Json& shape : hatch.at("shapes")) {
+        requireShape(shape.get<std::string>());
+        text += shape.get<std::string>() + '\n';
+    }
     return text;
 }
 

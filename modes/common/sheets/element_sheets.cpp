@@ -108,7 +108,8 @@ void fillIndices(SheetRows& rows, const SheetSource& source)
             summary.thickest});
 }
 
-constexpr std::wstring_view noLayers = L"В проекте нет слоев. Введите их в режиме «Литология».";
+constexpr std::wstring_view noLayers = L"В проекте нет слоев.";
+constexpr std::wstring_view enterLayers = L"Введите их в режиме «Литология».";
 
 std::vector<SheetColumn> layerColumns()
 {
@@ -130,7 +131,8 @@ Sheet layerSheet()
         .title = L"Слои",
         .columns = columns,
         .fill = fillLayers,
-        .whenEmpty = noLayers};
+        .whenEmpty = noLayers,
+        .whatToDo = enterLayers};
 }
 
 void fillColumns(SheetRows& rows, const SheetSource& source)
@@ -178,7 +180,8 @@ const std::vector<Sheet>& stratigraphicOrderSheets()
                 {L"Мощность\nнаименьшая, м", 14, SheetColumn::Number},
                 {L"Мощность\nнаибольшая, м", 14, SheetColumn::Number}},
             .fill = fillIndices,
-            .whenEmpty = noLayers},
+            .whenEmpty = noLayers,
+            .whatToDo = enterLayers},
         elementSheet("stratigraphicIge/elements"),
     };
     return sheets;
@@ -201,6 +204,7 @@ const std::vector<Sheet>& stratigraphicColumnSheets()
                 {L"Абс. отметка\nзабоя, м", 12, SheetColumn::Number}},
             .fill = fillColumns,
             .whenEmpty = noLayers,
+            .whatToDo = enterLayers,
             .detail = &layers},
     };
     return sheets;

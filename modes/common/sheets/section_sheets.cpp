@@ -79,7 +79,20 @@ Sheet lineSheet(std::string_view name, std::wstring_view title, void (*fill)(She
             {L"Конец", 12},
             {L"Отметка\nконца, м", 11, SheetColumn::Number}},
         .fill = fill,
-        .whenEmpty = L"Линии разрезов не проведены."};
+        .whenEmpty = L"Линии разрезов не проведены.",
+        .whatToDo = L"Всю площадку в разрезе показывает вкладка «Обзор площадки»."};
+}
+
+// Every point of the site seen from a side: a section can be looked at before its line is drawn.
+void fillViews(SheetRows& rows, const SheetSource& source)
+{
+    std::size_t points = 0;
+    for (const auto& [key, row] : source.project.getPointRegister())
+        points += row.empty() ? 0U : 1U;
+    if (points < 2)
+        return;
+    rows.add({siteViewAlongY, countText(points)});
+    rows.add({siteViewAlongX, countText(points)});
 }
 
 void fillTerrainCells(SheetRows& rows, const SheetSource& source)
@@ -161,6 +174,12 @@ const std::vector<Sheet>& sectionSheets()
     static const std::vector<Sheet> sheets{
         lineSheet("section/lines", L"Линии разрезов", fillPlain),
         lineSheet("section/terrain", L"Линии по модели местности", fillTerrain),
+        {.name = "section/views",
+            .title = L"Обзор площадки",
+            .columns = {{L"Вид", 24}, {L"Точек", 8, SheetColumn::Number}},
+            .fill = fillViews,
+            .whenEmpty = L"В проекте меньше двух точек.",
+            .whatToDo = L"Добавьте точки в режиме «Ведомость координат»."},
         {.name = "section/drawings",
             .title = L"Чертежи",
             .columns = {{L"Чертеж", 28},

@@ -63,12 +63,18 @@ public:
     QLineEdit* filter() const { return screen->findChild<QLineEdit*>(QStringLiteral("filter")); }
     std::string count() const
     {
+        look();
         return screen->findChild<QLabel*>(QStringLiteral("count"))->text().toStdString();
     }
-    QTableView* table(const char* name) const { return screen->findChild<QTableView*>(QLatin1String(name)); }
+    QTableView* table(const char* name) const
+    {
+        look();
+        return screen->findChild<QTableView*>(QLatin1String(name));
+    }
     // Everything that the labels in view say.
     std::string labels() const
     {
+        look();
         QStringList texts;
         for (const QLabel* label : screen->findChildren<QLabel*>())
             if (label->isVisible())
@@ -80,6 +86,9 @@ public:
     TellurixController controller;
 
 private:
+    // What a screen puts off, it puts off until it is painted at most.
+    static void look() { QCoreApplication::sendPostedEvents(); }
+
     QLibrary library_;
 
 public:

@@ -1,0 +1,191 @@
+// Linked with the entry of the program itself: an onlooker with a watch. TELLURIX_BENCH says what it looks
+// at: "start", the times to the first paint of any window and of the main window, or "tour", every mode of
+// the project on the command line.
+
+#include "since_start.h"
+
+#include <QAbstractScrollArea>
+#include <QAction>
+#include <QApplication>
+#include <QEvent>
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QScrollBar>
+#include <QThread>
+#include <QTimer>
+
+#include <algorithm>
+#include <fstream>
+#include <string>
+#include <unistd.h>
+#include <utility>
+#include <vector>
+
+namespace
+{
+
+using Clock = std::chrono::steady_clock;
+
+double millisecondsFrom(Clock::time_point begin)
+{
+    return std::chrono::duration<double, std::milli>(Clock::now() - begin).count();
+}
+
+// Until nothing is left to do: laid out, filled and painted.
+void settle()
+{
+    for (int round = 0; round < 3; ++round) {
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::processEvents();
+    }
+}
+
+double residentMegabytes()
+{
+    std::size_t total = 0;
+    std::size_t resident = 0;
+    std::ifstream("/proc/self/statm") >> total >> resident;
+    return static_cast<double>(resident) * static_cast<double>(sysconf(_SC_PAGESIZE)) / 1e6;
+}
+
+class StartWatch : public QObject
+{
+public:
+    using QObject::QObject;
+
+private:
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        auto* widget = event->type() == QEvent::Paint ? qobject_cast<QWidget*>(object) : nullptr;
+        if (!widget || !widget->isWindow())
+            return false;
+        // The splash comes first, with all that the modules' loading has to tell.
+        if (!std::exchange(isSeen_, true))
+            report("first_window_ms", millisecondsSinceStart());
+        if (object->inherits("QMainWindow")) {
+            report("main_window_ms", millisecondsSinceStart());
+            std::_Exit(0);
+        }
+        return false;
+    }
+
+    bool isSeen_ = false;
+};
+
+class Tour : public QObject
+{
+public:
+    explicit Tour(QObject* parent)
+        : QObject(parent)
+    {
+        connect(&timer_, &QTimer::timeout, this, &Tour::look);
+        timer_.start(5);
+    }
+
+private:
+    // In the order of the menus.
+    static constexpr const char* screens[] = {"actListCoords",
+        "actLitology",
+        "actTests",
+        "actWaters",
+        "actConsistents",
+        "actLaboratory",
+        "actIge",
+        "actStatic",
+        "actSection",
+        "actIgk",
+        "actColumn",
+        "actSubsidence",
+        "actChemistry",
+        "actConsolidated"};
+
+    void look()
+    {
+        if (begun_ || QThread::currentThread()->loopLevel() != 1)
+            return;
+        for (QWidget* widget : QApplication::topLevelWidgets())
+            if (auto* candidate = qobject_cast<QMainWindow*>(widget); candidate && candidate->isVisible())
+                window_ = candidate;
+        if (!window_)
+            return;
+        begun_ = true;
+        // A timer is silent while its own slot is at work.
+        QTimer::singleShot(0, this, [this] { walk(); });
+    }
+
+    void walk()
+    {
+        settle();
+        report("resident_MB", residentMegabytes());
+        for (const char* visit : {"first", "second"})
+            for (const char* screen : screens)
+                enter(screen, visit);
+        report("resident_after_tour_MB", residentMegabytes());
+        report("save_ms", timeOf("actSave"));
+        std::_Exit(0);
+    }
+
+    double timeOf(const char* name)
+    {
+        auto* action = window_->findChild<QAction*>(QString::fromLatin1(name));
+        if (!action || !action->isEnabled())
+            return -1;
+        const auto begin = Clock::now();
+        action->trigger();
+        settle();
+        return millisecondsFrom(begin);
+    }
+
+    void enter(const char* screen, const char* visit)
+    {
+        const double time = timeOf(screen);
+        if (time < 0)
+            return;
+        report((std::string("switch ") + screen + ' ' + visit).c_str(), time);
+        if (visit[0] == 's')
+            scroll(screen);
+    }
+
+    // The longest list of the screen, down by pages from the top.
+    void scroll(const char* screen)
+    {
+        auto* area = window_->findChild<QMdiArea*>();
+        QWidget* page = area && area->activeSubWindow() ? area->activeSubWindow()->widget() : nullptr;
+        QScrollBar* longest = nullptr;
+        for (auto* list : page ? page->findChildren<QAbstractScrollArea*>() : QList<QAbstractScrollArea*>())
+            if (QScrollBar* bar = list->verticalScrollBar();
+                list->isVisible() && bar->maximum() > 0 && (!longest || bar->maximum() > longest->maximum()))
+                longest = bar;
+        if (!longest)
+            return;
+        std::vector<double> frames;
+        for (int i = 0; i < 200 && longest->value() < longest->maximum(); ++i) {
+            const auto begin = Clock::now();
+            longest->setValue(longest->value() + longest->pageStep());
+            settle();
+            frames.push_back(millisecondsFrom(begin));
+        }
+        std::sort(frames.begin(), frames.end());
+        report((std::string("frame_median ") + screen).c_str(), frames[frames.size() / 2]);
+        report((std::string("frame_worst ") + screen).c_str(), frames.back());
+    }
+
+    QTimer timer_;
+    QMainWindow* window_ = nullptr;
+    bool begun_ = false;
+};
+
+void watch()
+{
+    const char* what = std::getenv("TELLURIX_BENCH");
+    auto* application = QCoreApplication::instance();
+    if (what && std::string(what) == "tour")
+        new Tour(application);
+    else
+        application->installEventFilter(new StartWatch(application));
+}
+
+Q_COREAPP_STARTUP_FUNCTION(watch)
+
+} // namespace

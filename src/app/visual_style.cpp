@@ -1,0 +1,33 @@
+#include "app/visual_style.h"
+
+#include <QApplication>
+#include <QProxyStyle>
+
+namespace
+{
+
+// What all styles have in common here.
+class ShellStyle : public QProxyStyle
+{
+public:
+    using QProxyStyle::QProxyStyle;
+
+    int styleHint(StyleHint hint,
+        const QStyleOption* option,
+        const QWidget* widget,
+        QStyleHintReturn* returned) const override
+    {
+        // The toolkit's own pictures of ticks and crosses are of no family with ours.
+        if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+            return 0;
+        return QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+};
+
+} // namespace
+
+void applyVisualStyle(const QString& name)
+{
+    QApplication::setStyle(new ShellStyle(name));
+    QApplication::setPalette(QApplication::style()->standardPalette());
+}

@@ -1,0 +1,6 @@
+#pragma once
+
+class QString;
+
+// The style of that name with its own light palette, for the whole program.
+void applyVisualStyle(const QString& name);
