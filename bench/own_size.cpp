@@ -3,6 +3,8 @@
 #include "persistence/grammar/project.h"
 #include "persistence/nesting_level.h"
 
+#include <span>
+
 class OwnSizeArchive
 {
 public:
@@ -60,7 +62,7 @@ public:
 
     void objects(std::string_view, const GLObjectList& values)
     {
-        size_ += values.size() * sizeof(GLObjectList::value_type);
+        size_ += std::as_bytes(std::span(values)).size();
         for (GLObjectDB* object : values)
             visitDrawing(object, [this](auto row, auto& drawing) {
                 size_ += sizeof drawing;
