@@ -10,6 +10,9 @@
 // show only as the program knows it: "Critical Error reading the file ", the path, code 2.
 Reference<DBProject> openOrRefuse(const Bytes& bytes, ReadReport& report);
 
+// However many threads read and write it, the same project comes out of the bytes, or the same failure.
+void requireThreadsAgree(const Bytes& bytes);
+
 // A project as it is saved, what findSaveLosses says about that, and what an opening brings back; null where
 // the file does not open.
 struct Saved {
