@@ -21,11 +21,12 @@ export QT_QPA_PLATFORM=offscreen TZ=UTC
 mkdir $place/pictures
 $place/screenshots $place/Проекты/ZARECHNAYA/ZARECHNAYA.TLX $place/pictures >/dev/null
 $place/help_pictures $place/pictures
-rm -f $place/pictures/stamps_*.png
 
 mkdir -p help/pictures
 rm -f help/pictures/*.png
 for picture in $place/pictures/*.png; do
+    # Of some screens there is a picture of every tab; the guide shows what it speaks of.
+    grep -q "pictures/$(basename "$picture")" help/*.md || continue
     pngquant --strip --speed 1 --nofs 64 --output "help/pictures/$(basename "$picture")" "$picture"
 done
 du -sh help/pictures

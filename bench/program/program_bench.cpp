@@ -1,16 +1,18 @@
-// Starts, one after the other and each in a process of its own, a bare window of the toolkit, Tellurix with
-// modules that show nothing, Tellurix as it is shipped, and Tellurix with a large project, and prints a
-// table.
-//   program_bench BARE WATCHED TOY_FOLDER PROGRAM_FOLDER [STARTS]
+// Starts, each in a process of its own, a bare window of the toolkit, Tellurix with modules that show
+// nothing, Tellurix as it is shipped, and Tellurix with projects of several sizes; writes the figures and a
+// picture:
+//   program_bench BARE WATCHED TOY_FOLDER PROGRAM_FOLDER FOLDER STARTS POINTS...
 
 #include "generated_site.h"
 #include "persistence/project_codec.h"
+#include "picture.h"
 #include "since_start.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <sstream>
 #include <string>
 #include <unistd.h>
@@ -84,21 +86,16 @@ double median(std::vector<double> values)
     return values.empty() ? 0 : values[values.size() / 2];
 }
 
-void row(const std::string& what, double value, const char* unit, const std::string& remark = {})
-{
-    std::printf("| %s | %.*f %s | %s |\n", what.c_str(), value < 10 ? 2 : 0, value, unit, remark.c_str());
-    std::fflush(stdout);
-}
-
-std::string times(double value, double base)
+std::string rounded(double value)
 {
     char text[32];
-    std::snprintf(text, sizeof text, "%.2f times the bare window", base > 0 ? value / base : 0);
+    std::snprintf(text, sizeof text, "%.*f", value < 10 ? 2 : 0, value);
     return text;
 }
 
 // In turn, so that what else the machine does falls on all of them alike.
-void compareStarts(const std::string& bare, const std::string& toys, const std::string& whole, int starts)
+void compareStarts(
+    std::ostream& out, const std::string& bare, const std::string& toys, const std::string& whole, int starts)
 {
     struct Measured {
         const char* what;
@@ -106,28 +103,32 @@ void compareStarts(const std::string& bare, const std::string& toys, const std::
         const char* report;
         std::vector<double> spent = {};
     };
-    Measured measured[] = {{"Start to a bare `QMainWindow`", bare, "first_window_ms"},
-        {"Start to the splash", whole, "first_window_ms"},
-        {"Start to the main window, screens of the modules empty", toys, "main_window_ms"},
-        {"Start to the main window as shipped", whole, "main_window_ms"}};
+    Measured measured[] = {{"a bare `QMainWindow`", bare, "first_window_ms"},
+        {"the splash, the first window", whole, "first_window_ms"},
+        {"the main window, screens of the modules empty", toys, "main_window_ms"},
+        {"the main window as shipped", whole, "main_window_ms"}};
     for (int i = 0; i < starts; ++i)
         for (Measured& each : measured)
             for (const auto& [name, value] : reportsOf("start", each.program))
                 if (name == each.report)
                     each.spent.push_back(value);
     const double base = median(measured[0].spent);
+    out << "| From the start to | ms | times the bare window |\n| --- | --- | --- |\n";
     for (const Measured& each : measured)
-        row(each.what, median(each.spent), "ms", times(median(each.spent), base));
+        out << "| " << each.what << " | " << rounded(median(each.spent)) << " | "
+            << rounded(median(each.spent) / base) << " |\n";
 }
 
-// More points than ten thousand, so that the layers are a hundred thousand.
-constexpr std::size_t tourPoints = 13'400;
+// Every report by the number of points.
+using Tours = std::map<std::string, std::map<std::size_t, double>>;
 
-bool tour(const ProgramFolder& folder)
+bool tour(const ProgramFolder& folder, std::size_t points, Tours& tours)
 {
+    fs::remove_all(folder.projects());
+    fs::create_directories(folder.projects());
     // Before the project is there: the list of projects reads what it shows.
     const auto empty = reportsOf("tour", folder.program());
-    const auto project = generatedSite(tourPoints);
+    const auto project = generatedSite(points);
     // It saves under this name.
     project->setFilePath(L"Tour.TLX");
     project->setFileStem(L"Tour");
@@ -138,31 +139,89 @@ bool tour(const ProgramFolder& folder)
     const auto reports = reportsOf("tour", folder.program().string() + ' ' + path.string());
     if (empty.empty() || reports.empty())
         return false;
-    const double before = empty.front().second;
-    std::printf("| Project: %zu points, %zu layers, %.1f MB | | |\n",
-        project->getPointRegister().size(),
-        project->getLithology().size(),
-        static_cast<double>(bytes.size()) / 1e6);
     for (const auto& [name, value] : reports)
-        row(name, value, name.find("_MB") != std::string::npos ? "MB" : "ms");
-    row("Memory of the program for each point",
-        (reports.front().second - before) * 1e3 / tourPoints,
-        "kB",
-        "file: " + std::to_string(bytes.size() / tourPoints) + " bytes for each point");
+        tours[name][points] = value;
+    tours["points"][points] = static_cast<double>(points);
+    tours["layers"][points] = static_cast<double>(project->getLithology().size());
+    tours["file, MB"][points] = static_cast<double>(bytes.size()) / 1e6;
+    tours["memory of the program, kB a point"][points] =
+        (reports.front().second - empty.front().second) * 1e3 / static_cast<double>(points);
     return true;
+}
+
+// The values at all sizes, from the smallest.
+std::string valuesOf(const Tours& tours, const std::string& name)
+{
+    std::string text;
+    if (const auto found = tours.find(name); found != tours.end())
+        for (const auto& [points, value] : found->second)
+            text += (text.empty() ? "" : " / ") + rounded(value);
+    return text;
+}
+
+void writeTours(std::ostream& out, const Tours& tours)
+{
+    out << "\n| Project | from the smallest to the largest |\n| --- | --- |\n";
+    for (const char* whole : {"points",
+             "layers",
+             "file, MB",
+             "memory of the program, kB a point",
+             "resident, MB",
+             "resident after all modes, MB",
+             "save, ms"})
+        out << "| " << whole << " | " << valuesOf(tours, whole) << " |\n";
+    out << "\n| Mode, ms | first visit | second visit | paint while scrolling | longest paint |\n"
+           "| --- | --- | --- | --- | --- |\n";
+    const std::string first = "first/";
+    for (const auto& [name, values] : tours) {
+        if (!name.starts_with(first))
+            continue;
+        const std::string mode = name.substr(first.size());
+        out << "| " << mode;
+        for (const char* what : {"first/", "second/", "frame/", "worst frame/"})
+            out << " | " << valuesOf(tours, what + mode);
+        out << " |\n";
+    }
+}
+
+// The screens that take longer than a frame.
+Panel panelOf(const Tours& tours, const std::string& what, const std::string& title)
+{
+    constexpr double frame = 16; // ms
+    Panel panel{title, "points", "ms", {}};
+    for (const auto& [name, values] : tours)
+        if (name.starts_with(what + '/') && values.rbegin()->second > frame)
+            panel.curves[name.substr(what.size() + 1)] = {values.begin(), values.end()};
+    return panel;
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    if (argc < 5) {
-        std::fprintf(stderr, "program_bench BARE WATCHED TOY_FOLDER PROGRAM_FOLDER [STARTS]\n");
+    if (argc < 8) {
+        std::fprintf(
+            stderr, "program_bench BARE WATCHED TOY_FOLDER PROGRAM_FOLDER FOLDER STARTS POINTS...\n");
         return 2;
     }
     const ProgramFolder toys(argv[3], argv[2]);
     const ProgramFolder shipped(argv[4], argv[2]);
-    std::printf("| What | Median | |\n|---|---:|---|\n");
-    compareStarts(argv[1], toys.program(), shipped.program(), argc > 5 ? std::atoi(argv[5]) : 21);
-    return tour(shipped) ? 0 : 1;
+    const fs::path folder = argv[5];
+    fs::create_directories(folder);
+    std::ofstream figures(folder / "program.md");
+    figures << "# Figures of the program\n\nMade by `tools/curves.sh`; do not edit.\n\n";
+    compareStarts(figures, argv[1], toys.program(), shipped.program(), std::atoi(argv[6]));
+    Tours tours;
+    for (int i = 7; i < argc; ++i) {
+        if (!tour(shipped, std::stoul(argv[i]), tours)) {
+            std::fprintf(stderr, "The program did not finish its tour of %s points.\n", argv[i]);
+            return 1;
+        }
+    }
+    writeTours(figures, tours);
+    std::ofstream picture(folder / "program.svg");
+    drawPicture(picture,
+        "Switching to a mode",
+        {panelOf(tours, "first", "first visit"), panelOf(tours, "second", "second visit")});
+    return figures.flush() && picture.flush() ? 0 : 1;
 }

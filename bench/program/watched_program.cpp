@@ -84,21 +84,25 @@ public:
     }
 
 private:
+    struct Screen {
+        const char* action;
+        const char* name;
+    };
     // In the order of the menus.
-    static constexpr const char* screens[] = {"actListCoords",
-        "actLitology",
-        "actTests",
-        "actWaters",
-        "actConsistents",
-        "actLaboratory",
-        "actIge",
-        "actStatic",
-        "actSection",
-        "actIgk",
-        "actColumn",
-        "actSubsidence",
-        "actChemistry",
-        "actConsolidated"};
+    static constexpr Screen screens[] = {{"actListCoords", "points"},
+        {"actLitology", "lithology"},
+        {"actTests", "samples"},
+        {"actWaters", "water"},
+        {"actConsistents", "consistency"},
+        {"actLaboratory", "laboratory"},
+        {"actIge", "elements"},
+        {"actStatic", "sounding"},
+        {"actSection", "sections"},
+        {"actIgk", "columns"},
+        {"actColumn", "layers of all points"},
+        {"actSubsidence", "subsidence"},
+        {"actChemistry", "chemistry"},
+        {"actConsolidated", "overview"}};
 
     void look()
     {
@@ -117,15 +121,25 @@ private:
     void walk()
     {
         settle();
-        report("resident_MB", residentMegabytes());
-        for (const char* visit : {"first", "second"})
-            for (const char* screen : screens)
-                enter(screen, visit);
-        report("resident_after_tour_MB", residentMegabytes());
-        report("save_ms", timeOf("actSave"));
+        ::report("resident, MB", residentMegabytes());
+        for (const Screen& screen : screens)
+            report("first", screen.name, timeOf(screen.action));
+        for (const Screen& screen : screens) {
+            report("second", screen.name, timeOf(screen.action));
+            scroll(screen);
+        }
+        ::report("resident after all modes, MB", residentMegabytes());
+        ::report("save, ms", timeOf("actSave"));
         std::_Exit(0);
     }
 
+    static void report(const char* what, const char* screen, double value)
+    {
+        if (value >= 0)
+            ::report((std::string(what) + '/' + screen).c_str(), value);
+    }
+
+    // Negative where the action is off.
     double timeOf(const char* name)
     {
         auto* action = window_->findChild<QAction*>(QString::fromLatin1(name));
@@ -137,18 +151,8 @@ private:
         return millisecondsFrom(begin);
     }
 
-    void enter(const char* screen, const char* visit)
-    {
-        const double time = timeOf(screen);
-        if (time < 0)
-            return;
-        report((std::string("switch ") + screen + ' ' + visit).c_str(), time);
-        if (visit[0] == 's')
-            scroll(screen);
-    }
-
     // The longest list of the screen, down by pages from the top.
-    void scroll(const char* screen)
+    void scroll(const Screen& screen)
     {
         auto* area = window_->findChild<QMdiArea*>();
         QWidget* page = area && area->activeSubWindow() ? area->activeSubWindow()->widget() : nullptr;
@@ -167,8 +171,8 @@ private:
             frames.push_back(millisecondsFrom(begin));
         }
         std::sort(frames.begin(), frames.end());
-        report((std::string("frame_median ") + screen).c_str(), frames[frames.size() / 2]);
-        report((std::string("frame_worst ") + screen).c_str(), frames.back());
+        report("frame", screen.name, frames[frames.size() / 2]);
+        report("worst frame", screen.name, frames.back());
     }
 
     QTimer timer_;
