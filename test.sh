@@ -60,6 +60,9 @@ if [ $all = yes ]; then
     # Without the largest sizes, which take minutes.
     step benchmark build/release/bench/engine_bench --benchmark_filter='-/(7700|23000|100000|1000000)/' \
         --benchmark_repetitions=1
+    bench=build/release/bench/program
+    step "benchmark of the program" env QT_QPA_PLATFORM=offscreen $bench/program_bench $bench/bare_window \
+        $bench/watched_program build/release/toy_program build/release/program build/release/bench/quick 1 300
 fi
 
 echo
