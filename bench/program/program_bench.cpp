@@ -75,9 +75,14 @@ public:
     fs::path projects() const { return folder_ / "Проекты"; }
 
 private:
-    static inline int made_ = 0;
-    const fs::path folder_ = fs::temp_directory_path()
-        / ("tellurix_program_bench_" + std::to_string(::getpid()) + '_' + std::to_string(made_++));
+    static fs::path freshFolder()
+    {
+        static int made = 0;
+        const std::string name = "tellurix_program_bench_" + std::to_string(::getpid()) + '_';
+        return fs::temp_directory_path() / (name + std::to_string(made++));
+    }
+
+    const fs::path folder_ = freshFolder();
 };
 
 double median(std::vector<double> values)
