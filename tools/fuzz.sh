@@ -22,30 +22,37 @@ targets=("$@")
 # Short stacks and a small quarantine: allocations are what these programs spend their time on.
 export ASAN_OPTIONS=malloc_context_size=2:quarantine_size_mb=16${ASAN_OPTIONS:+:$ASAN_OPTIONS}
 export UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1
-found=0
-for target in "${targets[@]}"; do
-    work=$build/fuzzing/$target
-    log=$build/fuzzing/$target.log
+# One target until the time is over; its line in the report.
+look() {
+    local target=$1 status=0 executions perSecond coverage result=clean
+    local work=$build/fuzzing/$target log=$build/fuzzing/$target.log
     mkdir -p "$work"
-    folders=("$work" "$root/fuzz/corpus/$target")
+    local folders=("$work" "$root/fuzz/corpus/$target")
     [ -d "$root/fuzz/regressions/$target" ] && folders+=("$root/fuzz/regressions/$target")
     # The schedule that libFuzzer takes by default spends five times as long on its statistics as on the runs.
-    status=0
     "$build/fuzz/${target}_fuzzer" -entropic=0 -max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 \
         -max_len="${longest[$target]}" -print_final_stats=1 -artifact_prefix="$build/fuzzing/$target-" \
         "${folders[@]}" >"$log" 2>&1 || status=$?
     executions=$(awk '/stat::number_of_executed_units/ { print $2 }' "$log")
     perSecond=$(awk '/stat::average_exec_per_sec/ { print $2 }' "$log")
     coverage=$(awk '{ for (i = 1; i < NF; ++i) if ($i == "cov:") last = $(i + 1) } END { print last + 0 }' "$log")
-    result=clean
     if [ "$status" -eq 72 ]; then
-        found=1
         result="INTERRUPTED before its time was over"
     elif [ "$status" -ne 0 ]; then
-        found=1
         result="FOUND $(awk '/Test unit written to/ { print $NF }' "$log" | tail -n 1) (status $status, $log)"
     fi
     printf '%-14s %9s executions %7s/s  coverage %6s  %s\n' \
         "$target" "${executions:-0}" "${perSecond:-0}" "$coverage" "$result"
+    return $status
+}
+
+found=0
+running=0
+for target in "${targets[@]}"; do
+    # As many at a time as there are processors.
+    [ $running -lt "$(nproc)" ] || { wait -n || found=1; running=$((running - 1)); }
+    look "$target" &
+    running=$((running + 1))
 done
+for ((; running > 0; --running)); do wait -n || found=1; done
 exit $found

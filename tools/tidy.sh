@@ -1,6 +1,9 @@
 #!/usr/bin/env bash
-# clang-tidy over all of our own sources: tools/tidy.sh BUILD_FOLDER, which holds compile_commands.json.
+# clang-tidy over the sources of what is shipped: tools/tidy.sh BUILD_FOLDER, which holds compile_commands.json; with
+# "all" behind it also over tests, benchmarks and fuzzers, which take as long again.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
-git ls-files 'src/*.cpp' 'modes/*.cpp' 'tools/*.cpp' 'tests/*.cpp' 'bench/*.cpp' 'fuzz/*.cpp' | grep -v -e windows -e tests/sdk/module/ \
+sources=('src/*.cpp' 'modes/*.cpp' 'tools/tlxtool/*.cpp' 'tools/make_libraries/*.cpp')
+[ "${2:-}" != all ] || sources+=('tools/*.cpp' 'tests/*.cpp' 'bench/*.cpp' 'fuzz/*.cpp')
+git ls-files "${sources[@]}" | grep -v -e windows -e tests/sdk/module/ \
     | xargs -P "$(nproc)" -n 4 clang-tidy -p "$1" --quiet 2>/dev/null

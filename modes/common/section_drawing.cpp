@@ -186,16 +186,16 @@ void SectionDrawing::paintMarks(QPainter& painter, const Frame& frame) const
 {
     const int line = fontMetrics().lineSpacing();
     double step = 0.1;
-    for (const double factor : {5.0, 2.0, 5.0, 2.0, 5.0, 2.0})
-        if (step * frame.perMetreUp < line * 1.6)
-            step *= factor;
+    for (bool toFive = true; step * frame.perMetreUp < line * 1.6; toFive = !toFive)
+        step *= toFive ? 5 : 2;
     painter.setPen(inkColor);
     painter.drawText(
         QRectF(margin, margin, width() - 2 * margin, line), Qt::AlignLeft, QStringLiteral("Абс. отметка, м"));
-    const auto first = std::ceil((frame.top - frame.field.height() / frame.perMetreUp) / step);
-    const auto last = std::floor(frame.top / step);
-    for (double number = first; number <= last; number += 1) {
-        const double mark = number * step;
+    const double lowest = frame.top - frame.field.height() / frame.perMetreUp;
+    const double first = std::ceil(lowest / step);
+    const int marks = int(std::floor(frame.top / step) - first) + 1;
+    for (int number = 0; number < marks; ++number) {
+        const double mark = (first + number) * step;
         const double y = frame.y(mark);
         painter.setPen(QPen(faintColor, 0.6));
         painter.drawLine(QPointF(frame.field.left() - 6, y), QPointF(frame.field.right(), y));
