@@ -99,7 +99,7 @@ private:
         {"actStatic", "sounding"},
         {"actSection", "sections"},
         {"actIgk", "columns"},
-        {"actColumn", "layers of all points"},
+        {"actColumn", "all layers"},
         {"actSubsidence", "subsidence"},
         {"actChemistry", "chemistry"},
         {"actConsolidated", "overview"}};
