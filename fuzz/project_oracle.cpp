@@ -8,6 +8,7 @@
 #include "persistence/save_losses.h"
 #include "platform/utf8.h"
 #include "project_rows.h"
+#include "support/opening.h"
 #include "tlxtool/diff.h"
 
 #include <algorithm>
@@ -109,34 +110,6 @@ std::size_t requireSameRows(const ProjectRows& before, const ProjectRows& after)
     return missing;
 }
 
-// What an opening leaves behind, the project as it stands after a failure too.
-struct Opening {
-    Bytes content;
-    std::size_t position = 0;
-    std::string failure;
-    std::size_t refused = 0;
-    std::size_t dropped = 0;
-
-    bool operator==(const Opening&) const = default;
-};
-
-Opening openWith(const Bytes& bytes, const WorkSharing& sharing)
-{
-    const auto project = makeReference<DBProject>();
-    ReadReport report;
-    Opening opening;
-    try {
-        decodeProject(bytes, *project, report, sharing);
-    } catch (const std::exception& failure) {
-        opening.failure = failure.what();
-    }
-    opening.content = encodeProject(*project, 0, sharing);
-    opening.position = report.position;
-    opening.refused = report.refusalCount;
-    opening.dropped = report.dropCount;
-    return opening;
-}
-
 } // namespace
 
 void requireThreadsAgree(const Bytes& bytes)
@@ -145,7 +118,7 @@ void requireThreadsAgree(const Bytes& bytes)
         return;
     constexpr WorkSharing alone{1, 0, 0};
     constexpr WorkSharing shared{3, 0, 0};
-    require(openWith(bytes, shared) == openWith(bytes, alone), "threads that change nothing");
+    require(Opening(bytes, shared) == Opening(bytes, alone), "threads that change nothing");
 }
 
 Reference<DBProject> openOrRefuse(const Bytes& bytes, ReadReport& report)

@@ -2,6 +2,7 @@
 
 #include "common/number_sort_proxy.h"
 #include "common/picture_actions.h"
+#include "common/ruler_step.h"
 #include "common/sheets/by_point.h"
 #include "dictionaries/laboratory_vocabulary.h"
 #include "modules/idbproject.h"
@@ -106,11 +107,9 @@ QVector<DrawnSample> drawnSamples(IDBProject& project, const std::wstring& point
 {
     QVector<DrawnSample> samples;
     const auto undisturbed = sampleKindIds.at(L"Монолит (М)");
-    for (const auto& [key, sample] : project.getSamples()) {
-        const QString text = key.pointName == point ? fromWide(key.depth) : QString();
-        if (double depth = 0; readNumber(text, depth))
-            samples.append({depth, sample.sampleKind == undisturbed});
-    }
+    for (const auto* row : rowsOfPoint(project.getSamples(), point))
+        if (double depth = 0; readNumber(fromWide(row->first.depth), depth))
+            samples.append({depth, row->second.sampleKind == undisturbed});
     return samples;
 }
 
@@ -320,10 +319,7 @@ void LithologyColumn::paintLeads(QPainter& painter, const Lanes& lanes, int laye
 // Metres on the edge of the strip, as many as can be told apart.
 void LithologyColumn::paintRuler(QPainter& painter, const QRectF& strip, double from, double to) const
 {
-    double step = 0.1;
-    for (const double factor : {5.0, 2.0, 5.0, 2.0, 5.0, 2.0})
-        if (step * pixelsPerMetre_ < 8)
-            step *= factor;
+    const double step = rulerStep(pixelsPerMetre_, 8);
     painter.setPen(QPen(stripColor, 1));
     const auto first = static_cast<long long>(std::floor(from / step));
     const auto last = static_cast<long long>(std::floor(to / step));

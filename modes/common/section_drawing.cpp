@@ -1,6 +1,7 @@
 #include "common/section_drawing.h"
 
 #include "common/picture_actions.h"
+#include "common/ruler_step.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -185,9 +186,7 @@ void SectionDrawing::paintWaters(QPainter& painter, const Frame& frame, const Dr
 void SectionDrawing::paintMarks(QPainter& painter, const Frame& frame) const
 {
     const int line = fontMetrics().lineSpacing();
-    double step = 0.1;
-    for (bool toFive = true; step * frame.perMetreUp < line * 1.6; toFive = !toFive)
-        step *= toFive ? 5 : 2;
+    const double step = rulerStep(frame.perMetreUp, line * 1.6);
     painter.setPen(inkColor);
     painter.drawText(
         QRectF(margin, margin, width() - 2 * margin, line), Qt::AlignLeft, QStringLiteral("Абс. отметка, м"));

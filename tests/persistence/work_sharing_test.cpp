@@ -1,10 +1,10 @@
+#include "support/opening.h"
 #include "support/project_bytes.h"
 #include "support/random_project.h"
 
 #include <gtest/gtest.h>
 
 #include <random>
-#include <sstream>
 
 // However many threads read or write a project, and wherever that divides a register: the same project, the
 // same bytes, the same report, and in a damaged file the same failure at the same place.
@@ -13,32 +13,6 @@ namespace
 {
 
 const WorkSharing alone{1};
-
-// All that an opening leaves behind, the project as it stands after a failure too.
-struct Opening {
-    Bytes content;
-    std::string report;
-
-    bool operator==(const Opening&) const = default;
-};
-
-Opening open(const Bytes& bytes, const WorkSharing& sharing)
-{
-    const auto project = makeReference<DBProject>();
-    ReadReport report;
-    std::ostringstream text;
-    try {
-        decodeProject(bytes, *project, report, sharing);
-    } catch (const std::exception& failure) {
-        text << failure.what() << ' ';
-    }
-    text << report.position << ' ' << report.section << ' ' << report.failure;
-    for (const auto& refusal : report.refusals)
-        text << " refused " << toUtf8(refusal.key) << ' ' << refusal.begin << ' ' << refusal.end;
-    for (const auto& drop : report.drops)
-        text << " dropped " << drop.what << ' ' << drop.offset << ' ' << drop.section;
-    return {encodeProject(*project, 0, alone), text.str()};
-}
 
 // Rows with letters, so that every number of them is taken, and one text with a zero byte near the end.
 Reference<DBProject> layers(int count)
@@ -65,8 +39,8 @@ TEST(WorkSharing, ThreadsChangeNothingInSamplesAndGeneratedProjects)
     for (const Bytes& bytes : files)
         for (const std::size_t threads : {2U, 3U, 4U}) {
             const WorkSharing sharing{threads, 0, 0};
-            const Opening expected = open(bytes, alone);
-            EXPECT_EQ(open(bytes, sharing), expected);
+            const Opening expected = Opening(bytes, alone);
+            EXPECT_EQ(Opening(bytes, sharing), expected);
             EXPECT_EQ(
                 encodeProject(*openBytes(bytes), 0, sharing), encodeProject(*openBytes(bytes), 0, alone));
         }
@@ -84,9 +58,9 @@ TEST(WorkSharing, DamagedFilesFailAlike)
         bytes[16 + random() % (bytes.size() - 16)] = static_cast<std::uint8_t>(random() % 4);
         if (i % 3 == 0)
             bytes.resize(100 + random() % bytes.size());
-        const Opening expected = open(bytes, alone);
-        ASSERT_EQ(open(bytes, sharing).report, expected.report) << "damage " << i;
-        ASSERT_EQ(open(bytes, sharing).content, expected.content) << "damage " << i;
+        const Opening expected = Opening(bytes, alone);
+        ASSERT_EQ(Opening(bytes, sharing).report, expected.report) << "damage " << i;
+        ASSERT_EQ(Opening(bytes, sharing).content, expected.content) << "damage " << i;
         failures += expected.report.find("subscript") != std::string::npos ? 1 : 0;
         reports += expected.report.find("dropped") != std::string::npos ? 1 : 0;
     }
