@@ -8,7 +8,6 @@
 #include <map>
 #include <string>
 #include <string_view>
-#include <type_traits>
 #include <vector>
 
 // The content of a project as a file holds it, register by register, so that those whose names have no
@@ -48,10 +47,7 @@ public:
             WriteArchive row;
             entryFields(row, names, key, value);
             rows.rows.push_back(row.takeBytes());
-            if constexpr (std::is_same_v<typename Map::key_compare, NumericTextOrder>)
-                rows.consistent = order.admitsNumericText(key);
-            else
-                rows.consistent = order.admits(key);
+            rows.consistent = order.admitsNext<Map>(key);
         }
     }
     void subsidenceNames(std::string_view name, SubsidenceNames& values)

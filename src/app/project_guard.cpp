@@ -152,6 +152,12 @@ void ProjectGuard::remember(const std::wstring& place)
         known_.hash = contentHash(bytes);
 }
 
+void ProjectGuard::wrote(const std::wstring& place, std::uint64_t size, std::uint64_t hash)
+{
+    // The size is ours, not the file's: whoever else has written there since is found by it.
+    known_ = {place, true, size, fileInfo(place).modified, hash};
+}
+
 void ProjectGuard::release()
 {
     lock_.reset();

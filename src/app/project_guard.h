@@ -32,6 +32,8 @@ public:
 
     // The file at the place as it stands now is what the open project was read from or written to.
     void remember(const std::wstring& place);
+    // The open project was written there just now: so many bytes of this hash.
+    void wrote(const std::wstring& place, std::uint64_t size, std::uint64_t hash);
 
     // The project has been closed.
     void release();

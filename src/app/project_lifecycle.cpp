@@ -105,19 +105,22 @@ bool MainController::saveProject(SaveWay way)
 bool MainController::writeOpenProject(SaveWay way)
 {
     bool written = false;
-    std::vector<std::uint8_t> bytes;
+    std::uint64_t state = 0;
     const std::wstring place = projectPlace(*project_, *settings_);
     try {
         const ProjectWriter writer(project_.get(), settings_);
-        bytes = writer.encode();
+        const ByteBlocks bytes = writer.encode();
+        state = contentHash(bytes.parts());
         if (writer.makeFolder()) {
             if (!guard_.maySave(place, way, mainWindow_)) {
                 showStatus(guard_.reason(), 0);
                 return false;
             }
-            written = bool(writer.write(bytes));
-            // Also after a failure: half a file is our own doing then.
-            guard_.remember(place);
+            written = bool(writer.write(bytes.parts()));
+            if (written)
+                guard_.wrote(place, bytes.size(), state);
+            else // half a file is our own doing too
+                guard_.remember(place);
         }
     } catch (...) {
         // What it was does not help the user; that nothing is on the disk does.
@@ -125,7 +128,7 @@ bool MainController::writeOpenProject(SaveWay way)
     }
     if (written) {
         rowsWereRefused_ = false;
-        recovery_.saved(contentHash(bytes));
+        recovery_.saved(state);
         showStatus(QStringLiteral("Готово."), 0);
     } else {
         showMessageBox(ModeNone, L"Ошибка при сохранения проекта!", mainWindow_, QMessageBox::Warning);

@@ -20,7 +20,7 @@ using namespace std::chrono;
 static std::optional<std::uint64_t> stateOf(IDBProject& project)
 {
     try {
-        return contentHash(encodeProject(project));
+        return contentHash(encodeProjectInBlocks(project).parts());
     } catch (...) {
         return {};
     }
@@ -45,10 +45,8 @@ milliseconds MainController::keepRecoveryCopy()
     const milliseconds writing = recovery_.writingTime();
     const auto start = steady_clock::now();
     try {
-        constexpr std::size_t growth = 4096; // of a minute's typing
-        recovery_.keep(encodeProject(*project_, recovery_.lastSize() + growth),
-            fileStem(project_->getFilePath()),
-            recoveryFolders(*settings_));
+        recovery_.keep(
+            encodeProjectInBlocks(*project_), fileStem(project_->getFilePath()), recoveryFolders(*settings_));
     } catch (...) {
         // A project that cannot be encoded cannot be saved either, and the save tells. The copy of the last
         // state that could be stays.

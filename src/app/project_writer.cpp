@@ -5,7 +5,6 @@
 #include "modules/isettings.h"
 #include "persistence/project_codec.h"
 #include "platform/files.h"
-#include "platform/safe_write.h"
 #include "settings/program.h"
 
 std::wstring projectFolder(IDBProject& project, ISettings& settings)
@@ -39,15 +38,15 @@ ProjectWriter::ProjectWriter(IDBProject* project, ISettings* settings)
 
 FileResult ProjectWriter::write() const
 {
-    const auto bytes = encode();
+    const ByteBlocks bytes = encode();
     if (FileResult made = makeFolder(); !made)
         return made;
-    return write(bytes);
+    return write(bytes.parts());
 }
 
-std::vector<std::uint8_t> ProjectWriter::encode() const
+ByteBlocks ProjectWriter::encode() const
 {
-    return encodeProject(*project_);
+    return encodeProjectInBlocks(*project_);
 }
 
 FileResult ProjectWriter::makeFolder() const
@@ -57,14 +56,14 @@ FileResult ProjectWriter::makeFolder() const
     return createFolder(projectFolder(*project_, *settings_));
 }
 
-FileResult ProjectWriter::write(std::span<const std::uint8_t> bytes) const
+FileResult ProjectWriter::write(FileParts bytes) const
 {
     const std::wstring place = projectPlace(*project_, *settings_);
     const std::wstring backup = withExtension(place, L".bak");
     if (fileExists(place))
         if (FileResult kept = copyFile(place, backup); !kept)
             return kept;
-    FileResult written = replaceFile(place, bytes);
+    FileResult written = replaceFileWithParts(place, bytes);
     // Else the next save would take half a project for the one to keep.
     if (written.targetDamaged && fileExists(backup))
         written.targetDamaged = !copyFile(backup, place);

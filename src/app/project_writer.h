@@ -1,11 +1,9 @@
 #pragma once
 
-#include "platform/file_result.h"
+#include "platform/byte_blocks.h"
+#include "platform/safe_write.h"
 
-#include <cstdint>
-#include <span>
 #include <string>
-#include <vector>
 
 class IDBProject;
 class ISettings;
@@ -23,10 +21,10 @@ public:
     FileResult write() const;
 
     // The same in three steps, for a caller who looks at the place before the last one.
-    std::vector<std::uint8_t> encode() const;
+    ByteBlocks encode() const;
     // One level, and only where no file stands at the place yet.
     FileResult makeFolder() const;
-    FileResult write(std::span<const std::uint8_t> bytes) const;
+    FileResult write(FileParts bytes) const;
 
 private:
     IDBProject* project_;

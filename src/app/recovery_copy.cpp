@@ -109,11 +109,9 @@ bool RecoveryCopy::choosePlace(const std::wstring& name, const std::vector<std::
     return copy_.has_value();
 }
 
-void RecoveryCopy::keep(
-    std::vector<std::uint8_t> bytes, const std::wstring& name, const std::vector<std::wstring>& folders)
+void RecoveryCopy::keep(ByteBlocks bytes, const std::wstring& name, const std::vector<std::wstring>& folders)
 {
     finishWriting();
-    lastSize_ = bytes.size();
     isWriting_ = true;
     thread_ = std::thread([this, bytes = std::move(bytes), name, folders] {
         const auto start = steady_clock::now();
@@ -127,12 +125,11 @@ void RecoveryCopy::keep(
     });
 }
 
-void RecoveryCopy::write(const std::vector<std::uint8_t>& bytes,
-    const std::wstring& name,
-    const std::vector<std::wstring>& folders)
+void RecoveryCopy::write(
+    const ByteBlocks& bytes, const std::wstring& name, const std::vector<std::wstring>& folders)
 {
     failure_.clear();
-    const std::uint64_t state = contentHash(bytes);
+    const std::uint64_t state = contentHash(bytes.parts());
     if (state == copiedState_)
         return;
     if (state == savedState_) {
@@ -144,7 +141,7 @@ void RecoveryCopy::write(const std::vector<std::uint8_t>& bytes,
         failure_ = L"папка для копий недоступна";
         return;
     }
-    if (const FileResult result = replaceFile(copy_->place(), bytes); result) {
+    if (const FileResult result = replaceFileWithParts(copy_->place(), bytes.parts()); result) {
         copiedState_ = state;
     } else {
         // The older copy, if there is one, is better than none; only a first one that failed goes elsewhere.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "persistence/project_lock.h"
+#include "platform/byte_blocks.h"
 
 #include <atomic>
 #include <chrono>
@@ -41,10 +42,7 @@ public:
     std::uint64_t savedState() const { return savedState_; }
     // Hands the bytes to the thread, which looks whether they are saved or copied already and writes them if
     // not, in a file named after the project. Waits for the last write.
-    void keep(
-        std::vector<std::uint8_t> bytes, const std::wstring& name, const std::vector<std::wstring>& folders);
-    // Of the last bytes, which the next ones will be about as many as.
-    std::size_t lastSize() const { return lastSize_; }
+    void keep(ByteBlocks bytes, const std::wstring& name, const std::vector<std::wstring>& folders);
     // How long the last write took; not while it is writing.
     std::chrono::milliseconds writingTime() const { return writingTime_; }
     // Why there is no copy, once for a row of failures; else empty.
@@ -54,16 +52,13 @@ public:
 private:
     void finishWriting();
     // In the thread.
-    void write(const std::vector<std::uint8_t>& bytes,
-        const std::wstring& name,
-        const std::vector<std::wstring>& folders);
+    void write(const ByteBlocks& bytes, const std::wstring& name, const std::vector<std::wstring>& folders);
     bool choosePlace(const std::wstring& name, const std::vector<std::wstring>& folders);
     void takeAway(std::optional<ProjectLock>& copy);
 
     std::thread thread_;
     std::atomic<bool> isWriting_ = false;
     bool failureIsTold_ = false;
-    std::size_t lastSize_ = 0;
 
     // All that follows is the thread's while it writes: the calls wait for it before they touch any of it.
     std::optional<ProjectLock> copy_; // its place is the file

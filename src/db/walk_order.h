@@ -42,6 +42,15 @@ public:
     }
     // Maps ordered by NumericTextOrder.
     bool admitsNumericText(std::wstring_view name) { return admitsName(name, false); }
+    // The next key of such a map.
+    template <class Map>
+    bool admitsNext(const typename Map::key_type& key)
+    {
+        if constexpr (std::same_as<typename Map::key_compare, NumericTextOrder>)
+            return admitsNumericText(key);
+        else
+            return admits(key);
+    }
 
 private:
     bool admitsName(std::wstring_view name, bool zeroIsNumber);
@@ -66,11 +75,7 @@ public:
     template <class Entry>
     bool insert(Entry&& entry)
     {
-        bool ordered = false;
-        if constexpr (std::same_as<typename Map::key_compare, NumericTextOrder>)
-            ordered = order_.admitsNumericText(entry.first);
-        else
-            ordered = order_.admits(entry.first);
+        const bool ordered = order_.admitsNext<Map>(entry.first);
         const std::size_t before = rows_.size();
         if (ordered)
             rows_.insert(rows_.end(), std::forward<Entry>(entry));

@@ -69,9 +69,10 @@ public:
     void map(std::string_view name, const EntryNames& names, std::map<Key, Value, Order>& values)
     {
         keys(name, values);
-        const std::wstring outer = key_;
+        const RowKey outer = key_;
         for (auto& [key, value] : values) {
-            key_ = outer.empty() ? keyText(key) : outer;
+            if (outer.isNone())
+                key_ = RowKey(key);
             entryFields(*this, names, key, value);
         }
         key_ = outer;
@@ -101,9 +102,34 @@ public:
     void note(SaveLoss::Kind kind, std::string_view field, const std::wstring& key);
 
 private:
-    // Puts the keys into a register of the same ordering, as a reader will find them and in the same order.
+    // The key of the register's row that is being walked, spelt only where something is to be said of it.
+    class RowKey
+    {
+    public:
+        RowKey() = default;
+        template <class Key>
+        explicit RowKey(const Key& key)
+            : key_(&key)
+            , spell_([](const void* of) { return keyText(*static_cast<const Key*>(of)); })
+        {
+        }
+        bool isNone() const { return !spell_; }
+        std::wstring text() const { return spell_ ? spell_(key_) : std::wstring(); }
+
+    private:
+        const void* key_ = nullptr;
+        std::wstring (*spell_)(const void*) = nullptr;
+    };
+
     template <class Map>
     void keys(std::string_view name, const Map& values)
+    {
+        if (!comeBackInOrder(values))
+            insertAgain(name, values);
+    }
+    // Puts the keys into a register of the same ordering, as a reader will find them and in the same order.
+    template <class Map>
+    void insertAgain(std::string_view name, const Map& values)
     {
         using Key = typename Map::key_type;
         std::map<Key, char, typename Map::key_compare> again;
@@ -123,6 +149,6 @@ private:
     std::vector<SaveLoss> unreadable_;
     std::vector<SaveLoss> others_;
     std::string_view section_;
-    std::wstring key_;
+    RowKey key_;
     int depth_ = 0;
 };

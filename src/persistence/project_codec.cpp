@@ -31,10 +31,9 @@ static void headBytes(WriteArchive& archive, const format::Head& head)
     archive.word("version", head.version);
 }
 
-std::vector<std::uint8_t> encodeProject(
-    IDBProject& project, std::size_t expectedSize, const WorkSharing& sharing)
+ByteBlocks encodeProjectInBlocks(IDBProject& project, const WorkSharing& sharing)
 {
-    WriteArchive archive(expectedSize, sharing);
+    WriteArchive archive(sharing);
     headBytes(archive, format::projectHead);
     try {
         projectFields(archive, project);
@@ -42,5 +41,10 @@ std::vector<std::uint8_t> encodeProject(
         throw MException(L"Блоки чертежа вложены друг в друга глубже " + std::to_wstring(format::nestingLimit)
             + L" уровней: такой файл нельзя будет открыть.\nРазберите вложенные блоки и сохраните снова.");
     }
-    return archive.takeBytes();
+    return archive.takeBlocks();
+}
+
+std::vector<std::uint8_t> encodeProject(IDBProject& project, const WorkSharing& sharing)
+{
+    return encodeProjectInBlocks(project, sharing).joined();
 }

@@ -2,6 +2,7 @@
 
 #include "core/base/work_sharing.h"
 #include "persistence/read_report.h"
+#include "platform/byte_blocks.h"
 
 #include <cstdint>
 #include <span>
@@ -17,6 +18,7 @@ void decodeProject(std::span<const std::uint8_t> bytes,
     const WorkSharing& sharing = {});
 
 // The bytes of the project's file, head included. Throws MException where a drawing is nested deeper than a
-// file can be read back. Who knows about how many there will be spares the growing.
-std::vector<std::uint8_t> encodeProject(
-    IDBProject& project, std::size_t expectedSize = 0, const WorkSharing& sharing = {});
+// file can be read back.
+ByteBlocks encodeProjectInBlocks(IDBProject& project, const WorkSharing& sharing = {});
+// The same in one piece.
+std::vector<std::uint8_t> encodeProject(IDBProject& project, const WorkSharing& sharing = {});

@@ -44,7 +44,7 @@ Reference<DBProject> readProject(
 
 FileResult writeProjectFile(const std::wstring& path, IDBProject& project)
 {
-    return replaceFile(path, encodeProject(project));
+    return replaceFileWithParts(path, encodeProjectInBlocks(project).parts());
 }
 
 template <class Factory, class Library, class CheckHead>

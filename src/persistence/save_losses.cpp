@@ -4,6 +4,7 @@
 #include "persistence/grammar/project.h"
 #include "persistence/loss_archive.h"
 #include "persistence/section_marks.h"
+#include "platform/ascii.h"
 #include "platform/code_page.h"
 
 #include <algorithm>
@@ -102,7 +103,7 @@ std::wstring describeLoss(const SaveLoss& loss)
 
 void LossArchive::note(SaveLoss::Kind kind, std::string_view field)
 {
-    note(kind, field, key_);
+    note(kind, field, key_.text());
 }
 
 void LossArchive::note(SaveLoss::Kind kind, std::string_view field, const std::wstring& key)
@@ -122,7 +123,8 @@ std::vector<SaveLoss> LossArchive::takeLosses()
 
 std::wstring storedText(const std::wstring& text)
 {
-    if (std::all_of(text.begin(), text.end(), [](wchar_t c) { return c != L'\0' && codePageHolds(c); }))
+    if (isPlainAscii(text)
+        || std::all_of(text.begin(), text.end(), [](wchar_t c) { return c != L'\0' && codePageHolds(c); }))
         return text;
     const std::string bytes = toCodePage(text);
     return fromCodePage(std::string_view(bytes).substr(0, bytes.find('\0')));
@@ -130,6 +132,8 @@ std::wstring storedText(const std::wstring& text)
 
 void LossArchive::text(std::string_view name, const std::wstring& value)
 {
+    if (isPlainAscii(value))
+        return;
     if (value.find(L'\0') != std::wstring::npos)
         note(Kind::textCut, name);
     if (!std::all_of(value.begin(), value.end(), codePageHolds))
@@ -197,7 +201,7 @@ void LossArchive::doubledTitle(
 void LossArchive::subsidence(std::string_view name, SubsidenceMap& values)
 {
     for (auto& [pointName, cells] : values) {
-        key_ = pointName;
+        key_ = RowKey(pointName);
         text("pointName", pointName);
         for (SubsidenceCell& cell : cells) {
             text("title", cell.title);
@@ -206,7 +210,7 @@ void LossArchive::subsidence(std::string_view name, SubsidenceMap& values)
                 note(Kind::subsidence, name);
         }
     }
-    key_.clear();
+    key_ = {};
 }
 
 static void findUnreadMarks(

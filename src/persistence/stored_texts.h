@@ -2,6 +2,7 @@
 
 #include "db/walk_order.h"
 #include "persistence/grammar/grammar.h"
+#include "platform/ascii.h"
 
 #include <cstdint>
 #include <stdexcept>
@@ -28,7 +29,11 @@ public:
     void word(std::string_view, const Number&)
     {
     }
-    void text(std::string_view, std::wstring& value) { value = storedText(value); }
+    void text(std::string_view, std::wstring& value)
+    {
+        if (!isPlainAscii(value))
+            value = storedText(value);
+    }
     template <class Element>
     void list(std::string_view, std::vector<Element>& values)
     {
@@ -49,6 +54,32 @@ Key storedKey(Key key)
     StoredTexts texts;
     entryHalf(texts, {}, key);
     return key;
+}
+
+// Whether a reader finds keys of one consistent order, each behind the last, so that none is refused. What is
+// not seen here is found row by row.
+template <class Map>
+bool comeBackInOrder(const Map& rows)
+{
+    using Key = typename Map::key_type;
+    WalkOrder order;
+    StoredTexts texts;
+    std::pair<Key, Key> keys; // the last one and the next in turn: their texts keep their room
+    bool isFirst = true;
+    try {
+        for (const auto& entry : rows) {
+            std::swap(keys.first, keys.second);
+            keys.second = entry.first;
+            entryHalf(texts, {}, keys.second);
+            if (!order.admitsNext<Map>(keys.second))
+                return false;
+            if (!std::exchange(isFirst, false) && !rows.key_comp()(keys.first, keys.second))
+                return false;
+        }
+    } catch (const std::logic_error&) {
+        return false;
+    }
+    return true;
 }
 
 // The register that an opening will make of these rows, up to one whose key it cannot read.

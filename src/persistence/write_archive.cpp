@@ -4,45 +4,47 @@
 #include "platform/uuid.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <utility>
 
-std::vector<std::uint8_t> WriteArchive::takeBytes()
+ByteBlocks WriteArchive::takeBlocks()
 {
-    bytes_.resize(std::exchange(size_, 0));
-    return std::move(bytes_);
+    ByteBlocks all;
+    for (Piece& piece : std::exchange(pieces_, {})) {
+        all.append(std::move(piece.blocks));
+        all.append(piece.next.get());
+    }
+    all.append(takeLast());
+    return all;
 }
 
-void WriteArchive::grow(std::size_t count)
+ByteBlocks WriteArchive::takeLast()
 {
-    // In small steps while there is room: what is filled with zeros is still in the cache when it is written.
-    constexpr std::size_t step = 1U << 16U;
-    const std::size_t needed = size_ + count + step;
-    if (needed > bytes_.capacity())
-        bytes_.reserve(std::max(bytes_.capacity() + bytes_.capacity() / 2, needed));
-    bytes_.resize(needed);
+    blocks_.close(at_);
+    at_ = end_ = nullptr;
+    return std::exchange(blocks_, {});
 }
 
-void WriteArchive::makeRoom(std::size_t count)
+void WriteArchive::leaveTo(std::future<ByteBlocks> thread)
 {
-    if (size_ + count > bytes_.capacity())
-        bytes_.reserve(size_ + count);
+    pieces_.push_back({takeLast(), std::move(thread)});
 }
 
-void WriteArchive::append(const std::vector<std::uint8_t>& bytes)
+void WriteArchive::openBlock(std::size_t count)
 {
-    std::copy(bytes.begin(), bytes.end(), extend(bytes.size()));
+    blocks_.close(at_);
+    const std::span<std::uint8_t> opened = blocks_.open(count);
+    at_ = opened.data();
+    end_ = at_ + opened.size();
 }
 
-void WriteArchive::text(std::string_view, const std::wstring& value)
+// Of what is written here; the bytes of threads at work do not count.
+std::size_t WriteArchive::size()
 {
-    // Room for the most bytes that it can take; how many it took stands in front of them.
-    const std::size_t begin = size_;
-    std::uint8_t* const first = extend(4 + 2 * value.size()) + 4;
-    const auto length = static_cast<std::size_t>(writeCodePage(value, first) - first);
-    size_ = begin;
-    writeCount(length);
-    size_ += length;
+    blocks_.close(at_);
+    std::size_t size = blocks_.size();
+    for (const Piece& piece : pieces_)
+        size += piece.blocks.size();
+    return size;
 }
 
 void WriteArchive::guid(std::string_view, const Uuid& value)

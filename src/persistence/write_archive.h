@@ -7,6 +7,9 @@
 #include "persistence/grammar/informs.h"
 #include "persistence/grammar/strata.h"
 #include "persistence/nesting_level.h"
+#include "platform/ascii.h"
+#include "platform/byte_blocks.h"
+#include "platform/code_page.h"
 
 #include <algorithm>
 #include <bit>
@@ -30,15 +33,14 @@ public:
     static constexpr bool reading = false;
     static constexpr bool binary = true;
 
-    // With room for as many bytes as are expected; fewer or more do no harm.
-    explicit WriteArchive(std::size_t expected = 0, const WorkSharing& sharing = {})
+    explicit WriteArchive(const WorkSharing& sharing = {})
         : sharing_(sharing)
     {
-        bytes_.reserve(expected);
     }
 
     // The bytes written so far; the archive is empty afterwards.
-    std::vector<std::uint8_t> takeBytes();
+    ByteBlocks takeBlocks();
+    std::vector<std::uint8_t> takeBytes() { return takeBlocks().joined(); }
 
     void section(std::string_view) { }
 
@@ -56,7 +58,16 @@ public:
         static_assert(sizeof(Number) == 4);
         writeWord(std::bit_cast<std::uint32_t>(value));
     }
-    void text(std::string_view name, const std::wstring& value);
+    void text(std::string_view, const std::wstring& value)
+    {
+        // Room for the most bytes that it can take; how many it took stands in front of them.
+        std::uint8_t* const length = room(4 + 2 * value.size());
+        std::uint8_t* const first = length + 4;
+        std::uint8_t* const end =
+            writeAscii(value, first) ? first + value.size() : writeCodePage(value, first);
+        putWord(length, static_cast<std::uint32_t>(end - first));
+        at_ = end;
+    }
     // Written like any other text, though not all of them can be read back.
     void elementText(std::string_view name, const std::wstring& value) { text(name, value); }
     void guid(std::string_view name, const Uuid& value);
@@ -81,18 +92,16 @@ public:
     void map(std::string_view, const EntryNames& names, Map& values)
     {
         writeCount(values.size());
-        const std::size_t firstRows = std::min<std::size_t>(values.size(), 64);
-        const std::size_t begin = size_;
+        constexpr std::size_t firstRows = 64;
+        if (values.size() <= firstRows)
+            return writeRows(names, values.begin(), values.size());
+        // What the first rows took tells of the others.
+        const std::size_t before = size();
         writeRows(names, values.begin(), firstRows);
         const std::size_t left = values.size() - firstRows;
-        if (left == 0)
-            return;
-        // What the first rows took tells of the others: room is made once, and a large register divided.
-        const std::size_t expected = (size_ - begin) / firstRows * left / 16 * 17;
-        makeRoom(expected);
         const auto next = advanced(values.begin(), firstRows);
-        if (sharing_.divides(left, expected))
-            writeDivided(names, next, left, expected);
+        if (sharing_.divides(left, (size() - before) / firstRows * left))
+            writeDivided(names, next, left);
         else
             writeRows(names, next, left);
     }
@@ -135,46 +144,50 @@ private:
         for (; count > 0; --count, ++row)
             entryFields(*this, names, row->first, row->second);
     }
-    // The first rows here, the others meanwhile in other threads, each into bytes of its own, which are put
-    // together in the order of the rows. Writing changes nothing in the project.
+    // The first rows here, the others in other threads, each into bytes of its own. Nobody waits for them
+    // before the end: the threads are busy as long as there is something to write. Writing changes nothing in
+    // the project.
     template <class Row>
-    void writeDivided(const EntryNames& names, Row first, std::size_t count, std::size_t expected)
+    void writeDivided(const EntryNames& names, Row first, std::size_t count)
     {
         const auto begin = [count, threads = sharing_.threads](
                                std::size_t part) { return count * part / threads; };
-        std::vector<std::future<std::vector<std::uint8_t>>> parts(sharing_.threads);
-        for (std::size_t i = 1; i < parts.size(); ++i)
-            parts[i] = inAnotherThread([&names,
-                                           first,
-                                           skipped = begin(i),
-                                           rows = begin(i + 1) - begin(i),
-                                           room = expected / sharing_.threads] {
-                WriteArchive archive(room, WorkSharing{1});
-                archive.writeRows(names, advanced(first, skipped), rows);
-                return archive.takeBytes();
-            });
-        for (std::size_t i = 0; i < parts.size(); ++i) {
-            if (parts[i].valid())
-                append(parts[i].get());
+        std::vector<std::future<ByteBlocks>> others;
+        for (std::size_t part = 1; part < sharing_.threads; ++part)
+            others.push_back(
+                inAnotherThread([names, first, skipped = begin(part), rows = begin(part + 1) - begin(part)] {
+                    WriteArchive archive(WorkSharing{1});
+                    archive.writeRows(names, advanced(first, skipped), rows);
+                    return archive.takeBlocks();
+                }));
+        writeRows(names, first, begin(1));
+        for (std::size_t part = 1; part < sharing_.threads; ++part) {
+            if (others[part - 1].valid())
+                leaveTo(std::move(others[part - 1]));
             else
-                writeRows(names, advanced(first, begin(i)), begin(i + 1) - begin(i));
+                writeRows(names, advanced(first, begin(part)), begin(part + 1) - begin(part));
         }
     }
-    void append(const std::vector<std::uint8_t>& bytes);
-    void makeRoom(std::size_t count);
-    // Room for more bytes; returns where they begin.
+    void leaveTo(std::future<ByteBlocks> thread);
+    ByteBlocks takeLast();
+    std::size_t size();
+    // Where the next bytes go; there is room for so many.
+    std::uint8_t* room(std::size_t count)
+    {
+        if (count > static_cast<std::size_t>(end_ - at_))
+            openBlock(count);
+        return at_;
+    }
     std::uint8_t* extend(std::size_t count)
     {
-        if (count > bytes_.size() - size_)
-            grow(count);
-        std::uint8_t* first = bytes_.data() + size_;
-        size_ += count;
+        std::uint8_t* const first = room(count);
+        at_ = first + count;
         return first;
     }
-    void grow(std::size_t count);
-    void writeWord(std::uint32_t value)
+    void openBlock(std::size_t count);
+    void writeWord(std::uint32_t value) { putWord(extend(4), value); }
+    static void putWord(std::uint8_t* b, std::uint32_t value)
     {
-        std::uint8_t* b = extend(4);
         b[0] = static_cast<std::uint8_t>(value);
         b[1] = static_cast<std::uint8_t>(value >> 8);
         b[2] = static_cast<std::uint8_t>(value >> 16);
@@ -184,8 +197,15 @@ private:
     void writeRecords(const std::vector<Record*>& records);
     void writeCount(std::size_t count) { writeWord(static_cast<std::uint32_t>(count)); }
 
-    std::vector<std::uint8_t> bytes_;
-    std::size_t size_ = 0;
+    // What is written, and by whom what follows it is being written.
+    struct Piece {
+        ByteBlocks blocks;
+        std::future<ByteBlocks> next;
+    };
+    std::vector<Piece> pieces_;
+    ByteBlocks blocks_; // behind all of them
+    std::uint8_t* at_ = nullptr; // in the last block
+    std::uint8_t* end_ = nullptr;
     WorkSharing sharing_;
     int depth_ = 0;
 };

@@ -48,10 +48,3 @@ std::wstring fromCodePage(std::string_view bytes)
     fromCodePage(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size(), text);
     return text;
 }
-
-bool codePageHolds(wchar_t character)
-{
-    std::array<std::uint8_t, 2> bytes{};
-    writeCodePage({&character, 1}, bytes.data());
-    return codePageCharacters()[bytes[0]] == character;
-}

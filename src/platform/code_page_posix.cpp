@@ -57,6 +57,12 @@ constexpr ByteTable bytes = [] {
     return table;
 }();
 
+// Of a character up to U+FFFF.
+std::uint8_t byteOf(std::uint32_t code)
+{
+    return bytes.blocks[bytes.blockOf[code >> 8U]][code & 0xFFU];
+}
+
 } // namespace
 
 const std::array<wchar_t, 256>& codePageCharacters()
@@ -69,7 +75,7 @@ std::uint8_t* writeCodePage(std::wstring_view text, std::uint8_t* out)
     for (const wchar_t character : text) {
         const auto code = codeOf(character);
         if (code <= 0xFFFFU) {
-            *out++ = bytes.blocks[bytes.blockOf[code >> 8U]][code & 0xFFU];
+            *out++ = byteOf(code);
         } else {
             *out++ = unmappable;
             // The second half of the pair that the character is in UTF-16; what is beyond Unicode has none.
@@ -78,4 +84,10 @@ std::uint8_t* writeCodePage(std::wstring_view text, std::uint8_t* out)
         }
     }
     return out;
+}
+
+bool codePageHolds(wchar_t character)
+{
+    const auto code = codeOf(character);
+    return code <= 0xFFFFU && characters[byteOf(code)] == character;
 }

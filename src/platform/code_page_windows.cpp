@@ -58,3 +58,10 @@ std::uint8_t* writeCodePage(std::wstring_view text, std::uint8_t* out)
     }
     return out;
 }
+
+bool codePageHolds(wchar_t character)
+{
+    std::array<std::uint8_t, 2> bytes{};
+    writeCodePage({&character, 1}, bytes.data());
+    return codePageCharacters()[bytes[0]] == character;
+}

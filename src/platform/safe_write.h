@@ -14,6 +14,9 @@
 // Makes bytes the content of the file and keeps its permissions. A file that may not be written is refused,
 // although the folder would allow its replacement.
 FileResult replaceFile(const std::wstring& path, std::span<const std::uint8_t> bytes);
+// The same with the bytes in several pieces.
+using FileParts = std::span<const std::span<const std::uint8_t>>;
+FileResult replaceFileWithParts(const std::wstring& path, FileParts parts);
 
 // Makes the target a copy of a regular file, its permissions included (on Windows without the read-only
 // mark). An older target is replaced even if it may not be written: it is a backup that has had its day.

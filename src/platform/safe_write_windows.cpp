@@ -93,7 +93,7 @@ std::wstring temporaryBeside(const std::wstring& target)
     return path;
 }
 
-FileResult writeAndFlush(FileHandle& file, std::span<const std::uint8_t> bytes)
+FileResult writeAll(FileHandle& file, std::span<const std::uint8_t> bytes)
 {
     while (!bytes.empty()) {
         const auto block = static_cast<DWORD>(std::min(bytes.size(), largestBlock));
@@ -102,6 +102,14 @@ FileResult writeAndFlush(FileHandle& file, std::span<const std::uint8_t> bytes)
             return failedWithLastError(FileStep::Write);
         bytes = bytes.subspan(count);
     }
+    return {};
+}
+
+FileResult writeAndFlush(FileHandle& file, FileParts parts)
+{
+    for (const auto part : parts)
+        if (FileResult result = writeAll(file, part); !result)
+            return result;
     if (FlushFileBuffers(file.get()) == 0)
         return failedWithLastError(FileStep::Flush);
     return {};
@@ -132,13 +140,13 @@ DWORD moveIntoPlace(const std::wstring& temporary, const std::wstring& target)
     return error;
 }
 
-FileResult writeInPlace(const std::wstring& target, std::span<const std::uint8_t> bytes)
+FileResult writeInPlace(const std::wstring& target, FileParts parts)
 {
     // The old content goes only at the end: on a full disk its blocks are the ones to be written.
     FileHandle file = openFile(target, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_ALWAYS);
     if (!file)
         return failedWithLastError(FileStep::Open);
-    FileResult result = writeAndFlush(file, bytes);
+    FileResult result = writeAndFlush(file, parts);
     if (result && SetEndOfFile(file.get()) == 0)
         result = failedWithLastError(FileStep::Write);
     result.targetDamaged = !result;
@@ -165,6 +173,11 @@ FileResult copyInPlace(const std::wstring& source, const std::wstring& target)
 
 FileResult replaceFile(const std::wstring& path, std::span<const std::uint8_t> bytes)
 {
+    return replaceFileWithParts(path, FileParts(&bytes, 1));
+}
+
+FileResult replaceFileWithParts(const std::wstring& path, FileParts parts)
+{
     const std::wstring target = withoutLinks(windowsPath(path));
     const DWORD attributes = attributesOf(target);
     if (has(attributes, FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE))
@@ -176,10 +189,10 @@ FileResult replaceFile(const std::wstring& path, std::span<const std::uint8_t> b
     FileHandle file = openFile(temporary, GENERIC_WRITE, 0, CREATE_NEW);
     if (!file) {
         const DWORD error = GetLastError();
-        return onlyTargetIsWritable(error) ? writeInPlace(target, bytes)
+        return onlyTargetIsWritable(error) ? writeInPlace(target, parts)
                                            : failedWithCode(FileStep::CreateTemporary, error);
     }
-    FileResult result = writeAndFlush(file, bytes);
+    FileResult result = writeAndFlush(file, parts);
     if (!file.close() && result)
         result = failedWithLastError(FileStep::Write);
     if (!result) {
@@ -192,7 +205,7 @@ FileResult replaceFile(const std::wstring& path, std::span<const std::uint8_t> b
     if (error == 0)
         return {};
     DeleteFileW(temporary.c_str());
-    return onlyTargetIsWritable(error) ? writeInPlace(target, bytes)
+    return onlyTargetIsWritable(error) ? writeInPlace(target, parts)
                                        : failedWithCode(FileStep::Replace, error);
 }
 

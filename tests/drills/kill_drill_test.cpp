@@ -82,7 +82,8 @@ public:
 
     static bool save(const ProjectWriter& writer, const Bytes& bytes)
     {
-        return writer.makeFolder() && writer.write(bytes);
+        const std::span<const std::uint8_t> part(bytes);
+        return writer.makeFolder() && writer.write(FileParts(&part, 1));
     }
 
 private:

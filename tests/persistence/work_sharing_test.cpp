@@ -41,8 +41,7 @@ TEST(WorkSharing, ThreadsChangeNothingInSamplesAndGeneratedProjects)
             const WorkSharing sharing{threads, 0, 0};
             const Opening expected = Opening(bytes, alone);
             EXPECT_EQ(Opening(bytes, sharing), expected);
-            EXPECT_EQ(
-                encodeProject(*openBytes(bytes), 0, sharing), encodeProject(*openBytes(bytes), 0, alone));
+            EXPECT_EQ(encodeProject(*openBytes(bytes), sharing), encodeProject(*openBytes(bytes), alone));
         }
 }
 

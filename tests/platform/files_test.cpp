@@ -22,6 +22,12 @@ TEST(Files, ContentGoesAndComesBack)
         Bytes read = {1, 2, 3};
         ASSERT_TRUE(readFile(path, read));
         EXPECT_TRUE(read == content);
+        const std::span<const std::uint8_t> whole(content);
+        const std::span<const std::uint8_t> parts[] = {
+            whole.first(whole.size() / 3), {}, whole.subspan(whole.size() / 3)};
+        ASSERT_TRUE(replaceFileWithParts(path, parts));
+        ASSERT_TRUE(readFile(path, read));
+        EXPECT_TRUE(read == content);
     }
     EXPECT_EQ(folder.content(), std::vector<std::wstring>{L"Площадка №1.TLX"});
 }
@@ -87,7 +93,7 @@ TEST(Files, ACopyReplacesAnOlderOne)
     EXPECT_EQ(copyFile(from, to).step, FileStep::Open);
     EXPECT_EQ(fileKind(to), FileKind::Missing);
     Bytes read;
-    for (const Bytes& content : {Bytes(700'000, 7), Bytes{1, 2}}) {
+    for (const Bytes& content : {Bytes(3'000'000, 7), Bytes{1, 2}}) {
         ASSERT_TRUE(replaceFile(from, content));
         ASSERT_TRUE(copyFile(from, to));
         ASSERT_TRUE(readFile(to, read));

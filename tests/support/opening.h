@@ -33,7 +33,7 @@ struct Opening {
             text << " refused " << toUtf8(refusal.key) << ' ' << refusal.begin << ' ' << refusal.end;
         for (const auto& drop : read.drops)
             text << " dropped " << drop.what << ' ' << drop.offset << ' ' << drop.section;
-        content = encodeProject(*project, 0, sharing);
+        content = encodeProject(*project, sharing);
         report = text.str();
     }
 

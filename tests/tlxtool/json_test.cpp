@@ -77,6 +77,7 @@ TEST(ProjectJson, KeepsWhatTheFileHasAndTheProjectHasNot)
     Bytes bytes = encodeProject(*project);
     const std::string_view depth = "2.5";
     const auto place = std::search(bytes.begin(), bytes.end(), depth.begin(), depth.end());
+    const auto row = place - bytes.begin() - 9;
     *(place - 5) = '0'; // the point 6 becomes 0, which reads as equal to 5
     bytes.insert(bytes.end(), {1, 2, 3});
 
@@ -85,7 +86,7 @@ TEST(ProjectJson, KeepsWhatTheFileHasAndTheProjectHasNot)
     EXPECT_EQ(reading["bytesBehindEnd"], "AQID");
     ASSERT_EQ(reading["refusedRows"].size(), 1U);
     EXPECT_EQ(reading["refusedRows"][0]["key"], "0 / 2.5");
-    EXPECT_EQ(reading["refusedRows"][0]["offset"], place - bytes.begin() - 9);
+    EXPECT_EQ(reading["refusedRows"][0]["offset"], row);
 
     // The difference turns what the project would save back into the file.
     OpenedProject opened = fileOf(bytes);

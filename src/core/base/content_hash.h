@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -8,17 +10,83 @@
 
 // Tells two states of a file apart without keeping the other one: quick, of this run only, no protection
 // against anybody who means it. Each step is a bijection of the word, so that one changed word always shows.
+// However the bytes are divided among the calls, the hash is the same.
+class ContentHash
+{
+public:
+    void add(std::span<const std::uint8_t> bytes)
+    {
+        size_ += bytes.size();
+        const std::size_t missing = std::min(stripe - left_, bytes.size());
+        if (left_ > 0)
+            bytes = keep(bytes, missing);
+        if (left_ == stripe) {
+            mix(rest_.data());
+            left_ = 0;
+        }
+        for (; bytes.size() >= stripe; bytes = bytes.subspan(stripe))
+            mix(bytes.data());
+        if (!bytes.empty())
+            keep(bytes, bytes.size());
+    }
+
+    std::uint64_t value() const
+    {
+        ContentHash last = *this;
+        if (left_ > 0) {
+            std::fill(
+                last.rest_.begin() + static_cast<std::ptrdiff_t>(left_), last.rest_.end(), std::uint8_t{0});
+            last.mix(last.rest_.data());
+        }
+        std::uint64_t hash = size_ * factor;
+        for (const std::uint64_t lane : last.lanes_)
+            hash = step(hash, lane);
+        return hash ^ hash >> 32U;
+    }
+
+private:
+    // Lanes do not wait for one another.
+    static constexpr std::size_t lanes = 4;
+    static constexpr std::size_t stripe = lanes * sizeof(std::uint64_t);
+    static constexpr std::uint64_t factor = 0x9E3779B97F4A7C15;
+
+    static std::uint64_t step(std::uint64_t hash, std::uint64_t word)
+    {
+        return std::rotl((hash ^ word) * 0xC2B2AE3D27D4EB4F, 29) + factor;
+    }
+    void mix(const std::uint8_t* bytes)
+    {
+        std::array<std::uint64_t, lanes> words;
+        std::memcpy(words.data(), bytes, stripe);
+        for (std::size_t i = 0; i < lanes; ++i)
+            lanes_[i] = step(lanes_[i], words[i]);
+    }
+    // Returns what is behind them.
+    std::span<const std::uint8_t> keep(std::span<const std::uint8_t> bytes, std::size_t count)
+    {
+        std::memcpy(rest_.data() + left_, bytes.data(), count);
+        left_ += count;
+        return bytes.subspan(count);
+    }
+
+    std::array<std::uint64_t, lanes> lanes_{1, 2, 3, 4};
+    std::array<std::uint8_t, stripe> rest_{};
+    std::size_t left_ = 0;
+    std::uint64_t size_ = 0;
+};
+
 inline std::uint64_t contentHash(std::span<const std::uint8_t> bytes)
 {
-    constexpr std::uint64_t a = 0x9E3779B97F4A7C15;
-    constexpr std::uint64_t b = 0xC2B2AE3D27D4EB4F;
-    std::uint64_t hash = bytes.size() * a;
-    while (!bytes.empty()) {
-        std::uint64_t word = 0;
-        const std::size_t count = bytes.size() < sizeof word ? bytes.size() : sizeof word;
-        std::memcpy(&word, bytes.data(), count);
-        hash = std::rotl((hash ^ word) * b, 29) + a;
-        bytes = bytes.subspan(count);
-    }
-    return hash ^ hash >> 32U;
+    ContentHash hash;
+    hash.add(bytes);
+    return hash.value();
+}
+
+// Of bytes in several pieces, in this order.
+inline std::uint64_t contentHash(std::span<const std::span<const std::uint8_t>> parts)
+{
+    ContentHash hash;
+    for (const auto part : parts)
+        hash.add(part);
+    return hash.value();
 }

@@ -1,0 +1,62 @@
+#include "platform/byte_blocks.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+std::span<std::uint8_t> ByteBlocks::open(std::size_t atLeast)
+{
+    // Each twice as large as the last: a row takes little, a project few of them. Room that nobody touches
+    // takes no memory.
+    constexpr std::size_t smallest = 512;
+    constexpr std::size_t largest = 8 * largePage;
+    const std::size_t next = blocks_.empty() ? smallest : std::min(2 * blocks_.back().room.size(), largest);
+    const std::size_t size = std::max(atLeast, next);
+    Block block;
+    if (size < largePage) {
+        block.small = std::make_unique_for_overwrite<std::uint8_t[]>(size);
+        block.room = {block.small.get(), size};
+    } else {
+        block.large = takePages(size);
+        block.room = {block.large.get(), size};
+    }
+    blocks_.push_back(std::move(block));
+    return blocks_.back().room;
+}
+
+void ByteBlocks::close(const std::uint8_t* end)
+{
+    if (!blocks_.empty())
+        blocks_.back().size = static_cast<std::size_t>(end - blocks_.back().room.data());
+}
+
+void ByteBlocks::append(ByteBlocks&& others)
+{
+    std::move(others.blocks_.begin(), others.blocks_.end(), std::back_inserter(blocks_));
+    others.blocks_.clear();
+}
+
+std::size_t ByteBlocks::size() const
+{
+    std::size_t size = 0;
+    for (const Block& block : blocks_)
+        size += block.size;
+    return size;
+}
+
+std::vector<std::span<const std::uint8_t>> ByteBlocks::parts() const
+{
+    std::vector<std::span<const std::uint8_t>> parts;
+    for (const Block& block : blocks_)
+        parts.push_back(block.room.first(block.size));
+    return parts;
+}
+
+std::vector<std::uint8_t> ByteBlocks::joined() const
+{
+    std::vector<std::uint8_t> bytes;
+    bytes.reserve(size());
+    for (const auto part : parts())
+        bytes.insert(bytes.end(), part.begin(), part.end());
+    return bytes;
+}
