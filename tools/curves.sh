@@ -23,6 +23,6 @@ build/release/bench/engine_bench --benchmark_repetitions=$repetitions --benchmar
 build/release/bench/draw_curves build/release/bench/results.json "$folder"
 # 13,400 points have a hundred thousand layers.
 bench=build/release/bench/program
-QT_QPA_PLATFORM=xcb xvfb-run -a -s '-screen 0 1440x900x24' sh -c 'openbox 2>/dev/null & exec "$@"' - "$bench/program_bench" "$bench/bare_window" "$bench/watched_program" \
+QT_QPA_PLATFORM=xcb xvfb-run -a -s '-screen 0 1440x900x24' sh -c 'tools/start_window_manager.sh && exec "$@"' - "$bench/program_bench" "$bench/bare_window" "$bench/watched_program" \
     build/release/toy_program build/release/program "$folder" $starts "${points[@]}"
 echo "See $folder"

@@ -12,7 +12,7 @@ server=$!
 trap 'kill $server 2>/dev/null; rm -f "$numbers" "$picture.before.png"' EXIT
 for _ in $(seq 100); do [ -s "$numbers" ] && break; sleep 0.1; done
 export DISPLAY=":$(cat "$numbers")" QT_QPA_PLATFORM=xcb
-openbox >/dev/null 2>&1 &
+"$(dirname "$(readlink -f "$0")")/start_window_manager.sh"
 
 "$@" &
 program=$!

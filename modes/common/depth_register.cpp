@@ -42,7 +42,9 @@ PointFacts pointFacts(IDBProject& project, const std::wstring& point)
     }
     double deepest = 0;
     for (const auto& [key, layer] : project.getLithology()) {
-        const QString text = key.pointName == point ? QString::fromStdWString(key.depth) : QString();
+        if (key.pointName != point)
+            continue;
+        const QString text = QString::fromStdWString(key.depth);
         if (double bottom = 0; readNumber(text, bottom) && bottom > deepest) {
             deepest = bottom;
             facts.bottom = text;

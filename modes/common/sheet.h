@@ -36,6 +36,13 @@ public:
     void add(std::initializer_list<std::wstring_view> cells) { add(cells.begin(), cells.size()); }
     void add(const std::vector<std::wstring>& cells) { add(cells.data(), cells.size()); }
 
+    // Room for so many rows of ordinary length; of what is not used nothing is ever touched.
+    void reserve(std::size_t rows)
+    {
+        constexpr std::size_t ordinaryCell = 10; // characters
+        text_.reserve(rows * columns_ * ordinaryCell);
+        ends_.reserve(rows * columns_);
+    }
     // Room for as much as another sheet holds.
     void reserveLike(const SheetRows& other)
     {

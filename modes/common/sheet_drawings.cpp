@@ -17,8 +17,7 @@ MakeDrawing columnDrawing(ITellurixController* controller)
                                 }
                                 const std::wstring point(source->chosen);
                                 IDBProject& project = source->project;
-                                column->setColumn(
-                                    drawnLayers(project, point, foundOr(absoluteMarks(project), point)),
+                                column->setColumn(drawnLayers(project, point, absoluteMark(project, point)),
                                     drawnWaters(project, point),
                                     drawnSamples(project, point));
                             }};

@@ -32,7 +32,7 @@ server=$!
 trap 'kill $server 2>/dev/null; rm -f "$numbers"' EXIT
 for _ in $(seq 100); do [ -s "$numbers" ] && break; sleep 0.1; done
 export DISPLAY=":$(cat "$numbers")"
-openbox >/dev/null 2>&1 &
+tools/start_window_manager.sh
 
 # wait_for SECONDS COMMAND...
 wait_for() {

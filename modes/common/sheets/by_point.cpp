@@ -9,10 +9,19 @@ std::unordered_map<std::wstring_view, std::wstring_view> absoluteMarks(IDBProjec
     return marks;
 }
 
+std::wstring_view absoluteMark(IDBProject& project, std::wstring_view point)
+{
+    for (const auto& [key, rows] : project.getPointRegister())
+        if (key.pointName == point && !rows.empty())
+            return rows.front().absoluteMark;
+    return {};
+}
+
 std::vector<LayerView> layersOf(
     const std::vector<const LithologyRegister::value_type*>& rows, std::wstring_view mouthMark)
 {
     std::vector<LayerView> layers;
+    layers.reserve(rows.size());
     std::wstring_view top = L"0";
     for (const auto* row : rows) {
         const std::wstring_view bottom = row->first.depth;

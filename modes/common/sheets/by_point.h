@@ -129,6 +129,8 @@ std::unordered_map<Place, const typename Register::mapped_type*, PlaceHash> rows
 
 // The absolute marks of the points' mouths, as typed.
 std::unordered_map<std::wstring_view, std::wstring_view> absoluteMarks(IDBProject& project);
+// That of one point; empty where there is no such point.
+std::wstring_view absoluteMark(IDBProject& project, std::wstring_view point);
 
 // A layer with what follows from its neighbours and from its point.
 struct LayerView {

@@ -10,7 +10,7 @@ void fillSubsidence(SheetRows& rows, const SheetSource& source)
 {
     for (const auto& [point, cells] : source.project.getSubsidence())
         for (const SubsidenceCell& cell : cells)
-            rows.add({point, cell.title, std::to_wstring(cell.code), cell.text});
+            rows.add({point, cell.title, wholeText(cell.code), cell.text});
 }
 
 void fillNames(SheetRows& rows, const SheetSource& source)
@@ -24,7 +24,7 @@ void fillGroups(SheetRows& rows, const SheetSource& source)
     for (const auto& [point, groups] : source.project.getSubsidenceGroups()) {
         std::size_t number = 0;
         for (const std::vector<std::wstring>& group : groups)
-            rows.add({point, std::to_wstring(++number), joined(group)});
+            rows.add({point, wholeText(++number), joined(group)});
     }
 }
 

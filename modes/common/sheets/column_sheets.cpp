@@ -51,16 +51,26 @@ std::vector<std::pair<std::wstring_view, PointSummary>> allPoints(
 
 std::unordered_map<std::wstring_view, std::wstring_view> greatestDepths(const LithologyRegister& layers)
 {
-    std::unordered_map<std::wstring_view, std::pair<double, std::wstring_view>> deepest;
-    for (const auto& [key, layer] : layers)
-        if (double depth = 0; readTyped(key.depth, depth)) {
-            const auto [place, isNew] = deepest.try_emplace(key.pointName, depth, key.depth);
-            if (!isNew && depth > place->second.first)
-                place->second = {depth, key.depth};
-        }
     std::unordered_map<std::wstring_view, std::wstring_view> depths;
-    for (const auto& [name, depth] : deepest)
-        depths.emplace(name, depth.second);
+    std::wstring_view name;
+    std::wstring_view* deepest = nullptr;
+    double greatest = 0;
+    for (const auto& [key, layer] : layers) {
+        double depth = 0;
+        if (!readTyped(key.depth, depth))
+            continue;
+        // The rows of a point stand together nearly always.
+        if (!deepest || name != key.pointName) {
+            name = key.pointName;
+            const auto [place, isNew] = depths.try_emplace(name, key.depth);
+            deepest = &place->second;
+            readTyped(*deepest, greatest);
+        }
+        if (depth > greatest) {
+            *deepest = key.depth;
+            greatest = depth;
+        }
+    }
     return depths;
 }
 
@@ -129,7 +139,7 @@ std::wstring waterText(const WaterValue& water)
 MergedColumn mergedColumn(const SheetSource& source)
 {
     IDBProject& project = source.project;
-    const std::wstring_view mark = foundOr(absoluteMarks(project), source.chosen);
+    const std::wstring_view mark = absoluteMark(project, source.chosen);
     MergedColumn column;
     for (const LayerView& layer : layersOf(rowsOfPoint(project.getLithology(), source.chosen), mark))
         column.at(layer.layer->first.depth).layer = layer;

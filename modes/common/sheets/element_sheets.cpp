@@ -11,12 +11,12 @@ void fillElements(SheetRows& rows, const SheetSource& source)
 {
     for (const auto& [name, element] : source.project.getStrataElements()) {
         std::vector<std::wstring> cells{name,
-            std::to_wstring(element.code),
-            std::to_wstring(element.valueB),
-            std::to_wstring(element.valueC),
-            std::to_wstring(element.lowerBound),
-            std::to_wstring(element.middleValue),
-            std::to_wstring(element.upperBound)};
+            wholeText(element.code),
+            wholeText(element.valueB),
+            wholeText(element.valueC),
+            wholeText(element.lowerBound),
+            wholeText(element.middleValue),
+            wholeText(element.upperBound)};
         cells.insert(cells.end(), element.texts.begin(), element.texts.end());
         cells.emplace_back(yesText(!element.patternA.empty()));
         cells.emplace_back(yesText(!element.patternB.empty()));
@@ -54,11 +54,12 @@ Sheet elementSheet(std::string_view name)
 void fillLayers(SheetRows& rows, const SheetSource& source)
 {
     const auto marks = absoluteMarks(source.project);
+    rows.reserve(source.project.getLithology().size());
     for (const auto& [point, entries] : rowsByPoint(source.project.getLithology())) {
         std::size_t number = 0;
         for (const LayerView& layer : layersOf(entries, foundOr(marks, point)))
             rows.add({point,
-                std::to_wstring(++number),
+                wholeText(++number),
                 layer.top,
                 layer.layer->first.depth,
                 layer.thickness,
@@ -102,8 +103,8 @@ void fillIndices(SheetRows& rows, const SheetSource& source)
         }
     for (const auto& [index, summary] : indices)
         rows.add({index.empty() ? std::wstring_view(L"(без индекса)") : index,
-            std::to_wstring(summary.points),
-            std::to_wstring(summary.layers),
+            wholeText(summary.points),
+            wholeText(summary.layers),
             summary.thinnest,
             summary.thickest});
 }
@@ -141,17 +142,17 @@ void fillColumns(SheetRows& rows, const SheetSource& source)
     for (const auto& [point, entries] : rowsByPoint(source.project.getLithology()))
         rows.add({point,
             foundOr(marks, point),
-            std::to_wstring(entries.size()),
+            wholeText(entries.size()),
             entries.back()->first.depth,
             differenceText(foundOr(marks, point), entries.back()->first.depth)});
 }
 
 void fillLayersOfColumn(SheetRows& rows, const SheetSource& source)
 {
-    const std::wstring_view mark = foundOr(absoluteMarks(source.project), source.chosen);
+    const std::wstring_view mark = absoluteMark(source.project, source.chosen);
     std::size_t number = 0;
     for (const LayerView& layer : layersOf(rowsOfPoint(source.project.getLithology(), source.chosen), mark))
-        rows.add({std::to_wstring(++number),
+        rows.add({wholeText(++number),
             layer.top,
             layer.layer->first.depth,
             layer.thickness,

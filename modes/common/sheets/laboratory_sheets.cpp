@@ -37,7 +37,7 @@ void fillSamples(SheetRows& rows, const SheetSource& source)
         rows.add({key.pointName,
             key.depth,
             sample.code,
-            std::to_wstring(sample.number),
+            wholeText(sample.number),
             taken == field.end() ? std::wstring() : nameText(sampleKinds, taken->second->sampleKind),
             sample.soilKind.text,
             countText(sample.physical.size()),
@@ -74,7 +74,7 @@ void fillGrading(SheetRows& rows, const SheetSource& source)
         std::vector<std::wstring> others;
         for (const auto& [number, percentage] : sample.grading)
             if (!fractionCaptions.contains(number))
-                others.push_back(std::to_wstring(number) + L": " + percentage);
+                others.push_back(wholeText(number) + L": " + percentage);
         cells.push_back(joined(others));
         rows.add(cells);
     }
@@ -144,7 +144,7 @@ void fillShrinkage(SheetRows& rows, const SheetSource& source)
             rows.add({key.pointName,
                 key.depth,
                 sample.code,
-                std::to_wstring(row.stage),
+                wholeText(row.stage),
                 row.cells[0],
                 row.cells[1],
                 row.cells[2],

@@ -55,7 +55,7 @@ void addSummary(SheetRows& rows, std::wstring_view title, const Register& all, s
         rows.add({title, L"0"});
     else
         rows.add({title,
-            std::to_wstring(all.size()),
+            wholeText(all.size()),
             points,
             placeText(all.begin()->first),
             placeText(all.rbegin()->first)});
@@ -64,7 +64,7 @@ void addSummary(SheetRows& rows, std::wstring_view title, const Register& all, s
 template <class Register>
 void addPointRegister(SheetRows& rows, std::wstring_view title, const Register& all)
 {
-    addSummary(rows, title, all, std::to_wstring(pointsIn(all)));
+    addSummary(rows, title, all, wholeText(pointsIn(all)));
 }
 
 template <class Register>
@@ -137,8 +137,8 @@ void fillHead(SheetRows& rows, const SheetSource& source)
     rows.add({L"Название", project.getProjectName()});
     rows.add({L"Краткое имя", project.getFileStem()});
     rows.add({L"Файл", project.getFilePath()});
-    rows.add({L"Тип объекта", std::to_wstring(project.getTypeObject())});
-    rows.add({L"Стандарт гранулометрии", std::to_wstring(project.getGranGost())});
+    rows.add({L"Тип объекта", wholeText(project.getTypeObject())});
+    rows.add({L"Стандарт гранулометрии", wholeText(project.getGranGost())});
 }
 
 } // namespace

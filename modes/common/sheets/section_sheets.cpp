@@ -98,7 +98,7 @@ void fillViews(SheetRows& rows, const SheetSource& source)
 void fillTerrainCells(SheetRows& rows, const SheetSource& source)
 {
     for (const auto& [number, cells] : source.project.getTerrainCells())
-        rows.add({std::to_wstring(number), joined(cells)});
+        rows.add({wholeText(number), joined(cells)});
 }
 
 void fillCurves(SheetRows& rows, const SheetSource& source)
@@ -106,7 +106,7 @@ void fillCurves(SheetRows& rows, const SheetSource& source)
     for (const auto& [key, cells] : source.project.getSectionCurves()) {
         std::size_t number = 0;
         for (const CurveCell& cell : cells)
-            rows.add({key.first, key.second, std::to_wstring(++number), cell.textA, cell.textB});
+            rows.add({key.first, key.second, wholeText(++number), cell.textA, cell.textB});
         if (cells.empty())
             rows.add({key.first, key.second});
     }

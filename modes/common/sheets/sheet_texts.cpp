@@ -4,7 +4,6 @@
 #include "dictionaries/captions.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdint>
 #include <cstdlib>
 #include <optional>
@@ -28,7 +27,8 @@ static std::wstring_view withoutBlanks(std::wstring_view text)
 namespace
 {
 
-constexpr int longestPart = 9; // digits on either side of the comma: scaled, a number still fits 64 bits
+constexpr std::size_t longestPart =
+    9; // digits on either side of the comma: scaled, a number still fits 64 bits
 
 constexpr std::array<std::int64_t, longestPart + 1> powersOfTen = [] {
     std::array<std::int64_t, longestPart + 1> powers{1};
@@ -41,6 +41,7 @@ constexpr std::array<std::int64_t, longestPart + 1> powersOfTen = [] {
 struct Decimal {
     std::int64_t digits = 0;
     std::size_t decimals = 0;
+    bool hasComma = false; // and not a point
 
     std::int64_t scaled(std::size_t wanted) const { return digits * powersOfTen[wanted - decimals]; }
 };
@@ -51,21 +52,43 @@ std::optional<Decimal> readDecimal(std::wstring_view text)
     const bool negative = text.starts_with(L'-');
     if (negative || text.starts_with(L'+'))
         text.remove_prefix(1);
-    const std::size_t comma = std::min(text.find_first_of(L".,"), text.size());
-    const std::size_t decimals = comma == text.size() ? 0 : text.size() - comma - 1;
-    if (comma + decimals == 0 || comma > longestPart || decimals > longestPart)
-        return std::nullopt;
-    Decimal number{0, decimals};
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (i == comma)
-            continue;
-        if (text[i] < L'0' || text[i] > L'9')
+    Decimal number;
+    std::size_t whole = 0;
+    std::size_t* part = &whole;
+    for (const wchar_t c : text) {
+        if (c >= L'0' && c <= L'9') {
+            if (++*part > longestPart)
+                return std::nullopt;
+            number.digits = number.digits * 10 + (c - L'0');
+        } else if ((c == L'.' || c == L',') && part == &whole) {
+            part = &number.decimals;
+            number.hasComma = c == L',';
+        } else {
             return std::nullopt;
-        number.digits = number.digits * 10 + (text[i] - L'0');
+        }
     }
+    if (whole + number.decimals == 0)
+        return std::nullopt;
     if (negative)
         number.digits = -number.digits;
     return number;
+}
+
+// The number with its sign, and as many decimals as it has.
+std::wstring decimalText(const Decimal& number)
+{
+    std::array<wchar_t, 2 * longestPart + 4> text{};
+    auto first = text.end();
+    std::int64_t left = std::abs(number.digits);
+    for (std::size_t written = 0; left > 0 || written <= number.decimals; ++written) {
+        if (written == number.decimals && written > 0)
+            *--first = number.hasComma ? L',' : L'.';
+        *--first = static_cast<wchar_t>(L'0' + left % 10);
+        left /= 10;
+    }
+    if (number.digits < 0)
+        *--first = L'-';
+    return {first, text.end()};
 }
 
 } // namespace
@@ -85,14 +108,9 @@ std::wstring differenceText(std::wstring_view a, std::wstring_view b)
     if (!numberA || !numberB)
         return {};
     const std::size_t decimals = std::max(numberA->decimals, numberB->decimals);
-    const std::int64_t difference = numberA->scaled(decimals) - numberB->scaled(decimals);
-    std::wstring text = std::to_wstring(std::abs(difference));
-    if (text.size() <= decimals)
-        text.insert(0, decimals + 1 - text.size(), L'0');
-    const bool comma = a.find(L',') != a.npos || b.find(L',') != b.npos;
-    if (decimals > 0)
-        text.insert(text.size() - decimals, 1, comma ? L',' : L'.');
-    return difference < 0 ? L"-" + text : text;
+    return decimalText({numberA->scaled(decimals) - numberB->scaled(decimals),
+        decimals,
+        numberA->hasComma || numberB->hasComma});
 }
 
 std::wstring singleText(float number)
@@ -107,9 +125,9 @@ std::wstring dateText(const Date3& date)
     if (date == Date3{0, 0, 0})
         return {};
     const auto twoDigits = [](int number) {
-        return (number >= 0 && number < 10 ? L"0" : L"") + std::to_wstring(number);
+        return (number >= 0 && number < 10 ? L"0" : L"") + wholeText(number);
     };
-    return twoDigits(date.day) + L"." + twoDigits(date.month) + L"." + std::to_wstring(date.year);
+    return twoDigits(date.day) + L"." + twoDigits(date.month) + L"." + wholeText(date.year);
 }
 
 std::wstring joined(const std::vector<std::wstring>& texts, std::wstring_view separator)

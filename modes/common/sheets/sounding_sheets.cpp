@@ -25,7 +25,7 @@ void fillSoundings(SheetRows& rows, const SheetSource& source)
             pointKindText(static_cast<int>(key.pointKind)),
             key.device,
             key.date,
-            std::to_wstring(journal.size()),
+            wholeText(journal.size()),
             greatestDepth(journal)});
 }
 
@@ -42,7 +42,7 @@ void fillJournal(SheetRows& rows, const SheetSource& source)
 void fillFlags(SheetRows& rows, const SheetSource& source)
 {
     for (const auto& [name, code] : source.project.getSoundingFlags())
-        rows.add({name, std::to_wstring(code)});
+        rows.add({name, wholeText(code)});
 }
 
 void fillCalcRows(SheetRows& rows, const SheetSource& source)
@@ -64,10 +64,7 @@ std::vector<SheetColumn> calcColumns()
 void fillTriples(SheetRows& rows, const SheetSource& source)
 {
     for (const auto& [number, values] : source.project.getSoundingTriples())
-        rows.add({std::to_wstring(number),
-            std::to_wstring(values[0]),
-            std::to_wstring(values[1]),
-            std::to_wstring(values[2])});
+        rows.add({wholeText(number), wholeText(values[0]), wholeText(values[1]), wholeText(values[2])});
 }
 
 void fillParameters(SheetRows& rows, const SheetSource& source)
@@ -75,10 +72,10 @@ void fillParameters(SheetRows& rows, const SheetSource& source)
     IDBProject& project = source.project;
     rows.add({L"Признак A", project.getSoundingOptionA() ? L"да" : L"нет"});
     rows.add({L"Признак B", project.getSoundingOptionB() ? L"да" : L"нет"});
-    rows.add({L"Число A", std::to_wstring(project.getSoundingValueA())});
-    rows.add({L"Число B", std::to_wstring(project.getSoundingValueB())});
-    rows.add({L"Число C", std::to_wstring(project.getSoundingValueC())});
-    rows.add({L"Число D", std::to_wstring(project.getSoundingValueD())});
+    rows.add({L"Число A", wholeText(project.getSoundingValueA())});
+    rows.add({L"Число B", wholeText(project.getSoundingValueB())});
+    rows.add({L"Число C", wholeText(project.getSoundingValueC())});
+    rows.add({L"Число D", wholeText(project.getSoundingValueD())});
     rows.add({L"Коэффициент A", singleText(project.getSoundingRatioA())});
     rows.add({L"Коэффициент B", singleText(project.getSoundingRatioB())});
     rows.add({L"Коэффициент C", singleText(project.getSoundingRatioC())});
