@@ -1,7 +1,7 @@
 #!/bin/sh
 # Renders the pictures of the program from their drawings. Run it after a change in src/app/resources/svg or
 # data/hatches.json and commit what it makes: the build itself needs no renderer.
-#   sudo apt-get install librsvg2-bin icoutils fonts-dejavu-core
+#   sudo apt-get install librsvg2-bin icoutils fonts-dejavu-core pngquant
 set -eu
 here=$(cd "$(dirname "$0")/.." && pwd)
 cd "$here/src/app/resources"
@@ -14,7 +14,11 @@ mkdir -p images/16 images/24 images/32 images/96
 for drawing in svg/*.svg; do
     name=$(basename "$drawing" .svg)
     case $name in
-    logo | static) rsvg-convert "$drawing" -o "images/$name.png" ;;
+    logo | static)
+        rsvg-convert "$drawing" -o "$folder/$name.png"
+        # 256 colours are enough for both, and the first window waits for the one.
+        pngquant --strip --force -o "images/$name.png" 256 "$folder/$name.png"
+        ;;
     tellurix) ;;
     *)
         # Tool bars show 24 points and menus 16; the others are for dense displays.

@@ -23,6 +23,15 @@ static void watchFirstShow(Shell& shell)
     shell.mainWindow->installEventFilter(filter);
 }
 
+// Every window of the toolkit is made so that drawings of the graphics library can stand in it, and the first
+// one waits for the library: longer than for all else before it. The splash holds none.
+static void showWithoutGraphicsLibrary(QWidget& window)
+{
+    QCoreApplication::setAttribute(Qt::AA_ForceRasterWidgets, true);
+    window.show();
+    QCoreApplication::setAttribute(Qt::AA_ForceRasterWidgets, false);
+}
+
 bool assembleShell(Shell& shell)
 {
     shell.mainController = makeReference<MainController>();
@@ -30,7 +39,7 @@ bool assembleShell(Shell& shell)
     shell.controller = makeReference<TellurixController>(shell.settings.get(), mainController.dbProject());
     shell.splash =
         std::make_unique<SplashScreen>(QPixmap(QStringLiteral(":/images/logo.png")), *shell.controller);
-    shell.splash->show();
+    showWithoutGraphicsLibrary(*shell.splash);
     mainController.setSettings(shell.settings.get());
     mainController.setController(shell.controller.get());
     shell.mainWindow = std::make_unique<MainWindow>(&mainController);

@@ -50,13 +50,14 @@ void MainController::createActions()
         synchro->setEnabled(settings_->isSectionEditorActivated() && settings_->isSectionEditorLocal());
 }
 
-// In every size that bars and menus show, on dense displays too: a picture made smaller loses its lines.
+// In every size that bars and menus show, on dense displays too: a picture made smaller loses its lines. Told
+// the size, the icon would decode the picture at once and not when it is shown.
 static QIcon iconNamed(const char* file)
 {
     const QString name = QString::fromLatin1(file);
     QIcon icon(QStringLiteral(":/images/") + name);
     for (const int size : {16, 24, 32, 96})
-        icon.addFile(QStringLiteral(":/images/%1/%2").arg(QString::number(size), name), {size, size});
+        icon.addFile(QStringLiteral(":/images/%1/%2").arg(QString::number(size), name));
     return icon;
 }
 
