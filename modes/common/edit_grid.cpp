@@ -175,9 +175,10 @@ void EditGrid::deleteSelectedRows()
         doomed.append(sourceIndex(currentIndex()).row());
     if (doomed.isEmpty() || !editingAllowed_)
         return;
+    std::sort(doomed.begin(), doomed.end());
     GridRows after;
     for (int row = 0; row < model_->rows().size(); ++row)
-        if (!doomed.contains(row))
+        if (!std::binary_search(doomed.begin(), doomed.end(), row))
             after.append(model_->rows()[row]);
     submit(after);
 }

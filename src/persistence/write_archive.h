@@ -100,8 +100,9 @@ public:
         writeRows(names, values.begin(), firstRows);
         const std::size_t left = values.size() - firstRows;
         const auto next = advanced(values.begin(), firstRows);
-        if (sharing_.divides(left, (size() - before) / firstRows * left))
-            writeDivided(names, next, left);
+        const std::size_t row = (size() - before) / firstRows;
+        if (sharing_.divides(left, row * left))
+            writeDivided(names, next, left, row);
         else
             writeRows(names, next, left);
     }
@@ -148,22 +149,25 @@ private:
     // before the end: the threads are busy as long as there is something to write. Writing changes nothing in
     // the project.
     template <class Row>
-    void writeDivided(const EntryNames& names, Row first, std::size_t count)
+    void writeDivided(const EntryNames& names, Row first, std::size_t count, std::size_t rowSize)
     {
-        const auto begin = [count, threads = sharing_.threads](
-                               std::size_t part) { return count * part / threads; };
-        std::vector<std::future<ByteBlocks>> others;
-        for (std::size_t part = 1; part < sharing_.threads; ++part)
-            others.push_back(
+        // To walk to a small row takes as long as to write it: one other thread gets them all.
+        constexpr std::size_t smallRow = 256; // bytes
+        const std::size_t own = rowSize < smallRow ? 0 : count / sharing_.threads;
+        std::vector<std::future<ByteBlocks>> others(own == 0 ? 1 : sharing_.threads - 1);
+        const auto begin = [own, left = count - own, parts = others.size()](
+                               std::size_t part) { return own + left * part / parts; };
+        for (std::size_t part = 0; part < others.size(); ++part)
+            others[part] =
                 inAnotherThread([names, first, skipped = begin(part), rows = begin(part + 1) - begin(part)] {
                     WriteArchive archive(WorkSharing{1});
                     archive.writeRows(names, advanced(first, skipped), rows);
                     return archive.takeBlocks();
-                }));
-        writeRows(names, first, begin(1));
-        for (std::size_t part = 1; part < sharing_.threads; ++part) {
-            if (others[part - 1].valid())
-                leaveTo(std::move(others[part - 1]));
+                });
+        writeRows(names, first, own);
+        for (std::size_t part = 0; part < others.size(); ++part) {
+            if (others[part].valid())
+                leaveTo(std::move(others[part]));
             else
                 writeRows(names, advanced(first, begin(part)), begin(part + 1) - begin(part));
         }

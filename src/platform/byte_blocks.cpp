@@ -6,11 +6,12 @@
 
 std::span<std::uint8_t> ByteBlocks::open(std::size_t atLeast)
 {
-    // Each twice as large as the last: a row takes little, a project few of them. Room that nobody touches
-    // takes no memory.
+    // A row takes little, a project few of them, and what is not used of the last one is never touched.
     constexpr std::size_t smallest = 512;
-    constexpr std::size_t largest = 8 * largePage;
-    const std::size_t next = blocks_.empty() ? smallest : std::min(2 * blocks_.back().room.size(), largest);
+    constexpr std::size_t largest = 16 * largePage;
+    constexpr std::size_t growth = 8;
+    const std::size_t next =
+        blocks_.empty() ? smallest : std::min(growth * blocks_.back().room.size(), largest);
     const std::size_t size = std::max(atLeast, next);
     Block block;
     if (size < largePage) {

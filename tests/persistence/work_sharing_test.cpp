@@ -14,12 +14,13 @@ namespace
 
 const WorkSharing alone{1};
 
-// Rows with letters, so that every number of them is taken, and one text with a zero byte near the end.
-Reference<DBProject> layers(int count)
+// Rows with letters, so that every number of them is taken, and one text with a zero byte near the end. Long
+// rows are divided among all threads, short ones are one thread's.
+Reference<DBProject> layers(int count, std::size_t length)
 {
     auto project = makeReference<DBProject>();
     for (int i = 0; i < count; ++i)
-        project->addLithology({L"Скв-" + std::to_wstring(i), L"1.5"}, {L"aQ4", L"Суглинок"});
+        project->addLithology({L"Скв-" + std::to_wstring(i), L"1.5"}, {L"aQ4", std::wstring(length, L'ж')});
     if (count > 2)
         std::next(project->getLithology().begin(), count - 2)->second.description = std::wstring(L"а\0б", 3);
     return project;
@@ -35,7 +36,8 @@ TEST(WorkSharing, ThreadsChangeNothingInSamplesAndGeneratedProjects)
     for (std::uint32_t seed = 1; seed <= 10; ++seed)
         files.push_back(encodeProject(*randomProject(seed, seed % 2 == 0)));
     for (const int count : {1, 2, 3, 63, 64, 65, 66, 67, 200})
-        files.push_back(encodeProject(*layers(count)));
+        for (const std::size_t length : {8U, 400U})
+            files.push_back(encodeProject(*layers(count, length)));
     for (const Bytes& bytes : files)
         for (const std::size_t threads : {2U, 3U, 4U}) {
             const WorkSharing sharing{threads, 0, 0};
