@@ -224,6 +224,10 @@ void targetTable(std::ostream& out, const Run& run)
             rounded(time("save", "tellurix") / time("save", "bare")),
             "at most 2"});
     row(out,
+        {"save: encoding alone / plain write and flush",
+            rounded(time("encode", "tellurix") / time("save", "bare")),
+            ""});
+    row(out,
         {"peak memory of opening / the records' own sizes",
             rounded(largest("open", "tellurix", "peak_MB") / largest("open", "tellurix", "own_MB")),
             "at most 2.5"});

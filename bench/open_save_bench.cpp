@@ -75,6 +75,19 @@ void saveProject(benchmark::State& state, const Peer* peer, SiteNames names)
     report(state, file, file.measured(words("save", *peer, file.path())));
 }
 
+// What of our saving goes before the first byte is written.
+void encodeAlone(benchmark::State& state)
+{
+    const ProjectFile& file = projectFile(static_cast<std::size_t>(state.range(0)), SiteNames::numeric);
+    const SavedProject& saved = projectToSave(file);
+    while (state.KeepRunning()) {
+        forgetMemory();
+        const auto start = Clock::now();
+        const ByteBlocks bytes = encodeProjectInBlocks(*saved.project);
+        state.SetIterationTime(secondsSince(start));
+    }
+}
+
 // 230, 2,300 and 23,000 points make about 1, 10 and 100 MB.
 constexpr std::int64_t sizes[] = {230, 770, 2300, 7700, 23000};
 
@@ -99,6 +112,10 @@ void addOpenSaveBenchmarks()
     add("open_lettered", openProject, SiteNames::lettered);
     add("open_mixed", openProject, SiteNames::mixed);
     add("save", saveProject, SiteNames::numeric);
+    auto* encoding = benchmark::RegisterBenchmark("encode/tellurix", encodeAlone);
+    for (const std::int64_t points : sizes)
+        encoding->Arg(points);
+    encoding->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(1);
 }
 
 // In the process that measures one operation: "open" or "save", the peer, the file.
