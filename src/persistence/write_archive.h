@@ -154,18 +154,19 @@ private:
         // To walk to a small row takes as long as to write it: one other thread gets them all.
         constexpr std::size_t smallRow = 256; // bytes
         const std::size_t own = rowSize < smallRow ? 0 : count / sharing_.threads;
-        std::vector<std::future<ByteBlocks>> others(own == 0 ? 1 : sharing_.threads - 1);
-        const auto begin = [own, left = count - own, parts = others.size()](
+        const std::size_t parts = own == 0 ? 1 : sharing_.threads - 1;
+        const auto begin = [own, left = count - own, parts](
                                std::size_t part) { return own + left * part / parts; };
-        for (std::size_t part = 0; part < others.size(); ++part)
-            others[part] =
+        std::vector<std::future<ByteBlocks>> others;
+        for (std::size_t part = 0; part < parts; ++part)
+            others.push_back(
                 inAnotherThread([names, first, skipped = begin(part), rows = begin(part + 1) - begin(part)] {
                     WriteArchive archive(WorkSharing{1});
                     archive.writeRows(names, advanced(first, skipped), rows);
                     return archive.takeBlocks();
-                });
+                }));
         writeRows(names, first, own);
-        for (std::size_t part = 0; part < others.size(); ++part) {
+        for (std::size_t part = 0; part < parts; ++part) {
             if (others[part].valid())
                 leaveTo(std::move(others[part]));
             else

@@ -49,7 +49,7 @@ std::vector<std::span<const std::uint8_t>> ByteBlocks::parts() const
 {
     std::vector<std::span<const std::uint8_t>> parts;
     for (const Block& block : blocks_)
-        parts.push_back(block.room.first(block.size));
+        parts.emplace_back(block.room.first(block.size));
     return parts;
 }
 
