@@ -10,6 +10,7 @@
 #include <type_traits>
 #include <vector>
 
+// clang-format off
 // The files are described once. Each record has one function fields(archive, record) that names its fields in
 // file order, and each archive is one thing that can be done with them: read, write, measure, look for what a
 // save would lose, turn into JSON and back. An archive offers
@@ -23,13 +24,15 @@
 //   guid(name, uuid)          a text of 36 characters
 //   blob(name, bytes)         byte count, then the bytes
 //   list(name, vector)        count, then the elements
-//   map(name, entryNames, map)  count, then keys and values in walk order; reading keeps the first of equal
-//   keys array(name, array, each)  each element in turn, without a count record(name, record)      the fields
-//   of a record in place
+//   map(name, entryNames, map)  count, then keys and values in walk order; reading keeps the first of equal keys
+//   array(name, array, each)  each element in turn, without a count
+//   record(name, record)      the fields of a record in place
 //
 // and, for what stands in a project once or twice and differs by direction, objects, planes, informs, stem,
 // doubledTitle, subsidence and subsidenceNames. The constant `reading` tells the direction, `binary` that the
 // fields stand as in the file; only the few places ask them where archives really differ.
+
+// clang-format on
 
 // Lets one description serve a record that is being filled and a constant one.
 template <class Given, class Record>
