@@ -91,13 +91,17 @@ void encodeAlone(benchmark::State& state)
 // 230, 2,300 and 23,000 points make about 1, 10 and 100 MB.
 constexpr std::int64_t sizes[] = {230, 770, 2300, 7700, 23000};
 
+void overSizes(benchmark::internal::Benchmark* one)
+{
+    for (const std::int64_t points : sizes)
+        one->Arg(points);
+    one->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(1);
+}
+
 void add(const std::string& name, void (*run)(benchmark::State&, const Peer*, SiteNames), SiteNames names)
 {
     for (const Peer* peer : allPeers()) {
-        auto* one = benchmark::RegisterBenchmark((name + '/' + peer->name).c_str(), run, peer, names);
-        for (const std::int64_t points : sizes)
-            one->Arg(points);
-        one->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(1);
+        overSizes(benchmark::RegisterBenchmark((name + '/' + peer->name).c_str(), run, peer, names));
         // How the points are called makes a difference to the engine alone.
         if (names != SiteNames::numeric)
             break;
@@ -112,10 +116,7 @@ void addOpenSaveBenchmarks()
     add("open_lettered", openProject, SiteNames::lettered);
     add("open_mixed", openProject, SiteNames::mixed);
     add("save", saveProject, SiteNames::numeric);
-    auto* encoding = benchmark::RegisterBenchmark("encode/tellurix", encodeAlone);
-    for (const std::int64_t points : sizes)
-        encoding->Arg(points);
-    encoding->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(1);
+    overSizes(benchmark::RegisterBenchmark("encode/tellurix", encodeAlone));
 }
 
 // In the process that measures one operation: "open" or "save", the peer, the file.

@@ -13,7 +13,7 @@ static constexpr double paleness = 0.55;
 static QIcon pictureNamed(const QString& file)
 {
     QIcon icon(QStringLiteral(":/images/") + file);
-    icon.addFile(QStringLiteral(":/images/96/") + file, {96, 96});
+    icon.addFile(QStringLiteral(":/images/96/") + file);
     return icon;
 }
 

@@ -123,8 +123,7 @@ std::vector<SaveLoss> LossArchive::takeLosses()
 
 std::wstring storedText(const std::wstring& text)
 {
-    if (isPlainAscii(text)
-        || std::all_of(text.begin(), text.end(), [](wchar_t c) { return c != L'\0' && codePageHolds(c); }))
+    if (std::all_of(text.begin(), text.end(), [](wchar_t c) { return c != L'\0' && codePageHolds(c); }))
         return text;
     const std::string bytes = toCodePage(text);
     return fromCodePage(std::string_view(bytes).substr(0, bytes.find('\0')));

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <memory>
 
-// Memory straight from the system, in its large pages where it has them and gives them unasked: most of what
-// fresh memory costs is the number of its pages.
+// Memory straight from the system, in its large pages where it has them and gives them to everybody: most of
+// what fresh memory costs is the number of its pages.
 
 inline constexpr std::size_t largePage = 1U << 21U;
 

@@ -93,12 +93,9 @@ public:
             if (refusedByOrdering(values.key_comp(), key))
                 return;
             noteKey(key);
-            if constexpr (std::same_as<typename Map::key_compare, NumericTextOrder>) {
+            if constexpr (std::same_as<typename Map::key_compare, NumericTextOrder>)
                 noteClass(key, NameClass::lettered);
-                sorted = order.admitsNumericText(key) && sorted;
-            } else {
-                sorted = order.admits(key) && sorted;
-            }
+            sorted = order.admitsNext<Map>(key) && sorted;
         });
         endRegister(name, sorted);
     }

@@ -1,10 +1,9 @@
 #include "tlxtool/commands.h"
 
 #include "core/base/mexception.h"
-#include "persistence/project_codec.h"
+#include "persistence/project_file.h"
 #include "persistence/save_losses.h"
 #include "platform/files.h"
-#include "platform/safe_write.h"
 #include "platform/system_text.h"
 #include "platform/utf8.h"
 #include "tlxtool/check.h"
@@ -100,13 +99,13 @@ static void warnOfLosses(const std::string& name, IDBProject& project)
 static void writeProject(const std::wstring& path, IDBProject& project)
 {
     const std::string name = toUtf8(path);
-    std::vector<std::uint8_t> bytes;
+    FileResult written;
     try {
-        bytes = encodeProject(project);
+        written = writeProjectFile(path, project);
     } catch (const MException& failure) {
         throw ToolError(name + ": " + toUtf8(failure.message()));
     }
-    if (const FileResult written = replaceFile(path, bytes); !written)
+    if (!written)
         throw ToolError(name + ": " + describe(written));
 }
 

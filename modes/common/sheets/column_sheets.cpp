@@ -49,27 +49,24 @@ std::vector<std::pair<std::wstring_view, PointSummary>> allPoints(
     return found;
 }
 
-std::unordered_map<std::wstring_view, std::wstring_view> greatestDepths(const LithologyRegister& layers)
+struct Depth {
+    double metres = 0;
+    std::wstring_view typed = {};
+};
+
+std::unordered_map<std::wstring_view, Depth> greatestDepths(const LithologyRegister& layers)
 {
-    std::unordered_map<std::wstring_view, std::wstring_view> depths;
-    std::wstring_view name;
-    std::wstring_view* deepest = nullptr;
-    double greatest = 0;
+    std::unordered_map<std::wstring_view, Depth> depths;
+    auto deepest = depths.end();
     for (const auto& [key, layer] : layers) {
         double depth = 0;
         if (!readTyped(key.depth, depth))
             continue;
         // The rows of a point stand together nearly always.
-        if (!deepest || name != key.pointName) {
-            name = key.pointName;
-            const auto [place, isNew] = depths.try_emplace(name, key.depth);
-            deepest = &place->second;
-            readTyped(*deepest, greatest);
-        }
-        if (depth > greatest) {
-            *deepest = key.depth;
-            greatest = depth;
-        }
+        if (deepest == depths.end() || deepest->first != key.pointName)
+            deepest = depths.try_emplace(key.pointName, Depth{depth, key.depth}).first;
+        if (depth > deepest->second.metres)
+            deepest->second = {depth, key.depth};
     }
     return depths;
 }
@@ -86,7 +83,7 @@ void fillPoints(SheetRows& rows, const SheetSource& source)
         rows.add({name,
             summary.kind == 0 ? std::wstring() : pointKindText(summary.kind),
             summary.mark,
-            foundOr(depths, name),
+            foundOr(depths, name).typed,
             countText(foundOr(holdings.layers, name)),
             countText(foundOr(holdings.samples, name)),
             countText(foundOr(holdings.waters, name)),

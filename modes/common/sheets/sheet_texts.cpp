@@ -27,8 +27,8 @@ static std::wstring_view withoutBlanks(std::wstring_view text)
 namespace
 {
 
-constexpr std::size_t longestPart =
-    9; // digits on either side of the comma: scaled, a number still fits 64 bits
+// Digits on either side of the comma: scaled, a number still fits 64 bits.
+constexpr std::size_t longestPart = 9;
 
 constexpr std::array<std::int64_t, longestPart + 1> powersOfTen = [] {
     std::array<std::int64_t, longestPart + 1> powers{1};

@@ -17,17 +17,11 @@ public:
     void add(std::span<const std::uint8_t> bytes)
     {
         size_ += bytes.size();
-        const std::size_t missing = std::min(stripe - left_, bytes.size());
         if (left_ > 0)
-            bytes = keep(bytes, missing);
-        if (left_ == stripe) {
-            mix(rest_.data());
-            left_ = 0;
-        }
+            bytes = keep(bytes);
         for (; bytes.size() >= stripe; bytes = bytes.subspan(stripe))
             mix(bytes.data());
-        if (!bytes.empty())
-            keep(bytes, bytes.size());
+        keep(bytes);
     }
 
     std::uint64_t value() const
@@ -61,11 +55,16 @@ private:
         for (std::size_t i = 0; i < lanes; ++i)
             lanes_[i] = step(lanes_[i], words[i]);
     }
-    // Returns what is behind them.
-    std::span<const std::uint8_t> keep(std::span<const std::uint8_t> bytes, std::size_t count)
+    // As many as are missing in the stripe that has begun; returns what is behind them.
+    std::span<const std::uint8_t> keep(std::span<const std::uint8_t> bytes)
     {
-        std::memcpy(rest_.data() + left_, bytes.data(), count);
+        const std::size_t count = std::min(stripe - left_, bytes.size());
+        std::copy_n(bytes.begin(), count, rest_.begin() + static_cast<std::ptrdiff_t>(left_));
         left_ += count;
+        if (left_ == stripe) {
+            mix(rest_.data());
+            left_ = 0;
+        }
         return bytes.subspan(count);
     }
 
