@@ -5,12 +5,21 @@ set(layers
     platform
     core/base
     dictionaries
+    calc
+    drawing
     "db/records|section/records|dialogs/records"
     modules
     section
     db
     ground
     persistence
+    exchange
+    site
+    tables
+    plots
+    document
+    reports
+    paint
     settings
     core/facade
     dialogs
@@ -80,7 +89,7 @@ foreach(file ${mode_files})
     file(STRINGS ${modes}/${file} includes REGEX "^#include \"")
     foreach(line ${includes})
         string(REGEX REPLACE "^#include \"([^\"]*)\".*" "\\1" target "${line}")
-        if(NOT target MATCHES "^(${own}|common|platform|core/base|dictionaries|modules|section|db|ground|persistence|dialogs/records)/")
+        if(NOT target MATCHES "^(${own}|common|platform|core/base|dictionaries|modules|section|db|ground|persistence|dialogs/records|calc|drawing|exchange|site|tables|plots|document|reports|paint)/")
             message(SEND_ERROR "modes/${file} includes ${target}, which is no module's business")
             math(EXPR faults "${faults} + 1")
         endif()

@@ -9,7 +9,7 @@ foreach(folder platform core/base dictionaries db section dialogs/records module
     install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/${folder}/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tellurix/${folder}
         COMPONENT sdk FILES_MATCHING PATTERN "*.h" PATTERN "*.def")
 endforeach()
-install(TARGETS tellurix_engine EXPORT TellurixTargets COMPONENT sdk)
+install(TARGETS tellurix_base tellurix_engine EXPORT TellurixTargets COMPONENT sdk)
 install(TARGETS tellurix_options EXPORT TellurixTargets COMPONENT sdk)
 install(EXPORT TellurixTargets NAMESPACE Tellurix:: DESTINATION ${sdk_folder} COMPONENT sdk)
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/TellurixConfig.cmake.in

@@ -1,12 +1,14 @@
 #include "common/number_sort_proxy.h"
 
+#include "core/base/typed_number.h"
+
 #include <QCollator>
 
 bool readNumber(const QString& text, double& number)
 {
-    bool isNumber = false;
-    number = QString(text).replace(QLatin1Char(','), QLatin1Char('.')).toDouble(&isNumber);
-    return isNumber;
+    const Number read = readNumber(text.toStdWString());
+    number = read.value_or(number);
+    return read.has_value();
 }
 
 NumberSortProxy::NumberSortProxy(QObject* parent)

@@ -1,9 +1,8 @@
 #include "listCoords/point_cells.h"
 
 #include "common/number_sort_proxy.h"
+#include "core/base/calendar_date.h"
 #include "dictionaries/captions.h"
-
-#include <QDate>
 
 #include <algorithm>
 #include <iterator>
@@ -106,34 +105,6 @@ void setCode(PointEntry& point, int column, int code)
         (column == PointProfileColumn ? point.second.front().kindA : point.second.front().kindB) = code;
 }
 
-// The date that every row has, read at once: the toolkit's reader asks the system for the time zone each
-// time.
-bool isUsualDate(const QString& text)
-{
-    if (text.size() != 10 || text[2] != QLatin1Char('.') || text[5] != QLatin1Char('.'))
-        return false;
-    const auto digits = [&text](int from, int count) {
-        int value = 0;
-        for (int i = from; i < from + count; ++i) {
-            if (text[i] < QLatin1Char('0') || text[i] > QLatin1Char('9'))
-                return 0;
-            value = value * 10 + (text[i].unicode() - '0');
-        }
-        return value;
-    };
-    return QDate::isValid(digits(6, 4), digits(3, 2), digits(0, 2));
-}
-
-bool isDate(const QString& text)
-{
-    if (isUsualDate(text))
-        return true;
-    for (const auto* format : {"d.M.yyyy", "dd.MM.yy", "yyyy-MM-dd"})
-        if (QDate::fromString(text, QLatin1String(format)).isValid())
-            return true;
-    return false;
-}
-
 } // namespace
 
 QVector<GridColumn> pointColumns()
@@ -196,7 +167,7 @@ QString pointCellWarning(int column, const QString& text)
         return QStringLiteral(
             "Разрезы и расчёты прочтут «%1» без дробной части. Отделяйте дробь точкой, не запятой.")
             .arg(text);
-    if (columns[column].kind == GridColumn::Date && !isDate(text))
+    if (columns[column].kind == GridColumn::Date && !readDate(text.toStdWString()))
         return QStringLiteral("Такой даты нет. Пишите число, месяц и год: 31.12.2019.");
     return {};
 }

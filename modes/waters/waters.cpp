@@ -1,40 +1,11 @@
 #include "common/column_register_screen.h"
+#include "core/base/calendar_date.h"
 #include "modules/module_export.h"
-
-#include <QDate>
-#include <QRegularExpression>
 
 namespace
 {
 
 enum Column { Depth, Date, Appeared, Settled };
-
-// Day, month, year as people part them; years of two digits are those of the surveys that are on file.
-bool readDate(const QString& text, Date3& date)
-{
-    static const QRegularExpression form(
-        QStringLiteral("^\\s*(\\d{1,2})[./-](\\d{1,2})[./-](\\d{2}|\\d{4})\\s*$"));
-    const QRegularExpressionMatch match = form.match(text);
-    if (!match.hasMatch())
-        return false;
-    int year = match.captured(3).toInt();
-    if (match.capturedLength(3) == 2)
-        year += year < 70 ? 2000 : 1900;
-    const Date3 read{year, match.captured(2).toInt(), match.captured(1).toInt()};
-    if (read.year == 0 || !QDate::isValid(read.year, read.month, read.day))
-        return false;
-    date = read;
-    return true;
-}
-
-QString dateText(const Date3& date)
-{
-    return date.year == 0 ? QString()
-                          : QStringLiteral("%1.%2.%3")
-                                .arg(date.day, 2, 10, QLatin1Char('0'))
-                                .arg(date.month, 2, 10, QLatin1Char('0'))
-                                .arg(date.year, 4, 10, QLatin1Char('0'));
-}
 
 QString flagText(std::int32_t flag)
 {
@@ -69,7 +40,10 @@ public:
     QVector<QString> cells(const RegisterValue& value) const override
     {
         const auto& level = std::get<WaterValue>(value);
-        return {QString(), dateText(level.date), flagText(level.flagA), flagText(level.flagB)};
+        return {QString(),
+            QString::fromStdWString(dateText(level.date)),
+            flagText(level.flagA),
+            flagText(level.flagB)};
     }
 
     QString read(int column, const QString& text, RegisterValue& value) const override
@@ -87,9 +61,9 @@ public:
 private:
     static QString readDateCell(const QString& text, Date3& date)
     {
-        if (text.isEmpty())
-            date = {};
-        else if (!readDate(text, date))
+        const std::optional<Date3> read = text.isEmpty() ? Date3() : readDate(text.toStdWString());
+        date = read.value_or(date);
+        if (!read)
             return QStringLiteral("«%1» — не дата. Введите день, месяц и год: 31.12.2019.").arg(text);
         return {};
     }

@@ -67,57 +67,6 @@ static Reference<DBProject> sample(const std::wstring& name)
     return readProject(path, bytes, report);
 }
 
-TEST(SheetTexts, readsNumbersAsTheyAreTyped)
-{
-    const struct {
-        std::wstring_view text;
-        bool isNumber;
-        double number;
-    } rows[] = {
-        {L"2.5", true, 2.5},
-        {L" -2,50\t", true, -2.5},
-        {L"+7", true, 7},
-        {L".5", true, 0.5},
-        {L"123456789.123456789", true, 123456789.123456789},
-        {L"1234567890", false, 0},
-        {L"0.1234567890", false, 0},
-        {L"", false, 0},
-        {L".", false, 0},
-        {L"-", false, 0},
-        {L"1.2.3", false, 0},
-        {L"2-5", false, 0},
-        {L"12 м", false, 0},
-        {L"1e3", false, 0},
-        {L"٣", false, 0},
-    };
-    for (const auto& row : rows) {
-        double number = 0;
-        EXPECT_EQ(readTyped(row.text, number), row.isNumber) << narrow(row.text);
-        EXPECT_DOUBLE_EQ(number, row.number) << narrow(row.text);
-    }
-}
-
-TEST(SheetTexts, subtractsWithoutTheRoundingOfFractions)
-{
-    const struct {
-        std::wstring_view a, b;
-        const char* difference;
-    } rows[] = {
-        {L"1.40", L"0.80", "0.60"},
-        {L"0.3", L"0.1", "0.2"},
-        {L"15.65", L"0", "15.65"},
-        {L"14,2", L"24.75", "-10,55"},
-        {L"3", L"1", "2"},
-        {L"0.05", L"0.1", "-0.05"},
-        {L"2.50", L"2.5", "0.00"},
-        {L"999999999", L"-999999999.999999999", "1999999998.999999999"},
-        {L"", L"1", ""},
-        {L"1", L"до забоя", ""},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(narrow(differenceText(row.a, row.b)), row.difference) << narrow(row.a) << narrow(row.b);
-}
-
 TEST(Sheets, layersFollowEachOtherFromTheTopOfEachPoint)
 {
     const auto project = makeReference<DBProject>();

@@ -35,7 +35,9 @@ void sortByDepth(std::vector<const Row*>& rows)
     std::vector<Placed> placed(rows.size());
     std::transform(rows.begin(), rows.end(), placed.begin(), [](const Row* row) {
         Placed made{false, 0, row};
-        made.isText = !readTyped(row->first.depth, made.depth);
+        const Number depth = readNumber(row->first.depth);
+        made.isText = !depth;
+        made.depth = depth.value_or(0);
         return made;
     });
     if (std::is_sorted(placed.begin(), placed.end(), isAbove))

@@ -59,9 +59,10 @@ std::unordered_map<std::wstring_view, Depth> greatestDepths(const LithologyRegis
     std::unordered_map<std::wstring_view, Depth> depths;
     auto deepest = depths.end();
     for (const auto& [key, layer] : layers) {
-        double depth = 0;
-        if (!readTyped(key.depth, depth))
+        const Number read = readNumber(key.depth);
+        if (!read)
             continue;
+        const double depth = *read;
         // The rows of a point stand together nearly always.
         if (deepest == depths.end() || deepest->first != key.pointName)
             deepest = depths.try_emplace(key.pointName, Depth{depth, key.depth}).first;
@@ -106,9 +107,8 @@ class MergedColumn
 public:
     DepthRow& at(std::wstring_view depth)
     {
-        double number = 0;
-        const bool isNumber = readTyped(depth, number);
-        const DepthPlace place{!isNumber, number, isNumber ? std::wstring_view() : depth};
+        const Number number = readNumber(depth);
+        const DepthPlace place{!number, number.value_or(0), number ? std::wstring_view() : depth};
         DepthRow& row = rows_[place];
         row.depth = row.depth.empty() ? depth : row.depth;
         return row;

@@ -80,11 +80,9 @@ struct IndexSummary {
 
 void keepExtreme(std::wstring& kept, const std::wstring& thickness, bool greatest)
 {
-    double old = 0;
-    double now = 0;
-    if (!readTyped(thickness, now))
-        return;
-    if (!readTyped(kept, old) || (greatest ? now > old : now < old))
+    const Number now = readNumber(thickness);
+    const Number old = readNumber(kept);
+    if (now && (!old || (greatest ? *now > *old : *now < *old)))
         kept = thickness;
 }
 

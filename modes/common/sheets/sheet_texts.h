@@ -1,6 +1,7 @@
 #pragma once
 
-#include "db/records/register_header.h"
+#include "core/base/calendar_date.h"
+#include "core/base/typed_number.h"
 #include "dictionaries/dictionary.h"
 
 #include <array>
@@ -11,14 +12,6 @@
 #include <vector>
 
 // Cells from what the project holds.
-
-// The number that a cell holds as people type it: sign, up to nine digits and up to nine decimals behind a
-// comma or a point, blanks around. False where the cell holds anything else, or not all of it is the number.
-bool readTyped(std::wstring_view text, double& number);
-
-// a - b, exact, with as many decimals as the longer one has, and its kind of comma; empty where one is no
-// number.
-std::wstring differenceText(std::wstring_view a, std::wstring_view b);
 
 // A whole number. The library's own words for it go through the formatting of all numbers, which in a sheet
 // of 100,000 rows takes longer than all else.
@@ -32,9 +25,6 @@ std::wstring wholeText(Number number)
 
 // Shortest text that reads as this single.
 std::wstring singleText(float number);
-
-// "07.08.2019"; empty for a date that was never given.
-std::wstring dateText(const Date3& date);
 
 inline std::wstring_view yesText(bool value)
 {

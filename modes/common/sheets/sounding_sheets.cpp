@@ -11,8 +11,8 @@ std::wstring_view greatestDepth(const std::vector<SoundingRow>& journal)
     std::wstring_view deepest;
     double greatest = 0;
     for (const SoundingRow& row : journal)
-        if (double depth = 0; readTyped(row.depth, depth) && (deepest.empty() || depth > greatest)) {
-            greatest = depth;
+        if (const Number depth = readNumber(row.depth); depth && (deepest.empty() || *depth > greatest)) {
+            greatest = *depth;
             deepest = row.depth;
         }
     return deepest;

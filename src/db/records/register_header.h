@@ -1,14 +1,8 @@
 #pragma once
 
+#include "core/base/calendar_date.h"
+
 #include <cstdint>
-
-struct Date3 {
-    std::int32_t year = 0;
-    std::int32_t month = 0;
-    std::int32_t day = 0;
-
-    bool operator==(const Date3&) const = default;
-};
 
 // What a screen keeps beside its register for the time a project is open; never in the file.
 struct RegisterHeader {
