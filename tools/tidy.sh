@@ -1,9 +1,16 @@
 #!/usr/bin/env bash
-# clang-tidy over the sources of what is shipped: tools/tidy.sh BUILD_FOLDER, which holds compile_commands.json; with
-# "all" behind it also over tests, benchmarks and fuzzers, which take as long again.
+# clang-tidy: tools/tidy.sh BUILD_FOLDER [all], the folder holding compile_commands.json. Looks at the sources of what is
+# shipped that have changed since the commit in .ci/linted, the last at which all of them were clean; with "all" at every
+# source, tests, benchmarks and fuzzers too. Whoever ran "all" without a finding writes that commit there.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
-sources=('src/*.cpp' 'modes/*.cpp' 'tools/tlxtool/*.cpp' 'tools/make_libraries/*.cpp')
-[ "${2:-}" != all ] || sources+=('tools/*.cpp' 'tests/*.cpp' 'bench/*.cpp' 'fuzz/*.cpp')
-git ls-files "${sources[@]}" | grep -v -e windows -e tests/sdk/module/ \
-    | xargs -P "$(nproc)" -n 4 clang-tidy -p "$1" --quiet 2>/dev/null
+shipped=('src/*.cpp' 'modes/*.cpp' 'tools/tlxtool/*.cpp' 'tools/make_libraries/*.cpp')
+linted=$(cat .ci/linted)
+if [ "${2:-}" = all ]; then
+    git ls-files "${shipped[@]}" 'tools/*.cpp' 'tests/*.cpp' 'bench/*.cpp' 'fuzz/*.cpp'
+elif git merge-base --is-ancestor "$linted" HEAD 2>/dev/null; then
+    git diff --name-only --diff-filter=d "$linted" -- "${shipped[@]}"
+else
+    git ls-files "${shipped[@]}"
+fi | sort -u | grep -v -e windows -e tests/sdk/module/ \
+    | xargs -r -P "$(nproc)" -n 4 clang-tidy -p "$1" --quiet 2>/dev/null
