@@ -38,10 +38,7 @@ SheetScreen::SheetScreen(TX_Modes mode,
     const std::vector<Sheet>& sheets,
     const SheetDrawings& drawings,
     QWidget* parent)
-    : TXWidget(parent)
-    , mode_(mode)
-    , controller_(controller)
-    , observer_(this)
+    : ModeScreen(mode, controller, parent)
     , filterRest_(new QTimer(this))
 {
     auto* layout = new QVBoxLayout(this);
@@ -54,14 +51,8 @@ SheetScreen::SheetScreen(TX_Modes mode,
     setFocusProxy(filter_);
     filterRest_->setSingleShot(true);
     filterRest_->setInterval(150);
-    connectSignals();
+    connectViews();
     addShortcuts();
-    controller_->attach(&observer_);
-}
-
-SheetScreen::~SheetScreen()
-{
-    controller_->detach(&observer_);
 }
 
 QWidget* SheetScreen::makeHead()
@@ -107,7 +98,7 @@ void SheetScreen::addPages(const std::vector<Sheet>& sheets, const SheetDrawings
         auto* page = new SheetPage(
             sheet,
             [this] { return source(); },
-            pictureOf(mode_),
+            pictureOf(mode()),
             drawing == drawings.end() ? MakeDrawing() : drawing->second,
             this);
         connect(page, &SheetPage::rowsChanged, this, [this] { showCount(); });
@@ -118,12 +109,12 @@ void SheetScreen::addPages(const std::vector<Sheet>& sheets, const SheetDrawings
     }
     if (tabs_)
         connect(tabs_, &QTabWidget::currentChanged, this, [this] {
-            readIfStale();
+            readFront();
             filter();
         });
 }
 
-void SheetScreen::connectSignals()
+void SheetScreen::connectViews()
 {
     connect(filter_, &QLineEdit::textChanged, this, [this] {
         if (page()->allRows() < manyRows)
@@ -132,16 +123,6 @@ void SheetScreen::connectSignals()
             filterRest_->start();
     });
     connect(filterRest_, &QTimer::timeout, this, [this] { filter(); });
-    // Nothing waits here to be stored.
-    connect(this, &TXWidget::signalUpdateDB, this, [] { return true; });
-    connect(this, &TXWidget::signalUpdateInfo, this, [this] {
-        reattach();
-        readAnew();
-    });
-    for (const auto signal :
-        {&TXWidget::signalUpdateComplexPoints, &TXWidget::signalChangeLanguage, &TXWidget::signalUpdateSetup})
-        connect(this, signal, this, [this] { readAnew(); });
-    connect(this, &TXWidget::signalUpdateMode, this, [this] { becomeCurrent(); });
 }
 
 void SheetScreen::addShortcuts()
@@ -165,43 +146,13 @@ void SheetScreen::turnPage(int by)
         tabs_->setCurrentIndex((tabs_->currentIndex() + by + tabs_->count()) % tabs_->count());
 }
 
-void SheetScreen::becomeCurrent()
-{
-    Q_EMIT signalDeleteRecord(mode_, false);
-    Q_EMIT signalAddRecord(mode_, false);
-    Q_EMIT signalUpdateMenus();
-}
-
-// The shell drops all observers with every project that it opens, and with a close that is called off.
-void SheetScreen::reattach()
-{
-    controller_->detach(&observer_);
-    controller_->attach(&observer_);
-}
-
-void SheetScreen::readAnew()
+void SheetScreen::readProject(IDBProject*)
 {
     stale_.assign(pages_.size(), true);
-    readSoon();
+    readFront();
 }
 
-// A change of the mode tells of itself up to three times before the first painting; a large project is read
-// for all of them once.
-void SheetScreen::readSoon()
-{
-    if (std::exchange(readsSoon_, true))
-        return;
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            readsSoon_ = false;
-            if (isVisible())
-                readIfStale();
-        },
-        Qt::QueuedConnection);
-}
-
-void SheetScreen::readIfStale()
+void SheetScreen::readFront()
 {
     const auto current = static_cast<std::size_t>(tabs_ ? tabs_->currentIndex() : 0);
     if (!stale_[current])
@@ -218,7 +169,7 @@ void SheetScreen::filter()
 
 void SheetScreen::showCount()
 {
-    count_->setText(controller_->project() && page()->allRows() > 0
+    count_->setText(project() && page()->allRows() > 0
             ? QStringLiteral("Показано %1 из %2").arg(page()->shownRows()).arg(page()->allRows())
             : QString());
 }
@@ -230,23 +181,15 @@ SheetPage* SheetScreen::page() const
 
 std::optional<SheetSource> SheetScreen::source() const
 {
-    IDBProject* project = controller_->project();
-    if (!project)
+    if (!project())
         return std::nullopt;
-    ISettings* settings = controller_->settings();
-    return SheetSource{*project, settings ? settings->reportLanguage() : 0};
-}
-
-void SheetScreen::showEvent(QShowEvent* event)
-{
-    TXWidget::showEvent(event);
-    readSoon();
+    return SheetSource{*project(), settings() ? settings()->reportLanguage() : 0};
 }
 
 bool SheetScreen::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched != filter_ || event->type() != QEvent::KeyPress)
-        return TXWidget::eventFilter(watched, event);
+        return ModeScreen::eventFilter(watched, event);
     switch (static_cast<QKeyEvent*>(event)->key()) {
     case Qt::Key_Down:
     case Qt::Key_Return:

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QHeaderView>
 #include <QSettings>
+#include <QSplitter>
 #include <QTimer>
 
 std::unique_ptr<QSettings> viewSettings()
@@ -20,6 +21,17 @@ static void saveWidths(const QHeaderView* header, const QString& name)
     viewSettings()->setValue(QStringLiteral("widths/") + name, widths);
 }
 
+// A drag reports every pixel; the file follows when the hand rests.
+template <class Save>
+static QTimer* whenHandRests(QObject* owner, Save save)
+{
+    auto* rest = new QTimer(owner);
+    rest->setSingleShot(true);
+    rest->setInterval(400);
+    QObject::connect(rest, &QTimer::timeout, owner, save);
+    return rest;
+}
+
 void keepColumnWidths(QHeaderView* header, const QString& name)
 {
     const QStringList widths = viewSettings()->value(QStringLiteral("widths/") + name).toStringList();
@@ -27,10 +39,17 @@ void keepColumnWidths(QHeaderView* header, const QString& name)
         if (const int width = widths[column].toInt(); width > 0)
             header->resizeSection(column, width);
 
-    // A drag reports every pixel; the file follows when the hand rests.
-    auto* rest = new QTimer(header);
-    rest->setSingleShot(true);
-    rest->setInterval(400);
-    QObject::connect(rest, &QTimer::timeout, header, [header, name] { saveWidths(header, name); });
+    QTimer* rest = whenHandRests(header, [header, name] { saveWidths(header, name); });
     QObject::connect(header, &QHeaderView::sectionResized, rest, [rest] { rest->start(); });
+}
+
+void keepSplitter(QSplitter* splitter, const QString& name, const QList<int>& sizes)
+{
+    const QString key = QStringLiteral("splitters/") + name;
+    splitter->setChildrenCollapsible(false);
+    splitter->setSizes(sizes);
+    splitter->restoreState(viewSettings()->value(key).toByteArray());
+    QTimer* rest =
+        whenHandRests(splitter, [splitter, key] { viewSettings()->setValue(key, splitter->saveState()); });
+    QObject::connect(splitter, &QSplitter::splitterMoved, rest, [rest] { rest->start(); });
 }
