@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <variant>
 #include <vector>
@@ -53,6 +54,9 @@ struct Area {
     bool hasGround = false;
     std::uint32_t hatch = 0; // number in the hatch library; 0: none
     Spot origin = {}; // the tiles are counted from here, so that neighbouring areas go together
+    double hatchUnit =
+        0.25; // mm of paper that a unit of the tile is: hundredths of the settings scaleHatching*
+    Color hatchColor = {}; // of the strokes
 };
 
 struct Circle {
@@ -106,6 +110,10 @@ struct Item {
     Layer layer = Layer::Frame;
     std::int64_t id = 0; // what a click finds; 0: nothing
     std::variant<Line, Area, Circle, Text> shape;
+    // Neighbouring items of one sign at one place belong together: a block in DXF. All instances of a sign
+    // look alike, counted from their places.
+    std::string sign = {};
+    Spot signAt = {};
 };
 
 struct Drawing {
@@ -113,4 +121,6 @@ struct Drawing {
     double height = 297; // mm
     std::wstring title = {}; // of the file that holds it
     std::vector<Item> items = {};
+    // Names of layers in files where they are not the usual ones, as the project's layer fields.
+    std::map<Layer, std::wstring> layerNames = {};
 };

@@ -1,0 +1,116 @@
+#include "drawing/hatch.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numeric>
+#include <string_view>
+
+static std::vector<std::uint8_t> bytesOf(std::string_view text)
+{
+    return {text.begin(), text.end()};
+}
+
+static Hatches hatchOf(std::string_view text)
+{
+    return readHatches({{1, bytesOf(text)}});
+}
+
+static Area boxOf(double left, double top, double right, double bottom, double unit = 1)
+{
+    Area area;
+    area.rings = {{{left, top}, {right, top}, {right, bottom}, {left, bottom}}};
+    area.hatch = 1;
+    area.hatchUnit = unit;
+    return area;
+}
+
+static double lengthOf(const HatchStrokes& strokes)
+{
+    return std::accumulate(strokes.lines.begin(), strokes.lines.end(), 0.0, [](double sum, const auto& line) {
+        return sum + std::hypot(line.to.x - line.from.x, line.to.y - line.from.y);
+    });
+}
+
+TEST(HatchTile, TakesWhatTheLibraryHoldsAndNothingElse)
+{
+    const std::optional<HatchTile> tile = readHatchTile(bytesOf(
+        "Супесь\n24 20\nline 0 0 13.92 -13.92\ndot 18.96 -18.96 1.5\noval 1 2 3 4 45\nfill 0 0 1 0 1 1\n"));
+    ASSERT_TRUE(tile);
+    EXPECT_EQ(tile->name, L"Супесь");
+    EXPECT_EQ(tile->width, 24);
+    EXPECT_EQ(tile->height, 20);
+    ASSERT_EQ(tile->shapes.size(), 4U);
+    EXPECT_EQ(tile->shapes[0].numbers, (std::vector<double>{0, 0, 13.92, -13.92}));
+    for (const char* text : {"",
+             "a\n1 1\n",
+             "a\n0 1\ndot 1 1 1\n",
+             "a\n1 401\ndot 1 1 1\n",
+             "a\n1 1 1\ndot 1 1 1\n",
+             "a\n1 1\ndot 1 1\n",
+             "a\n1 1\ndot 1 1 nan\n",
+             "a\n1 1\ndot 1 1 1e999\n",
+             "a\n1 1\nline 1 1 2\n",
+             "a\n1 1\nline 1,5 1 2 2\n",
+             "a\n1 1\nring 1 1 2\n",
+             "a\n1 1\ndot 1 1 1",
+             "\xff\n1 1\ndot 1 1 1\n"})
+        EXPECT_FALSE(readHatchTile(bytesOf(text))) << text;
+}
+
+TEST(HatchStrokes, LinesFillTheBoxAndStayInside)
+{
+    const Hatches hatches = hatchOf("a\n10 10\nline 0 5 10 5\n");
+    const HatchStrokes strokes = hatchStrokes(boxOf(3, 0, 28, 40), hatches);
+    EXPECT_NEAR(lengthOf(strokes), 25 * 4, 1e-6);
+    for (const HatchStrokes::Segment& line : strokes.lines) {
+        EXPECT_GE(std::min(line.from.x, line.to.x), 3 - 1e-9);
+        EXPECT_LE(std::max(line.from.x, line.to.x), 28 + 1e-9);
+    }
+}
+
+TEST(HatchStrokes, HolesStayFree)
+{
+    Area area = boxOf(0, 0, 20, 20);
+    area.rings.push_back({{5, 0}, {15, 0}, {15, 20}, {5, 20}});
+    EXPECT_NEAR(lengthOf(hatchStrokes(area, hatchOf("a\n10 10\nline 0 5 10 5\n"))), 20, 1e-6);
+    // A triangle: what is above the slope is left out.
+    area.rings = {{{0, 0}, {20, 20}, {0, 20}}};
+    EXPECT_NEAR(lengthOf(hatchStrokes(area, hatchOf("a\n10 10\nline 0 5 10 5\n"))), 5 + 15, 1e-6);
+}
+
+TEST(HatchStrokes, TheUnitIsTheDensityAndTheOriginMovesTheTiles)
+{
+    const Hatches hatches = hatchOf("a\n10 10\nline 0 5 10 5\n");
+    EXPECT_NEAR(lengthOf(hatchStrokes(boxOf(0, 0, 20, 20, 0.25), hatches)), 20 * 8, 1e-6);
+    Area area = boxOf(0, 0, 20, 20);
+    area.origin = {0, 5};
+    const HatchStrokes moved = hatchStrokes(area, hatches);
+    ASSERT_FALSE(moved.lines.empty());
+    for (const HatchStrokes::Segment& line : moved.lines)
+        EXPECT_NEAR(std::remainder(line.from.y, 10), 0, 1e-9);
+}
+
+TEST(HatchStrokes, DotsAreWholeOrNotThere)
+{
+    const Hatches hatches = hatchOf("a\n10 10\ndot 10 5 4\n");
+    // The dots at the two edges are cut, that in the middle is whole.
+    const HatchStrokes strokes = hatchStrokes(boxOf(0, 0, 20, 10), hatches);
+    ASSERT_EQ(strokes.fills.size(), 1U);
+    for (const Spot& spot : strokes.fills.front())
+        EXPECT_NEAR(std::hypot(spot.x - 10, spot.y - 5), 2, 1e-9);
+    const HatchStrokes oval = hatchStrokes(boxOf(0, 0, 20, 10), hatchOf("a\n10 10\noval 5 5 4 4 0\n"));
+    EXPECT_NEAR(lengthOf(oval), 2 * 3.14159 * 2 * 2, 0.2);
+}
+
+TEST(HatchStrokes, NonsenseLeavesNothing)
+{
+    const Hatches hatches = hatchOf("a\n10 10\nline 0 5 10 5\n");
+    Area area = boxOf(0, 0, 20, 20);
+    area.hatch = 2;
+    EXPECT_TRUE(hatchStrokes(area, hatches).lines.empty());
+    EXPECT_TRUE(hatchStrokes(boxOf(0, 0, 20, 20, 0), hatches).lines.empty());
+    EXPECT_TRUE(hatchStrokes(boxOf(0, 0, 20, 20, 1e-9), hatches).lines.empty());
+    EXPECT_TRUE(hatchStrokes(boxOf(0, 0, std::nan(""), 20), hatches).lines.empty());
+    EXPECT_TRUE(hatchStrokes(boxOf(5, 5, 5, 5), hatches).lines.empty());
+}
