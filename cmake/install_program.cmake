@@ -4,6 +4,7 @@
 get_property(modules GLOBAL PROPERTY TELLURIX_MODULES)
 install(TARGETS tellurix tlxtool ${modules} COMPONENT program RUNTIME DESTINATION . LIBRARY DESTINATION .)
 install(DIRECTORY ${TELLURIX_PROGRAM_FOLDER}/hatch ${TELLURIX_PROGRAM_FOLDER}/igkPreset
+    ${TELLURIX_PROGRAM_FOLDER}/fonts
     DESTINATION . COMPONENT program)
 if(WIN32)
     return()
@@ -16,8 +17,8 @@ install(FILES ${linux}/tellurix.desktop ${linux}/tellurix-project.xml ${linux}/t
 install(FILES ${linux}/Прочти.txt DESTINATION . COMPONENT program)
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION Лицензии RENAME Tellurix.txt COMPONENT program)
 install(FILES ${linux}/licences.txt DESTINATION Лицензии RENAME Прочти.txt COMPONENT program)
-# Both are headers, compiled into tlxtool.
-foreach(package nlohmann-json3-dev libcli11-dev)
+# The first two are headers, compiled into tlxtool; the others the fonts of the drawings.
+foreach(package nlohmann-json3-dev libcli11-dev fonts-liberation2 fonts-roboto-unhinted)
     install(FILES /usr/share/doc/${package}/copyright DESTINATION Лицензии RENAME ${package}.txt
         COMPONENT program OPTIONAL)
 endforeach()

@@ -20,10 +20,10 @@ rm -rf $folder
 cmake --install $build --component program --prefix $folder >/dev/null
 x86_64-w64-mingw32-strip $folder/*.exe $folder/*.dll
 mkdir -p $folder/Qt/plugins $folder/translations
-for kind in platforms imageformats styles; do
+for kind in platforms imageformats styles printsupport; do
     cp -r $qt/plugins/$kind $folder/Qt/plugins/
 done
-rm $folder/Qt/plugins/platforms/qminimal.dll $folder/Qt/plugins/platforms/qoffscreen.dll
+rm $folder/Qt/plugins/platforms/qminimal.dll
 cp /usr/share/qt5/translations/qtbase_ru.qm $folder/translations/
 
 # The libraries that all this needs, and what they need in turn. What is in neither place is of Windows itself.
@@ -49,7 +49,7 @@ as_windows_text LICENSE >$licences/Tellurix.txt
 for text in LGPL-3 GPL-3; do
     as_windows_text /usr/share/common-licenses/$text >$licences/$text.txt
 done
-for package in nlohmann-json3-dev libcli11-dev mingw-w64-common g++-mingw-w64-x86-64-posix; do
+for package in nlohmann-json3-dev libcli11-dev fonts-liberation2 fonts-roboto-unhinted mingw-w64-common g++-mingw-w64-x86-64-posix; do
     as_windows_text /usr/share/doc/$package/copyright >$licences/$package.txt
 done
 
