@@ -3,9 +3,9 @@
 #include "common/number_sort_proxy.h"
 #include "common/picture_actions.h"
 #include "common/ruler_step.h"
-#include "common/sheets/by_point.h"
 #include "dictionaries/laboratory_vocabulary.h"
 #include "modules/idbproject.h"
+#include "site/by_point.h"
 
 #include <QHelpEvent>
 #include <QMouseEvent>

@@ -1,8 +1,8 @@
 #include "common/section_data.h"
 
 #include "common/number_sort_proxy.h"
-#include "common/sheets/by_point.h"
 #include "modules/idbproject.h"
+#include "site/by_point.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,9 +2,9 @@
 
 #include "common/lithology_column.h"
 #include "common/section_drawing.h"
-#include "common/sheets/by_point.h"
 #include "common/sheets/sheets.h"
 #include "modules/itellurix_controller.h"
+#include "site/by_point.h"
 
 MakeDrawing columnDrawing(ITellurixController* controller)
 {

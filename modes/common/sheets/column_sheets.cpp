@@ -1,8 +1,9 @@
-#include "common/sheets/by_point.h"
+#include "common/sheets/sheet_texts.h"
 #include "common/sheets/sheets.h"
 #include "dictionaries/laboratory_vocabulary.h"
 #include "dictionaries/section_captions.h"
 #include "dictionaries/soil_names.h"
+#include "site/by_point.h"
 
 #include <map>
 #include <tuple>

@@ -1,6 +1,7 @@
-#include "common/sheets/by_point.h"
+#include "common/sheets/sheet_texts.h"
 #include "common/sheets/sheets.h"
 #include "dictionaries/captions.h"
+#include "site/by_point.h"
 
 #include <map>
 

@@ -1,4 +1,4 @@
-#include "common/sheets/by_point.h"
+#include "common/sheets/sheet_texts.h"
 #include "common/sheets/sheets.h"
 #include "dictionaries/captions.h"
 #include "dictionaries/fractions.h"
@@ -6,6 +6,7 @@
 #include "dictionaries/modes.h"
 #include "dictionaries/properties.h"
 #include "dictionaries/test_loads.h"
+#include "site/by_point.h"
 
 #include <algorithm>
 #include <array>

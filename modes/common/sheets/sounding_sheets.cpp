@@ -1,7 +1,8 @@
-#include "common/sheets/by_point.h"
+#include "common/sheets/sheet_texts.h"
 #include "common/sheets/sheets.h"
 #include "dictionaries/captions.h"
 #include "dictionaries/sounding_captions.h"
+#include "site/by_point.h"
 
 namespace
 {

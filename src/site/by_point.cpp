@@ -1,4 +1,4 @@
-#include "common/sheets/by_point.h"
+#include "site/by_point.h"
 
 std::unordered_map<std::wstring_view, std::wstring_view> absoluteMarks(IDBProject& project)
 {

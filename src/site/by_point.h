@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/sheets/sheet_texts.h"
+#include "core/base/typed_number.h"
 #include "modules/idbproject.h"
 
 #include <algorithm>

@@ -1,0 +1,61 @@
+#include "site/points.h"
+
+#include "dictionaries/captions.h"
+#include "modules/idbproject.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace
+{
+
+struct KindNames {
+    int kind;
+    std::wstring_view name;
+    std::wstring_view shortName;
+};
+constexpr KindNames kinds[] = {
+    {1, L"Скважина", captions::boreholeShortRussian},
+    {2, L"Шурф", captions::pit},
+    {3, L"Зондирование", captions::soundingPointShort},
+};
+
+std::wstring nameOf(int kind, std::wstring_view KindNames::*name)
+{
+    const auto found = std::find_if(
+        std::begin(kinds), std::end(kinds), [kind](const KindNames& names) { return names.kind == kind; });
+    return found == std::end(kinds) ? std::to_wstring(kind) : std::wstring(found->*name);
+}
+
+} // namespace
+
+std::wstring pointKindName(int kind)
+{
+    return nameOf(kind, &KindNames::name);
+}
+
+std::wstring pointKindShortName(int kind)
+{
+    return nameOf(kind, &KindNames::shortName);
+}
+
+std::vector<SitePoint> sitePoints(IDBProject& project)
+{
+    std::vector<SitePoint> points;
+    points.reserve(project.getPointRegister().size());
+    for (const auto& [key, rows] : project.getPointRegister()) {
+        SitePoint point{.name = key.pointName};
+        if (key.pointKind <= static_cast<std::uint8_t>(PointKind::Sounding))
+            point.kind = static_cast<PointKind>(key.pointKind);
+        if (!rows.empty()) {
+            const PointRow& row = rows.front();
+            point.x = readNumber(row.text0);
+            point.y = readNumber(row.text1);
+            point.mark = readNumber(row.absoluteMark);
+            point.markText = row.absoluteMark;
+            point.date = row.text6;
+        }
+        points.push_back(point);
+    }
+    return points;
+}
