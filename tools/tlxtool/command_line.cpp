@@ -30,6 +30,7 @@ struct Arguments {
     std::string first;
     std::string second;
     std::string folder;
+    std::string language = "ru";
     bool compact = false;
 };
 
@@ -83,6 +84,13 @@ void addCommands(CLI::App& tool, Arguments& arguments)
         ->required()
         ->option_text("DIR")
         ->group("Ключи");
+
+    CLI::App& calculated =
+        addCommand(tool, "calc", "все результаты расчётов в JSON: пробы, ИГЭ, статистика (без округления)");
+    addName(calculated, "FILE", arguments.first, "файл проекта");
+    calculated.add_option("--language", arguments.language, "язык наименований: ru или uk")
+        ->option_text("ru|uk")
+        ->group("Ключи");
 }
 
 void prepareTool(CLI::App& tool, Arguments& arguments)
@@ -127,6 +135,8 @@ int runCommand(const std::string& name, const Arguments& given, Output& output)
         return runResave(given.first, given.second);
     if (name == "diff")
         return runDiff(output, given.first, given.second);
+    if (name == "calc")
+        return runCalc(output, given.first, given.language);
     return runExport(output, given.first, given.folder);
 }
 

@@ -26,3 +26,5 @@ int runBuild(const std::string& json, const std::string& file);
 int runResave(const std::string& from, const std::string& to);
 int runDiff(Output& output, const std::string& a, const std::string& b);
 int runExport(Output& output, const std::string& file, const std::string& folder);
+// All results as one JSON object; language "ru" or "uk".
+int runCalc(Output& output, const std::string& file, const std::string& language);
