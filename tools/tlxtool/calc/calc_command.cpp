@@ -20,6 +20,10 @@ struct SectionRow {
 constexpr SectionRow sectionRows[] = {
     {"samples", samplesResults},
     {"elements", elementsResults},
+    {"soundings", soundingsResults},
+    {"piles", pilesResults},
+    {"subsidence", subsidenceResults},
+    {"chemistry", chemistryResults},
 };
 
 constexpr int indentation = 1;
@@ -43,6 +47,16 @@ Results numberResult(const Number& number)
 Results textResult(std::wstring_view text)
 {
     return toUtf8(text);
+}
+
+Results remarksResult(const Remarks& remarks)
+{
+    Results list = Results::array();
+    for (const Remark& remark : remarks)
+        list.push_back({{"cell", remark.cell},
+            {"kind", remarkKindName(remark.kind)},
+            {"text", textResult(remark.text)}});
+    return list;
 }
 
 Results calculateAll(IDBProject& project, int language)

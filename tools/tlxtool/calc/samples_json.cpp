@@ -20,16 +20,6 @@ Results physicalResults(const Physical& physical)
     return object;
 }
 
-Results remarkResults(const Remarks& remarks)
-{
-    Results list = Results::array();
-    for (const Remark& remark : remarks)
-        list.push_back({{"cell", remark.cell},
-            {"kind", remarkKindName(remark.kind)},
-            {"text", textResult(remark.text)}});
-    return list;
-}
-
 Results gradingResults(const Grading& grading)
 {
     if (!grading.sum)
@@ -146,7 +136,7 @@ Results sampleResults(const SiteSample& sample)
         object["soilDetails"] = textResult(sample.soil.details);
     if (const Suspicion suspicion = suspicionOf(result.physical); suspicion != Suspicion::None)
         object["suspected"] = suspicionName(suspicion);
-    object["remarks"] = remarkResults(result.remarks);
+    object["remarks"] = remarksResult(result.remarks);
     object["grading"] = gradingResults(result.grading);
     object["compression"] = compressionResults(result);
     object["shear"] = shearResults(result);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "calc/remark.h"
 #include "core/base/typed_number.h"
 
 #include <nlohmann/json.hpp>
@@ -23,7 +24,12 @@ struct CalcContext {
 
 Results samplesResults(const CalcContext& context);
 Results elementsResults(const CalcContext& context);
+Results soundingsResults(const CalcContext& context);
+Results pilesResults(const CalcContext& context);
+Results subsidenceResults(const CalcContext& context);
+Results chemistryResults(const CalcContext& context);
 
 // null where the number is not determined, or not finite.
 Results numberResult(const Number& number);
 Results textResult(std::wstring_view text);
+Results remarksResult(const Remarks& remarks);
