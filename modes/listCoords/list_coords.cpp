@@ -14,8 +14,6 @@
 
 #include <QItemSelectionModel>
 #include <QLineEdit>
-#include <QMdiArea>
-#include <QMdiSubWindow>
 #include <QMessageBox>
 #include <QSettings>
 #include <QSplitter>
@@ -118,19 +116,10 @@ void ListCoords::observe()
     controller_->attach(this);
 }
 
-// Not behind another screen that fills the window; side by side with one it is.
-bool ListCoords::isOnView() const
-{
-    const auto* own = dynamic_cast<const QMdiSubWindow*>(parentWidget());
-    const QMdiSubWindow* current = own && own->mdiArea() ? own->mdiArea()->currentSubWindow() : nullptr;
-    return isVisible() && (!current || current == own || !current->isMaximized());
-}
-
 void ListCoords::update()
 {
     // Behind another screen there is nobody to see it: signalUpdateInfo comes before this one is shown again.
-    // The shell's current mode does not tell that: after a close that was called off there is none.
-    if (isOnView())
+    if (controller_->currentMode() == mode_)
         reload();
     else
         stale_ = true;

@@ -32,9 +32,7 @@ void MainController::closeModeWindows()
         try {
             child->close();
         } catch (...) {
-            // A screen that fails on its way out must not keep the others open, and none of them may find the
-            // project again when the current one is asked to store.
-            takeProject({});
+            // A screen that fails on its way out must not keep the others open.
             updateActions();
             finishModeLeave();
         }
@@ -78,7 +76,6 @@ bool MainController::closeColumnPrompt()
         askToSave(QStringLiteral("Стратиграфическая колонка"), QStringLiteral("Сохранить текущую колонку?"));
     if (answer != QMessageBox::Yes && answer != QMessageBox::No)
         return false;
-    hintLabel_->hide();
     if (answer == QMessageBox::Yes)
         tell(ModeStratigraphic, &TXWidget::signalSaveColumn);
     closeModeWindows();

@@ -52,8 +52,5 @@ float DBProjectController::getLithologyBottom(const std::wstring& pointName)
 
 void DBProjectController::setSubsidenceCell(const std::wstring& pointName, const SubsidenceCell& cell)
 {
-    // Through the setter, which is where a project of another class learns of the change.
-    SubsidenceMap subsidence = project_->getSubsidence();
-    applySubsidenceCell(subsidence, pointName, cell);
-    project_->setSubsidence(subsidence);
+    applySubsidenceCell(project_->getSubsidence(), pointName, cell);
 }

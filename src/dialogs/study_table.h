@@ -1,6 +1,6 @@
 #pragma once
 
-#include "modules/tx_table.h"
+#include "dialogs/tx_table.h"
 
 class StudyController;
 class StudyModel;

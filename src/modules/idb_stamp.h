@@ -4,7 +4,5 @@
 class IDBStamp
 {
 public:
-    virtual ~IDBStamp() = 0;
+    virtual ~IDBStamp() = default;
 };
-
-inline IDBStamp::~IDBStamp() = default;

@@ -86,7 +86,8 @@ private:
 bool hasOutline(const GLEllipseData& ellipse)
 {
     const auto small = [](float radius) { return std::fabs(radius) <= GLEllipseDB::largestOutlineRadius; };
-    return small(ellipse.radiusX) && small(ellipse.radiusY);
+    return small(ellipse.radiusX) && small(ellipse.radiusY) && std::isfinite(ellipse.center.x)
+        && std::isfinite(ellipse.center.y);
 }
 
 } // namespace

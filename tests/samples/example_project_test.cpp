@@ -86,8 +86,15 @@ TEST(ExampleProject, nothingIsLostOrDoubtful)
 {
     const Bytes bytes = encodeProject(example());
     OpenedProject opened = fileOf(bytes, L"/П/ZARECHNAYA.TLX");
-    for (const Finding& finding : checkProject(opened))
-        ADD_FAILURE() << toText(finding);
+    // One sample contradicts itself on purpose, so that a new user sees how that is told.
+    int contradictions = 0;
+    for (const Finding& finding : checkProject(opened)) {
+        if (finding.text.find("проба «Скв-5 / 5.0», physical/8: ") == 0)
+            ++contradictions;
+        else
+            ADD_FAILURE() << toText(finding);
+    }
+    EXPECT_EQ(contradictions, 1);
     EXPECT_EQ(example().getPointRegister().size(), 14U);
 }
 
@@ -122,7 +129,9 @@ TEST(ExampleProject, derivedPropertiesFollowFromTheMeasured)
         EXPECT_NEAR(value[VoidRatio], voids, 0.0006);
         EXPECT_NEAR(value[Porosity], 100 * voids / (1 + voids), 0.06);
         EXPECT_NEAR(value[Saturation], saturation, 0.006);
-        EXPECT_LE(saturation, 1);
+        if (key.pointName != L"Скв-5" || key.depth != L"5.0") {
+            EXPECT_LE(saturation, 1);
+        }
         EXPECT_NEAR(value[FullMoisture], voids / value[ParticleDensity], 0.0006);
         EXPECT_NEAR(value[SaturatedDensity], (value[ParticleDensity] + voids) / (1 + voids), 0.006);
         EXPECT_NEAR(value[BuoyantDensity], (value[ParticleDensity] - 1) / (1 + voids), 0.006);
@@ -182,7 +191,7 @@ TEST(ExampleProject, soundingsFollowTheLayers)
             SCOPED_TRACE(toUtf8(key.pointName + L", " + row.depth));
             const double cone = numberIn(row.cells[0]);
             const double sleeve = numberIn(row.cells[1]);
-            EXPECT_TRUE(row.cells[2].empty()); // its probe has a sleeve
+            EXPECT_NEAR(numberIn(row.cells[2]), sleeve / cone / 10, 0.051);
             const bool isSand = example().getStrataElementCode(row.cells[3]) == 1;
             EXPECT_EQ(cone > 5, isSand);
             EXPECT_EQ(sleeve / cone / 10 < 2, isSand);
@@ -193,8 +202,6 @@ TEST(ExampleProject, soundingsFollowTheLayers)
 TEST(ExampleProject, ionsOfTheWaterBalance)
 {
     for (const auto& [key, analysis] : example().getChemistry()) {
-        if (analysis.cells[29] == L"грунт")
-            continue;
         const auto equivalents = [&cells = analysis.cells](std::size_t cell, double weight) {
             return numberIn(cells[cell]) / weight;
         };

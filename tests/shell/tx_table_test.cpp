@@ -1,4 +1,4 @@
-#include "modules/tx_table.h"
+#include "dialogs/tx_table.h"
 
 #include <QLineEdit>
 #include <QStandardItemModel>

@@ -1,10 +1,13 @@
 #include "tlxtool/check.h"
 
+#include "db/key_text.h"
+#include "dictionaries/dictionary.h"
 #include "persistence/file_stem.h"
 #include "persistence/format.h"
 #include "persistence/grammar/project.h"
 #include "persistence/save_losses.h"
 #include "platform/utf8.h"
+#include "site/elements.h"
 #include "tlxtool/check_archive.h"
 
 #include <algorithm>
@@ -105,6 +108,19 @@ void checkContent(const OpenedProject& opened,
     }
 }
 
+// What a laboratory cannot have measured.
+void checkLaboratory(IDBProject& project, std::vector<Finding>& findings)
+{
+    const SiteLaboratory laboratory(project, languageRussian);
+    for (const SiteSample& sample : laboratory.samples())
+        for (const Remark& remark : sample.result.remarks)
+            if (remark.kind == Remark::Impossible)
+                findings.push_back({"labSamples",
+                    std::nullopt,
+                    "проба «" + toUtf8(keyText(*sample.key)) + "», " + remark.cell + ": "
+                        + toUtf8(remark.text)});
+}
+
 } // namespace
 
 std::vector<Finding> checkProject(OpenedProject& opened)
@@ -120,6 +136,7 @@ std::vector<Finding> checkProject(OpenedProject& opened)
     checkEnd(opened, findings);
     const auto difference = differenceOnSave(opened);
     checkContent(opened, difference, findings);
+    checkLaboratory(*opened.project, findings);
     if (difference)
         findings.push_back({std::string(sectionAt(opened, difference->begin)),
             difference->begin,
