@@ -1,5 +1,9 @@
 #include "common/clipboard_text.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
+
 static QString quotedCell(const QString& cell)
 {
     const bool bare = !cell.contains(QLatin1Char('\t')) && !cell.contains(QLatin1Char('\n'))
@@ -103,4 +107,13 @@ private:
 CellBlock cellsOfClipboard(const QString& text)
 {
     return CellReader(text).rows();
+}
+
+CellBlock cellsOnClipboard()
+{
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    if (!data)
+        return {};
+    return cellsOfClipboard(
+        data->hasFormat(cellsMimeType) ? QString::fromUtf8(data->data(cellsMimeType)) : data->text());
 }

@@ -12,3 +12,9 @@ QString clipboardText(const CellBlock& block);
 
 // The reverse. The last row may end in a new line; rows may differ in length.
 CellBlock cellsOfClipboard(const QString& text);
+
+// A block as a table of ours holds it, in the same form, beside the text for other programs.
+constexpr QLatin1String cellsMimeType("application/x-tellurix-cells");
+
+// The block on the clipboard, ours before a text; empty where there is none.
+CellBlock cellsOnClipboard();

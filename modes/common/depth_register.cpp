@@ -1,6 +1,7 @@
 #include "common/depth_register.h"
 
 #include "common/number_sort_proxy.h"
+#include "common/typed_text.h"
 #include "core/base/text_number.h"
 
 #include <algorithm>
@@ -51,6 +52,28 @@ PointFacts pointFacts(IDBProject& project, const std::wstring& point)
         }
     }
     return facts;
+}
+
+bool isToBeMended(const std::wstring& depth)
+{
+    // Nearly all are digits and a point.
+    const auto isPlain = [](wchar_t c) { return (c >= L'0' && c <= L'9') || c == L'.'; };
+    if (std::all_of(depth.begin(), depth.end(), isPlain))
+        return false;
+    const QString text = QString::fromStdWString(depth);
+    return mendedNumber(text) != text;
+}
+
+int DepthRegister::mend(RegisterRows& rows) const
+{
+    int changed = 0;
+    for (RegisterRow& row : rows)
+        if (const QString depth = mendedNumber(row.cells[depthColumn()]); depth != row.cells[depthColumn()]) {
+            row.cells[depthColumn()] = depth;
+            ++changed;
+        }
+    settle(rows);
+    return changed;
 }
 
 qint64 DepthRegister::nextId()

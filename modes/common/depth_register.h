@@ -5,6 +5,7 @@
 #include "modules/idbproject.h"
 
 #include <optional>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -31,11 +32,12 @@ struct RegisterRow {
 
 using RegisterRows = QVector<RegisterRow>;
 
-// The rows of one point: what an undo step exchanges.
+// The rows of one point, and those of the points that an undo step exchanges.
 struct PointState {
     std::wstring point;
     RegisterRows rows;
 };
+using RegisterState = std::vector<PointState>;
 
 struct PointFacts {
     std::wstring name;
@@ -49,6 +51,9 @@ PointFacts pointFacts(IDBProject& project, const std::wstring& point);
 // The depth as the project's registers order it: up to the first character that is no part of a number, a
 // comma for one. None where they would refuse it.
 std::optional<float> orderedDepth(const QString& text);
+
+// Whether the depth is a number that is written otherwise than the registers read it.
+bool isToBeMended(const std::wstring& depth);
 
 // A register of rows by point and depth: how its rows look and read, and how they come into the project. The
 // modules derive one class each from DepthRegisterOf below.
@@ -77,6 +82,11 @@ public:
 
     // How many rows each point has.
     virtual Counts counts(IDBProject& project) const = 0;
+
+    // The points with a depth that is to be mended: a comma for the point, blanks between the digits.
+    virtual std::set<std::wstring> pointsToMend(IDBProject& project) const = 0;
+    // Mends the depths of the rows, and settles them. The number of depths that changed.
+    int mend(RegisterRows& rows) const;
 
     // The rows of a point: those of the project, with what is typed and not stored kept from before.
     RegisterRows rowsOf(IDBProject& project, const std::wstring& point, const RegisterRows& before) const;
@@ -138,6 +148,15 @@ public:
             ++count->second;
         }
         return counts;
+    }
+
+    std::set<std::wstring> pointsToMend(IDBProject& project) const override
+    {
+        std::set<std::wstring> points;
+        for (const auto& [key, value] : (project.*getter_)())
+            if (isToBeMended(key.depth))
+                points.insert(key.pointName);
+        return points;
     }
 
 protected:

@@ -1,15 +1,13 @@
 #include "common/edit_grid.h"
 
 #include "common/grid_delegate.h"
+#include "common/typed_text.h"
 #include "common/view_settings.h"
 
-#include <QClipboard>
-#include <QComboBox>
-#include <QContextMenuEvent>
-#include <QGuiApplication>
+#include <QHash>
 #include <QHeaderView>
-#include <QMenu>
-#include <QPainter>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <QSettings>
 #include <QTimer>
 
@@ -19,14 +17,18 @@
 EditGrid::EditGrid(const QString& name, const QVector<GridColumn>& columns, QWidget* parent)
     : TableView(name, parent)
     , model_(new EditGridModel(columns, this))
+    , delegate_(new GridDelegate(model_, this))
 {
+    // A last column of text takes the width that the others leave, so none is remembered for it.
+    horizontalHeader()->setStretchLastSection(columns.last().kind == GridColumn::Text);
     setSourceModel(model_);
     setDefaultWidths(name);
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
-    auto* delegate = new GridDelegate(model_, this);
-    setItemDelegate(delegate);
-    connect(delegate, &GridDelegate::entered, this, &EditGrid::goOn);
-    connect(model_, &EditGridModel::edited, this, &EditGrid::edited);
+    setItemDelegate(delegate_);
+    connect(delegate_, &GridDelegate::left, this, &EditGrid::leaveEditor);
+    connect(model_, &EditGridModel::typed, this, &EditGrid::enterText);
+    connectHeads();
+    showSpareRow();
     if (model_->hasTallRows()) {
         setWordWrap(true);
         setVerticalScrollMode(ScrollPerPixel);
@@ -42,15 +44,28 @@ EditGrid::EditGrid(const QString& name, const QVector<GridColumn>& columns, QWid
 
 void EditGrid::setDefaultWidths(const QString& name)
 {
-    const int last = model_->columns().size() - 1;
-    const bool stretches = model_->columns()[last].kind == GridColumn::Text;
-    horizontalHeader()->setStretchLastSection(stretches);
     if (viewSettings()->contains(QStringLiteral("widths/") + name))
         return;
     // No title is cut off, whatever the size of the system's letters.
-    for (int column = 0; column <= (stretches ? last - 1 : last); ++column)
+    const int last = model_->columns().size() - (horizontalHeader()->stretchLastSection() ? 2 : 1);
+    for (int column = 0; column <= last; ++column)
         setColumnWidth(
             column, qMax(model_->columns()[column].width, horizontalHeader()->sectionSizeHint(column)));
+}
+
+// A press on a head chooses the column, as in every spreadsheet.
+void EditGrid::connectHeads()
+{
+    QHeaderView* heads = horizontalHeader();
+    disconnect(heads, &QHeaderView::sectionClicked, this, nullptr);
+    connect(heads, &QHeaderView::sectionPressed, this, [this](int column) {
+        setFocus();
+        selectColumn(column);
+    });
+    connect(heads, &QHeaderView::sectionDoubleClicked, this, &EditGrid::sortByClick);
+    heads->setToolTip(QStringLiteral("Щелчок выбирает столбец, двойной — сортирует по нему."));
+    heads->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(heads, &QWidget::customContextMenuRequested, this, &EditGrid::showHeadMenu);
 }
 
 void EditGrid::fitRowHeights()
@@ -59,24 +74,22 @@ void EditGrid::fitRowHeights()
         resizeRowsToContents();
 }
 
-void EditGrid::setRows(const GridRows& rows)
+void EditGrid::showSpareRow()
 {
-    model_->setRows(rows);
-    fitRowHeights();
-    if (!currentIndex().isValid() && model()->rowCount() > 0)
-        goTo(model()->index(0, firstEditableColumn()));
+    model_->setSpareRow(editingAllowed_ && rowsGrow_);
 }
 
-// An act that changes nothing is no undo step.
-void EditGrid::submit(const GridRows& after)
+void EditGrid::setRows(const GridRows& rows)
 {
-    const GridRows& before = model_->rows();
-    const bool same = std::equal(
-        before.begin(), before.end(), after.begin(), after.end(), [](const GridRow& a, const GridRow& b) {
-            return a.id == b.id && a.cells == b.cells;
-        });
-    if (!same)
-        Q_EMIT edited(after);
+    const bool wasEmpty = model_->rows().isEmpty();
+    const int rowsBefore = model_->rows().size();
+    model_->setRows(rows);
+    if (sortedColumn() >= 0 && rows.size() > rowsBefore)
+        proxy()->sort(sortedColumn(), proxy()->sortOrder());
+    fitRowHeights();
+    const bool isNewTable = !submitting_ && wasEmpty && !rows.isEmpty();
+    if ((isNewTable || !currentIndex().isValid()) && model()->rowCount() > 0)
+        goTo(model()->index(0, firstEditableColumn()));
 }
 
 void EditGrid::setEmptyText(const QString& text)
@@ -85,265 +98,327 @@ void EditGrid::setEmptyText(const QString& text)
     viewport()->update();
 }
 
+QString EditGrid::emptyMessage() const
+{
+    const QString message = TableView::emptyMessage();
+    return !message.isEmpty() || !model_->rows().isEmpty() ? message : emptyText_;
+}
+
+bool EditGrid::holdsNumbers(int column) const
+{
+    return model_->columns()[column].kind == GridColumn::Number;
+}
+
 void EditGrid::setEditingAllowed(bool allowed)
 {
     editingAllowed_ = allowed;
+    showSpareRow();
+}
+
+void EditGrid::setRowsGrow(bool grow)
+{
+    rowsGrow_ = grow;
+    showSpareRow();
 }
 
 qint64 EditGrid::currentRow() const
 {
-    const QModelIndex source = sourceIndex(currentIndex());
-    return source.isValid() ? model_->rows()[source.row()].id : 0;
+    return qMax<qint64>(idAt(currentIndex().row()), 0);
 }
 
 void EditGrid::showRow(qint64 id, int column)
 {
-    const QModelIndex seen = seenIndex(model_->index(model_->rowOf(id), column));
-    if (!seen.isValid())
+    if (model_->rowOf(id) < 0)
         return;
+    proxy()->keepInView({id});
+    const QModelIndex seen = cellOf(id, column);
     goTo(seen);
     scrollTo(seen);
 }
 
-// setCurrentIndex would look at the keys that happen to be held and keep the old selection under Ctrl.
-void EditGrid::goTo(const QModelIndex& seen)
+qint64 EditGrid::idAt(int seenRow) const
 {
-    selectionModel()->setCurrentIndex(seen, QItemSelectionModel::ClearAndSelect);
+    const QModelIndex first = model()->index(seenRow, 0);
+    return first.isValid() ? first.data(NumberSortProxy::RowIdRole).toLongLong() : -1;
+}
+
+QModelIndex EditGrid::cellOf(qint64 id, int column) const
+{
+    if (id < 0)
+        return {};
+    if (id == 0)
+        return model_->hasSpareRow() ? seenIndex(model_->index(model_->rows().size(), column))
+                                     : QModelIndex();
+    return seenIndex(model_->index(model_->rowOf(id), column));
+}
+
+bool EditGrid::isOpenTo(const QModelIndex& seen) const
+{
+    return !model_->isLocked(sourceIndex(seen).row(), seen.column()) && !isColumnHidden(seen.column());
 }
 
 int EditGrid::firstEditableColumn() const
 {
     for (int column = 0; column < model_->columns().size(); ++column)
-        if (!model_->columns()[column].readOnly)
+        if (!model_->columns()[column].readOnly && !isColumnHidden(column))
             return column;
     return 0;
 }
 
-bool EditGrid::isLastCell(const QModelIndex& seen) const
+// In the row of this cell; -1 where there is none on this side.
+int EditGrid::nextColumn(const QModelIndex& from, int step) const
 {
-    for (int column = seen.column() + 1; column < model_->columns().size(); ++column)
-        if (!model_->columns()[column].readOnly)
-            return false;
-    return seen.row() + 1 >= model()->rowCount();
+    int column = from.column() + step;
+    while (column >= 0 && column < model_->columns().size() && !isOpenTo(from.siblingAtColumn(column)))
+        column += step;
+    return column < model_->columns().size() ? column : -1;
 }
 
-void EditGrid::putCell(QVector<QString>& cells, int column, const QString& text) const
-{
-    if (column >= model_->columns().size() || model_->columns()[column].readOnly)
-        return;
-    const GridColumn& target = model_->columns()[column];
-    cells.resize(model_->columns().size());
-    cells[column] = target.kind == GridColumn::Choice ? fittedToChoices(target.choices, text)
-        : target.kind == GridColumn::Flag             ? fittedToFlag(text)
-                                                      : text;
-}
+// What the user typed and pasted
 
-QModelIndex EditGrid::topLeftOfSelection() const
+void EditGrid::enterText(int row, int column, const QString& text)
 {
-    QModelIndex topLeft = currentIndex();
-    const QModelIndexList selected = selectionModel()->selectedIndexes();
-    for (const QModelIndex& index : selected)
-        topLeft = model()->index(qMin(topLeft.row(), index.row()), qMin(topLeft.column(), index.column()));
-    return topLeft;
-}
-
-// Acts of the user
-
-void EditGrid::addRow()
-{
-    if (!editingAllowed_)
-        return;
-    closeEditor();
     GridRows after = model_->rows();
-    const GridRows before = after;
-    const QModelIndex current = sourceIndex(currentIndex());
-    const int place = current.isValid() ? current.row() + 1 : after.size();
-    after.insert(place, GridRow{0, QVector<QString>(model_->columns().size())});
+    const bool isSpare = row == after.size();
+    if (isSpare)
+        after.append(newRow());
+    after[row].cells.resize(model_->columns().size());
+    after[row].cells[column] = text;
     submit(after);
-    for (const GridRow& row : model_->rows()) {
-        const bool isNew =
-            std::none_of(before.begin(), before.end(), [&](const GridRow& old) { return old.id == row.id; });
-        if (isNew)
-            return showRow(row.id, firstEditableColumn());
+    if (isSpare && created_ != 0)
+        entered_ = created_;
+}
+
+// By the ids of what was there before; -1 for a new row.
+static QVector<int> formerPlaces(const GridRows& before, const GridRows& after)
+{
+    QHash<qint64, int> places;
+    for (int row = 0; row < before.size(); ++row)
+        places.insert(before[row].id, row);
+    QVector<int> former;
+    for (const GridRow& row : after)
+        former.append(row.id == 0 ? -1 : places.value(row.id, -1));
+    return former;
+}
+
+// Only what the user has just put there: a comma that an opened file holds stays until he has it mended.
+bool EditGrid::mendRow(GridRow& row, const QVector<QString>& before) const
+{
+    bool isMended = false;
+    for (int column = 0; column < qMin(row.cells.size(), model_->columns().size()); ++column) {
+        const QString typed = qAsConst(row).cells[column];
+        if (model_->columns()[column].kind != GridColumn::Number || typed == before.value(column))
+            continue;
+        if (const QString number = mendedNumber(typed); number != typed) {
+            row.cells[column] = number;
+            isMended = true;
+        }
+    }
+    return isMended;
+}
+
+// An act that changes nothing is no undo step.
+void EditGrid::submit(const GridRows& typed)
+{
+    created_ = 0;
+    const GridRows before = model_->rows();
+    const QVector<int> former = formerPlaces(before, typed);
+    GridRows after = typed;
+    QSet<qint64> touched;
+    bool isMended = false;
+    for (int i = 0; i < typed.size(); ++i) {
+        const QVector<QString> old = former[i] < 0 ? QVector<QString>() : before[former[i]].cells;
+        if (former[i] >= 0 && (old == typed[i].cells))
+            continue;
+        touched.insert(typed[i].id);
+        isMended = mendRow(after[i], old) || isMended;
+    }
+    if (touched.isEmpty() && typed.size() == before.size())
+        return;
+    proxy()->keepInView(touched);
+    const QScopedValueRollback<bool> submitting(submitting_, true);
+    asTyped_ = isMended ? typed : GridRows();
+    Q_EMIT edited(after);
+    asTyped_.clear();
+    noteCreated(before);
+    if (isMended) {
+        toldOfCell_ = true;
+        Q_EMIT told(QStringLiteral("Запятая в числе заменена точкой (Ctrl+Z вернёт)."));
     }
 }
 
-void EditGrid::deleteSelectedRows()
+void EditGrid::noteCreated(const GridRows& before)
 {
-    QVector<int> doomed = selectedSourceRows();
-    if (doomed.isEmpty() && currentIndex().isValid())
-        doomed.append(sourceIndex(currentIndex()).row());
-    if (doomed.isEmpty() || !editingAllowed_)
-        return;
-    std::sort(doomed.begin(), doomed.end());
-    GridRows after;
-    for (int row = 0; row < model_->rows().size(); ++row)
-        if (!std::binary_search(doomed.begin(), doomed.end(), row))
-            after.append(model_->rows()[row]);
-    submit(after);
-}
-
-void EditGrid::cut()
-{
-    copySelection();
-    clearSelectedCells();
-}
-
-void EditGrid::clearSelectedCells()
-{
-    fillSelection({});
-}
-
-void EditGrid::fillSelection(const QString& text)
-{
-    if (!editingAllowed_)
-        return;
-    GridRows after = model_->rows();
-    const QModelIndexList selected = selectionModel()->selectedIndexes();
-    for (const QModelIndex& index : selected)
-        putCell(after[sourceIndex(index).row()].cells, index.column(), text);
-    submit(after);
-}
-
-void EditGrid::paste()
-{
-    const CellBlock block = cellsOfClipboard(QGuiApplication::clipboard()->text());
-    if (block.isEmpty() || !editingAllowed_)
-        return;
-    closeEditor();
-    const bool oneCell = block.size() == 1 && block.first().size() == 1;
-    if (oneCell && selectionModel()->selectedIndexes().size() > 1)
-        fillSelection(block.first().first());
-    else
-        pasteBlock(block);
-}
-
-void EditGrid::pasteBlock(const CellBlock& block)
-{
-    const QModelIndex topLeft = topLeftOfSelection();
-    const int top = topLeft.isValid() ? topLeft.row() : 0;
-    const int left = topLeft.isValid() ? topLeft.column() : firstEditableColumn();
-    GridRows after = model_->rows();
-    for (int i = 0; i < block.size(); ++i) {
-        const QModelIndex seen = model()->index(top + i, 0);
-        const int row = seen.isValid() ? sourceIndex(seen).row() : after.size();
-        if (row == after.size())
-            after.append(GridRow{0, QVector<QString>(model_->columns().size())});
-        for (int j = 0; j < block[i].size(); ++j)
-            putCell(after[row].cells, left + j, block[i][j]);
-    }
-    submit(after);
-}
-
-void EditGrid::toggleFlag()
-{
-    const QModelIndex source = sourceIndex(currentIndex());
-    const bool isSet = !source.data(Qt::EditRole).toString().isEmpty();
-    if (editingAllowed_)
-        model_->setData(source, isSet ? QString() : QStringLiteral("1"), Qt::EditRole);
+    QSet<qint64> known;
+    for (const GridRow& row : before)
+        known.insert(row.id);
+    QSet<qint64> created;
+    for (const GridRow& row : model_->rows())
+        if (!known.contains(row.id)) {
+            created_ = created_ != 0 ? created_ : row.id;
+            created.insert(row.id);
+        }
+    proxy()->keepInView(created);
 }
 
 // The way through the cells
 
-void EditGrid::closeEditor()
+// setCurrentIndex would look at the keys that happen to be held and keep the old selection under Ctrl.
+void EditGrid::goTo(const QModelIndex& seen)
 {
-    if (state() != EditingState)
-        return;
-    if (QWidget* editor = indexWidget(currentIndex())) {
-        commitData(editor);
-        closeEditor(editor, QAbstractItemDelegate::NoHint);
+    if (seen.isValid())
+        selectionModel()->setCurrentIndex(seen, QItemSelectionModel::ClearAndSelect);
+}
+
+EditGrid::Place EditGrid::place() const
+{
+    const QModelIndex current = currentIndex();
+    if (!current.isValid())
+        return {};
+    return {idAt(current.row()), idAt(current.row() - 1), idAt(current.row() + 1), current.column()};
+}
+
+EditGrid::Way EditGrid::wayOf(int key, Qt::KeyboardModifiers modifiers)
+{
+    switch (key) {
+    case Qt::Key_Tab:
+        return Way::Next;
+    case Qt::Key_Backtab:
+        return Way::Previous;
+    case Qt::Key_Up:
+        return Way::Up;
+    case Qt::Key_Left:
+        return Way::Left;
+    case Qt::Key_Right:
+        return Way::Right;
+    case Qt::Key_Down:
+        return Way::Down;
+    default:
+        return modifiers & Qt::ShiftModifier ? Way::Up : Way::Enter;
     }
 }
 
-void EditGrid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
+void EditGrid::leaveEditor(QWidget* editor, int key, Qt::KeyboardModifiers modifiers)
 {
-    const bool pastTheEnd = hint == QAbstractItemDelegate::EditNextItem && isLastCell(currentIndex());
-    TableView::closeEditor(editor, pastTheEnd ? QAbstractItemDelegate::NoHint : hint);
-    if (pastTheEnd)
-        goOn();
+    const Place from = place();
+    created_ = 0;
+    commitData(editor);
+    closeEditor(editor, QAbstractItemDelegate::NoHint);
+    go(wayOf(key, modifiers), from);
 }
 
-// From the last cell of a row that holds something into a new one; an empty row is filled first.
-void EditGrid::goOn()
+void EditGrid::goDown(const Place& from, int column)
 {
-    if (!isLastCell(currentIndex())) {
-        goTo(moveCursor(MoveNext, Qt::NoModifier));
+    // Whoever enters rows goes on in a new one, wherever the last one has been put.
+    const bool isEntering = entered_ != 0 && (from.record == entered_ || from.record == 0);
+    const QModelIndex below = cellOf(isEntering ? 0 : from.below, column);
+    goTo(below.isValid() ? below : cellOf(from.record, column));
+}
+
+void EditGrid::goNext(const Place& from, const QModelIndex& cell)
+{
+    if (beganIn_ < 0)
+        beganIn_ = from.column;
+    if (const int column = nextColumn(cell, 1); column >= 0)
+        return goTo(cell.siblingAtColumn(column));
+    const QModelIndex before = currentIndex();
+    goDown(from, firstEditableColumn());
+    if (currentIndex().row() == before.row() && from.below < 0)
+        goTo(cell); // the very end of a table that does not grow
+    beganIn_ = firstEditableColumn();
+}
+
+QModelIndex EditGrid::lastCellOf(qint64 id) const
+{
+    const QModelIndex last = cellOf(id, model()->columnCount() - 1);
+    return isOpenTo(last) ? last : last.siblingAtColumn(qMax(nextColumn(last, -1), 0));
+}
+
+// From the cell of a record that a commit may have moved, or that has just been made of the spare row.
+void EditGrid::go(Way way, const Place& from)
+{
+    const QScopedValueRollback<bool> moving(moving_, true);
+    const qint64 record = from.record == 0 && created_ != 0 ? created_ : from.record;
+    const QModelIndex cell = cellOf(record, from.column);
+    if (!cell.isValid())
         return;
+    switch (way) {
+    case Way::Enter:
+        goDown(from, beganIn_ >= 0 ? beganIn_ : from.column);
+        break;
+    case Way::Down:
+        goDown(from, from.column);
+        break;
+    case Way::Up:
+        goTo(from.above >= 0 ? cellOf(from.above, from.column) : cell);
+        break;
+    case Way::Left:
+        goTo(from.column > 0 ? cell.siblingAtColumn(from.column - 1) : cell);
+        break;
+    case Way::Right:
+        goTo(from.column + 1 < model()->columnCount() ? cell.siblingAtColumn(from.column + 1) : cell);
+        break;
+    case Way::Next:
+        goNext(from, cell);
+        break;
+    case Way::Previous:
+        if (const int column = nextColumn(cell, -1); column >= 0)
+            goTo(cell.siblingAtColumn(column));
+        else if (from.above >= 0)
+            goTo(lastCellOf(from.above));
+        break;
     }
-    const QVector<QString>& cells = model_->rows()[sourceIndex(currentIndex()).row()].cells;
-    if (std::any_of(cells.begin(), cells.end(), [](const QString& cell) { return !cell.isEmpty(); }))
-        addRow();
-}
-
-void EditGrid::openOrGoOn()
-{
-    if (!currentIndex().isValid())
-        return;
-    if (editingAllowed_ && model()->flags(currentIndex()) & Qt::ItemIsEditable)
-        edit(currentIndex());
-    else
-        goOn();
-}
-
-QModelIndex EditGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
-{
-    if (action != MoveNext && action != MovePrevious)
-        return TableView::moveCursor(action, modifiers);
-    const int step = action == MoveNext ? 1 : -1;
-    const int columns = model()->columnCount();
-    const int end = model()->rowCount() * columns;
-    int cell = currentIndex().row() * columns + currentIndex().column() + step;
-    while (cell >= 0 && cell < end && model_->columns()[cell % columns].readOnly)
-        cell += step;
-    return cell >= 0 && cell < end ? model()->index(cell / columns, cell % columns) : currentIndex();
-}
-
-bool EditGrid::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event)
-{
-    if (!editingAllowed_ || !TableView::edit(index, trigger, event))
-        return false;
-    if (trigger == DoubleClicked)
-        if (auto* box = qobject_cast<QComboBox*>(indexWidget(index)))
-            box->showPopup();
-    return true;
+    created_ = 0;
+    if (currentRow() != entered_)
+        entered_ = 0;
+    scrollTo(currentIndex());
 }
 
 void EditGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
     TableView::currentChanged(current, previous);
-    Q_EMIT currentRowChanged(currentRow());
-}
-
-// Keys and menu
-
-const QVector<EditGrid::Act>& EditGrid::acts()
-{
-    static const QVector<Act> table = {
-        {QStringLiteral("Добавить строку"), QKeySequence(Qt::Key_Insert), &EditGrid::addRow},
-        {QStringLiteral("Удалить строки"),
-            QKeySequence(Qt::ControlModifier | Qt::Key_Delete),
-            &EditGrid::deleteSelectedRows},
-        {QString(), QKeySequence(), nullptr},
-        {QStringLiteral("Вырезать"), QKeySequence(QKeySequence::Cut), &EditGrid::cut},
-        {QStringLiteral("Копировать"), QKeySequence(QKeySequence::Copy), &EditGrid::copy},
-        {QStringLiteral("Вставить"), QKeySequence(QKeySequence::Paste), &EditGrid::paste},
-        {QStringLiteral("Очистить ячейки"), QKeySequence(Qt::Key_Delete), &EditGrid::clearSelectedCells},
-    };
-    return table;
-}
-
-void EditGrid::contextMenuEvent(QContextMenuEvent* event)
-{
-    if (!editingAllowed_)
-        return;
-    QMenu menu(this);
-    for (const Act& act : acts()) {
-        if (act.text.isEmpty())
-            menu.addSeparator();
-        else
-            menu.addAction(act.text, this, act.run)->setShortcut(act.keys);
+    if (!moving_ && !submitting_) {
+        beganIn_ = -1;
+        if (currentRow() != entered_)
+            entered_ = 0;
     }
-    menu.exec(event->globalPos());
+    Q_EMIT currentRowChanged(currentRow());
+    if (submitting_)
+        return;
+    const QString reason = current.data(EditGridModel::ReasonRole).toString();
+    if (!reason.isEmpty() || (toldOfCell_ && !moving_))
+        Q_EMIT told(QString(reason).replace(QLatin1Char('\n'), QLatin1Char(' ')));
+    toldOfCell_ = !reason.isEmpty() || (toldOfCell_ && moving_);
+}
+
+void EditGrid::closeEditor()
+{
+    if (state() != EditingState)
+        return;
+    QWidget* editor = indexWidget(currentIndex());
+    if (!editor)
+        return;
+    const Place from = place();
+    created_ = 0;
+    commitData(editor);
+    closeEditor(editor, QAbstractItemDelegate::NoHint);
+    if (from.record == 0 && created_ != 0) {
+        const QScopedValueRollback<bool> moving(moving_, true);
+        goTo(cellOf(created_, from.column));
+    }
+}
+
+void EditGrid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
+{
+    const bool isRevert = hint == QAbstractItemDelegate::RevertModelCache;
+    TableView::closeEditor(editor, isRevert ? hint : QAbstractItemDelegate::NoHint);
+    fitRowHeights();
+}
+
+bool EditGrid::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event)
+{
+    delegate_->setOpenedByTyping(trigger == AnyKeyPressed);
+    return editingAllowed_ && TableView::edit(index, trigger, event);
 }
 
 static bool isPlain(const QKeyEvent& event, std::initializer_list<int> keys)
@@ -359,25 +434,19 @@ void EditGrid::keyPressEvent(QKeyEvent* event)
         return paste();
     if (event->matches(QKeySequence::Cut))
         return cut();
-    const QKeySequence pressed(int(event->modifiers() & ~Qt::KeypadModifier) | event->key());
+    const Qt::KeyboardModifiers held = event->modifiers() & ~Qt::KeypadModifier;
+    const QKeySequence pressed(int(held) | event->key());
     for (const Act& act : acts())
         if (act.run && act.keys == pressed)
             return (this->*act.run)();
-    if (isPlain(*event, {Qt::Key_Return, Qt::Key_Enter}))
-        return openOrGoOn();
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool isTab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
+    if ((isEnter || isTab) && !(held & (Qt::ControlModifier | Qt::AltModifier))) {
+        created_ = 0;
+        return go(wayOf(event->key(), held), place());
+    }
     const bool onFlag = currentIndex().isValid() && columnOf(currentIndex()).kind == GridColumn::Flag;
     if (onFlag && isPlain(*event, {Qt::Key_Space, Qt::Key_F2}))
         return toggleFlag();
     TableView::keyPressEvent(event);
-}
-
-void EditGrid::paintEvent(QPaintEvent* event)
-{
-    TableView::paintEvent(event);
-    if (model()->rowCount() > 0 || emptyText_.isEmpty())
-        return;
-    QPainter painter(viewport());
-    painter.setPen(QColor(0x70, 0x70, 0x70));
-    painter.drawText(
-        viewport()->rect().adjusted(16, 16, -16, -16), Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
 }

@@ -1,5 +1,8 @@
 #include "common/edit_grid_model.h"
 
+#include "common/number_sort_proxy.h"
+#include "common/typed_text.h"
+
 #include <QColor>
 #include <QHash>
 
@@ -44,7 +47,8 @@ void EditGridModel::setRows(const GridRows& rows)
     const QHash<qint64, int> places = placesById(rows);
     const bool sameRowsAtAll =
         std::any_of(rows_.begin(), rows_.end(), [&](const GridRow& row) { return places.contains(row.id); });
-    if (!sameRowsAtAll) {
+    // An empty table keeps its spare row, in which the first row may be being typed.
+    if (!sameRowsAtAll && !(rows_.isEmpty() && hasSpareRow_)) {
         beginResetModel();
         rows_ = rows;
         endResetModel();
@@ -101,15 +105,35 @@ void EditGridModel::arrange(const GridRows& rows)
     const QModelIndexList before = persistentIndexList();
     QModelIndexList after;
     for (const QModelIndex& old : before)
-        after.append(index(places.value(rows_[old.row()].id), old.column()));
+        after.append(isSpare(old.row()) ? old : index(places.value(rows_[old.row()].id), old.column()));
     rows_ = rows;
     changePersistentIndexList(before, after);
     Q_EMIT layoutChanged();
 }
 
+void EditGridModel::setSpareRow(bool shown)
+{
+    if (shown == hasSpareRow_)
+        return;
+    if (shown)
+        beginInsertRows({}, rows_.size(), rows_.size());
+    else
+        beginRemoveRows({}, rows_.size(), rows_.size());
+    hasSpareRow_ = shown;
+    if (shown)
+        endInsertRows();
+    else
+        endRemoveRows();
+}
+
+bool EditGridModel::isLocked(int row, int column) const
+{
+    return columns_[column].readOnly || (!isSpare(row) && (rows_[row].locked >> unsigned(column)) & 1U);
+}
+
 int EditGridModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : rows_.size();
+    return parent.isValid() ? 0 : rows_.size() + (hasSpareRow_ ? 1 : 0);
 }
 
 int EditGridModel::columnCount(const QModelIndex& parent) const
@@ -119,33 +143,57 @@ int EditGridModel::columnCount(const QModelIndex& parent) const
 
 QString EditGridModel::cell(const QModelIndex& index) const
 {
-    return rows_[index.row()].cells.value(index.column());
+    return isSpare(index.row()) ? QString() : rows_[index.row()].cells.value(index.column());
+}
+
+QString EditGridModel::problemOf(const QModelIndex& index) const
+{
+    if (isSpare(index.row()))
+        return {};
+    const QString problem = rows_[index.row()].problems.value(index.column());
+    return !problem.isEmpty() || isLocked(index.row(), index.column()) ? problem : lossProblem(cell(index));
+}
+
+QString EditGridModel::warningOf(const QModelIndex& index) const
+{
+    return isSpare(index.row()) ? QString() : rows_[index.row()].warnings.value(index.column());
 }
 
 QVariant EditGridModel::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid())
         return {};
-    const GridColumn& column = columns_[index.column()];
-    const QString problem = rows_[index.row()].problems.value(index.column());
-    const QString warning = rows_[index.row()].warnings.value(index.column());
+    const auto reason = [&] {
+        const QString problem = problemOf(index);
+        return problem.isEmpty() ? warningOf(index) : problem;
+    };
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
         return cell(index);
-    case Qt::ToolTipRole:
-        return !problem.isEmpty() ? problem : !warning.isEmpty() ? warning : cell(index);
+    case Qt::ToolTipRole: {
+        const QString why = reason();
+        return why.isEmpty() ? cell(index) : why;
+    }
     case Qt::BackgroundRole:
-        return !problem.isEmpty() ? problemColor : !warning.isEmpty() ? QVariant(warningColor) : QVariant();
+        return !problemOf(index).isEmpty() ? QVariant(problemColor)
+            : !warningOf(index).isEmpty()  ? QVariant(warningColor)
+                                           : QVariant();
     case Qt::ForegroundRole:
-        return column.readOnly ? QVariant(readOnlyColor) : QVariant();
+        return isLocked(index.row(), index.column()) ? QVariant(readOnlyColor) : QVariant();
     case Qt::TextAlignmentRole:
-        return int(column.kind == GridColumn::Number ? Qt::AlignRight : Qt::AlignLeft)
+        return int(columns_[index.column()].kind == GridColumn::Number ? Qt::AlignRight : Qt::AlignLeft)
             | int(hasTallRows() ? Qt::AlignTop : Qt::AlignVCenter);
     case ProblemRole:
-        return !problem.isEmpty();
+        return !problemOf(index).isEmpty();
     case WarningRole:
-        return !warning.isEmpty();
+        return !warningOf(index).isEmpty();
+    case ReasonRole:
+        return reason();
+    case NumberSortProxy::RowIdRole:
+        return isSpare(index.row()) ? 0 : rows_[index.row()].id;
+    case NumberSortProxy::SpareRole:
+        return isSpare(index.row());
     default:
         return {};
     }
@@ -161,7 +209,7 @@ QVariant EditGridModel::headerData(int section, Qt::Orientation orientation, int
 Qt::ItemFlags EditGridModel::flags(const QModelIndex& index) const
 {
     Qt::ItemFlags flags = QAbstractTableModel::flags(index);
-    if (index.isValid() && !columns_[index.column()].readOnly
+    if (index.isValid() && !isLocked(index.row(), index.column())
         && columns_[index.column()].kind != GridColumn::Flag)
         flags |= Qt::ItemIsEditable;
     return flags;
@@ -169,13 +217,9 @@ Qt::ItemFlags EditGridModel::flags(const QModelIndex& index) const
 
 bool EditGridModel::setData(const QModelIndex& index, const QVariant& value, int role)
 {
-    if (role != Qt::EditRole || !index.isValid() || columns_[index.column()].readOnly
+    if (role != Qt::EditRole || !index.isValid() || isLocked(index.row(), index.column())
         || cell(index) == value.toString())
         return false;
-    GridRows after = rows_;
-    QVector<QString>& cells = after[index.row()].cells;
-    cells.resize(columns_.size());
-    cells[index.column()] = value.toString();
-    Q_EMIT edited(after);
+    Q_EMIT typed(index.row(), index.column(), value.toString());
     return true;
 }

@@ -1,11 +1,11 @@
 #include "common/grid_delegate.h"
 
+#include "common/choice_edit.h"
 #include "common/edit_grid_model.h"
+#include "common/number_sort_proxy.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
-#include <QComboBox>
-#include <QCompleter>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
@@ -88,18 +88,6 @@ QSize GridDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelInd
     return model_->hasTallRows() ? QSize(size.width(), size.height() + 2 * tallRowMargin) : size;
 }
 
-static QWidget* choiceEditor(const QStringList& choices, QWidget* parent)
-{
-    auto* box = new QComboBox(parent);
-    box->setEditable(true);
-    box->setInsertPolicy(QComboBox::NoInsert);
-    box->setFrame(false);
-    box->addItems(choices);
-    box->completer()->setFilterMode(Qt::MatchContains);
-    box->completer()->setCompletionMode(QCompleter::PopupCompletion);
-    return box;
-}
-
 static QWidget* textEditor(QWidget* parent)
 {
     auto* edit = new QPlainTextEdit(parent);
@@ -114,8 +102,15 @@ QWidget* GridDelegate::createEditor(
     QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const
 {
     const GridColumn& column = model_->columns()[index.column()];
-    if (column.kind == GridColumn::Choice)
-        return choiceEditor(column.choices, parent);
+    if (column.kind == GridColumn::Choice) {
+        auto* choice = new ChoiceEdit(column.choices, parent);
+        connect(choice, &ChoiceEdit::picked, this, [this, choice] {
+            auto* that = const_cast<GridDelegate*>(this);
+            Q_EMIT that->commitData(choice);
+            Q_EMIT that->closeEditor(choice, NoHint);
+        });
+        return choice;
+    }
     if (column.multiline)
         return textEditor(parent);
     auto* line = new QLineEdit(parent);
@@ -130,11 +125,7 @@ QWidget* GridDelegate::createEditor(
 void GridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
 {
     const QString text = index.data(Qt::EditRole).toString();
-    if (auto* box = qobject_cast<QComboBox*>(editor)) {
-        box->setCurrentIndex(box->findText(text));
-        box->setEditText(text);
-        box->lineEdit()->selectAll();
-    } else if (auto* edit = qobject_cast<QPlainTextEdit*>(editor)) {
+    if (auto* edit = qobject_cast<QPlainTextEdit*>(editor)) {
         edit->setPlainText(text);
         edit->selectAll();
     } else if (auto* line = qobject_cast<QLineEdit*>(editor)) {
@@ -147,12 +138,12 @@ void GridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) cons
 void GridDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const
 {
     const GridColumn& column = model_->columns()[index.column()];
-    if (const auto* box = qobject_cast<QComboBox*>(editor))
-        model->setData(index, fittedToChoices(column.choices, box->currentText()), Qt::EditRole);
-    else if (const auto* edit = qobject_cast<QPlainTextEdit*>(editor); edit && edit->document()->isModified())
+    if (const auto* edit = qobject_cast<QPlainTextEdit*>(editor); edit && edit->document()->isModified())
         model->setData(index, edit->toPlainText(), Qt::EditRole);
     else if (const auto* line = qobject_cast<QLineEdit*>(editor); line && line->isModified())
-        model->setData(index, line->text(), Qt::EditRole);
+        model->setData(index,
+            column.kind == GridColumn::Choice ? fittedToChoices(column.choices, line->text()) : line->text(),
+            Qt::EditRole);
 }
 
 void GridDelegate::updateEditorGeometry(
@@ -166,19 +157,32 @@ void GridDelegate::updateEditorGeometry(
     editor->setGeometry(place);
 }
 
-bool GridDelegate::finishes(QWidget* editor, const QKeyEvent& key) const
+bool GridDelegate::leadsOut(QWidget* editor, const QKeyEvent& key) const
 {
-    if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter)
+    const auto* choice = qobject_cast<ChoiceEdit*>(editor);
+    const bool isText = qobject_cast<QPlainTextEdit*>(editor);
+    const Qt::KeyboardModifiers held = key.modifiers() & ~Qt::KeypadModifier;
+    switch (key.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return !isText || held == Qt::NoModifier;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        return !(held & ~Qt::ShiftModifier);
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        return held == Qt::NoModifier && !(choice && choice->isListShown()) && (openedByTyping_ || !isText);
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+        return held == Qt::NoModifier && openedByTyping_;
+    default:
         return false;
-    const bool newLine = key.modifiers() & (Qt::ShiftModifier | Qt::ControlModifier);
-    return !newLine || !qobject_cast<QPlainTextEdit*>(editor);
+    }
 }
 
 // Redo has other standard keys on other systems; here it is Ctrl+Y everywhere, as in the shell.
 static void undoInEditor(QWidget* editor, bool redo)
 {
-    if (auto* box = qobject_cast<QComboBox*>(editor))
-        editor = box->lineEdit();
     if (auto* edit = qobject_cast<QPlainTextEdit*>(editor))
         redo ? edit->redo() : edit->undo();
     else if (auto* line = qobject_cast<QLineEdit*>(editor))
@@ -188,6 +192,8 @@ static void undoInEditor(QWidget* editor, bool redo)
 bool GridDelegate::eventFilter(QObject* object, QEvent* event)
 {
     auto* editor = qobject_cast<QWidget*>(object);
+    if (event->type() == QEvent::MouseButtonPress)
+        openedByTyping_ = false;
     if (!editor || (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride))
         return QStyledItemDelegate::eventFilter(object, event);
     const auto& key = static_cast<const QKeyEvent&>(*event);
@@ -199,19 +205,30 @@ bool GridDelegate::eventFilter(QObject* object, QEvent* event)
         event->accept();
         return true;
     }
-    if (event->type() == QEvent::KeyPress && finishes(editor, key)) {
-        Q_EMIT commitData(editor);
-        Q_EMIT closeEditor(editor, NoHint);
-        Q_EMIT entered();
+    if (event->type() == QEvent::ShortcutOverride)
+        return QStyledItemDelegate::eventFilter(object, event);
+    if (leadsOut(editor, key)) {
+        Q_EMIT left(editor, key.key(), key.modifiers());
         return true;
     }
+    const bool isEnter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+    if (auto* text = qobject_cast<QPlainTextEdit*>(editor); text && isEnter) {
+        text->insertPlainText(QStringLiteral("\n"));
+        return true;
+    }
+    if (key.key() == Qt::Key_F2)
+        openedByTyping_ = false;
     return QStyledItemDelegate::eventFilter(object, event);
 }
 
 bool GridDelegate::editorEvent(
     QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option, const QModelIndex& index)
 {
-    if (model_->columns()[index.column()].kind != GridColumn::Flag
+    const bool isLocked = index.data(NumberSortProxy::SpareRole).toBool()
+        ? false
+        : model_->isLocked(
+            model_->rowOf(index.data(NumberSortProxy::RowIdRole).toLongLong()), index.column());
+    if (model_->columns()[index.column()].kind != GridColumn::Flag || isLocked
         || event->type() != QEvent::MouseButtonRelease)
         return QStyledItemDelegate::editorEvent(event, model, option, index);
     const auto& mouse = static_cast<const QMouseEvent&>(*event);

@@ -4,9 +4,9 @@
 
 class EditGridModel;
 
-// Draws and edits the cells of an EditGrid after the kind of their column. In an open cell Enter commits and
-// goes on (Shift+Enter is a new line where a cell may have several), Esc gives up; Ctrl+Z and Ctrl+Y belong
-// to the open cell and not to the shell.
+// Draws and edits the cells of an EditGrid after the kind of their column. From an open cell Enter, Tab and,
+// where it was opened by typing, the arrows lead out (Shift+Enter and Alt+Enter are a new line where a cell
+// may have several); Esc gives up; Ctrl+Z and Ctrl+Y belong to the open cell and not to the shell.
 class GridDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -29,14 +29,18 @@ public:
         const QStyleOptionViewItem& option,
         const QModelIndex& index) override;
 
+    // Whether the cell that opens next was opened by a letter; F2 and a click in it make the arrows its own.
+    void setOpenedByTyping(bool typing) { openedByTyping_ = typing; }
+
 Q_SIGNALS:
-    // Enter closed an editor.
-    void entered();
+    // A key leads out of an editor, whose text is to be committed.
+    void left(QWidget* editor, int key, Qt::KeyboardModifiers modifiers);
 
 private:
-    bool finishes(QWidget* editor, const QKeyEvent& key) const;
+    bool leadsOut(QWidget* editor, const QKeyEvent& key) const;
 
     const EditGridModel* model_;
+    bool openedByTyping_ = false;
 };
 
 // What a text typed or pasted into a Choice means: a choice in other letters, or the only one that begins so;

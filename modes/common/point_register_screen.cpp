@@ -1,13 +1,16 @@
 #include "common/point_register_screen.h"
 
 #include "common/edit_grid.h"
-#include "common/exchange_command.h"
+#include "common/notice_bar.h"
 #include "common/point_list.h"
 #include "common/view_settings.h"
+#include "core/base/reading_order.h"
 #include "core/base/reference.h"
 #include "modules/itx_undo_redo.h"
+#include "modules/unsaved_cells.h"
 
 #include <QApplication>
+#include <QDynamicPropertyChangeEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QSettings>
@@ -38,6 +41,7 @@ PointRegisterScreen::PointRegisterScreen(TX_Modes mode,
     , points_(new PointList(this))
     , head_(new QLabel(this))
     , emptyText_(new QLabel(this))
+    , commas_(new NoticeBar(QStringLiteral("Исправить"), this))
     , grid_(new EditGrid(register_->name(), register_->columns(), this))
     , table_(new QSplitter(Qt::Horizontal, this))
     , splitter_(new QSplitter(Qt::Horizontal, this))
@@ -79,6 +83,7 @@ void PointRegisterScreen::layOut()
     head_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     table_->addWidget(grid_);
     rightLayout->addWidget(head_);
+    rightLayout->addWidget(commas_);
     rightLayout->addWidget(table_, 1);
 
     emptyText_->setAlignment(Qt::AlignCenter);
@@ -114,6 +119,10 @@ void PointRegisterScreen::connectViews()
     connect(points_, &PointList::chosen, this, &PointRegisterScreen::choosePoint);
     connect(points_, &PointList::entered, grid_, [this] { grid_->setFocus(); });
     connect(grid_, &EditGrid::edited, this, &PointRegisterScreen::edit);
+    connect(grid_, &EditGrid::told, this, [this](const QString& text) {
+        Q_EMIT signalShowStatusMessage(text.isEmpty() ? L"Готово." : text.toStdWString());
+    });
+    connect(commas_, &NoticeBar::remedyWanted, this, &PointRegisterScreen::mendRegister);
 }
 
 void PointRegisterScreen::connectShell()
@@ -179,6 +188,9 @@ QVector<ListedPoint> PointRegisterScreen::listedPoints(IDBProject& project) cons
         if (counted != counts.end())
             counts.erase(counted);
     }
+    std::sort(points.begin(), points.end(), [](const ListedPoint& a, const ListedPoint& b) {
+        return standsBefore(a.name.toStdWString(), b.name.toStdWString());
+    });
     // Rows whose point is not there any more are data all the same.
     for (const auto& [name, rows] : std::map<std::wstring, int>(counts.begin(), counts.end()))
         if (rows > 0 || hasProblem(name))
@@ -209,7 +221,26 @@ void PointRegisterScreen::reload(const std::wstring& wanted)
     takePoint(points, wanted);
     points_->setPoints(points);
     points_->setCurrentPoint(QString::fromStdWString(point_));
+    showCommas(project);
     showPoint();
+    tellProblems();
+}
+
+void PointRegisterScreen::showCommas(IDBProject* project)
+{
+    QStringList names;
+    if (project)
+        for (const std::wstring& name : register_->pointsToMend(*project))
+            names += QString::fromStdWString(name);
+    const int count = names.size();
+    if (count > 5)
+        names = names.mid(0, 5) + QStringList(QStringLiteral("…"));
+    commas_->say(count == 0
+            ? QString()
+            : QStringLiteral("Глубины с запятой или пробелами расчёты и разрезы прочтут неверно. "
+                             "Точек: %1 (%2).")
+                  .arg(count)
+                  .arg(names.join(QStringLiteral(", "))));
 }
 
 // The wanted point, else the one on view, else the first.
@@ -246,6 +277,7 @@ static QString headOf(const PointFacts& point)
 void PointRegisterScreen::showPoint()
 {
     IDBProject* project = controller_->project();
+    grid_->setEditingAllowed(project && !point_.empty());
     if (!project || point_.empty()) {
         rows_.clear();
         grid_->setRows({});
@@ -301,13 +333,39 @@ RegisterRows PointRegisterScreen::typedRows(const GridRows& typed) const
             rows_.begin(), rows_.end(), [&](const RegisterRow& known) { return known.id == row.id; });
         RegisterRow next = old != rows_.end() ? *old : register_->newRow();
         next.cells = row.cells;
-        for (int column = 0; column < next.cells.size(); ++column)
-            if (grid_->rows().columns()[column].readOnly)
-                next.cells[column].clear();
         rows.append(next);
     }
-    register_->settle(rows);
+    clearComputed(rows);
     return rows;
+}
+
+void PointRegisterScreen::clearComputed(RegisterRows& rows) const
+{
+    for (RegisterRow& row : rows)
+        for (int column = 0; column < row.cells.size(); ++column)
+            if (grid_->rows().columns()[column].readOnly)
+                row.cells[column].clear();
+}
+
+ExchangeCommand<RegisterState>::Apply PointRegisterScreen::putter() const
+{
+    return
+        [controller = controller_, memory = memory_, registerOfRows = register_](const RegisterState& state) {
+            IDBProject* project = controller->project();
+            if (!project)
+                return;
+            for (const PointState& point : state)
+                memory->rows[point.point] = registerOfRows->store(*project, point);
+            controller->notify();
+        };
+}
+
+void PointRegisterScreen::execute(const RegisterState& before, const RegisterState& after)
+{
+    const auto command = makeReference<ExchangeCommand<RegisterState>>(putter(), before, after);
+    controller_->undoRedo()->execute(controller_->undoContext(), command.get());
+    tellProblems();
+    showAccess();
 }
 
 void PointRegisterScreen::edit(const GridRows& after)
@@ -316,47 +374,113 @@ void PointRegisterScreen::edit(const GridRows& after)
         return;
     observe();
     controller_->setEditedSample(point_);
-    const auto apply = [controller = controller_, memory = memory_, rowsOfPoint = register_](
-                           const PointState& state) {
-        IDBProject* project = controller->project();
-        if (!project)
-            return;
-        memory->rows[state.point] = rowsOfPoint->store(*project, state);
-        controller->notify();
-    };
-    const auto command = makeReference<ExchangeCommand<PointState>>(
-        apply, PointState{point_, rows_}, PointState{point_, typedRows(after)});
-    controller_->undoRedo()->execute(controller_->undoContext(), command.get());
-    const QString problem = firstProblem(point_, rows_);
-    if (!problem.isEmpty() || problemTold_)
-        Q_EMIT signalShowStatusMessage(problem.isEmpty() ? L"Готово." : problem.toStdWString());
-    problemTold_ = !problem.isEmpty();
-    showAccess();
+    const RegisterRows unsettled = typedRows(after);
+    RegisterState before = {{point_, rows_}};
+    RegisterState wanted = {{point_, unsettled}};
+    register_->settle(wanted.front().rows);
+    // What was mended in it is a step of its own: the first undo gives back what was typed.
+    if (const GridRows& typed = grid_->asTyped(); !typed.isEmpty()) {
+        RegisterState asTyped = {{point_, unsettled}};
+        for (int row = 0; row < unsettled.size(); ++row)
+            asTyped.front().rows[row].cells = typed[row].cells;
+        clearComputed(asTyped.front().rows);
+        register_->settle(asTyped.front().rows);
+        const auto typing = makeReference<ExchangeCommand<RegisterState>>(putter(), before, asTyped);
+        controller_->undoRedo()->add(controller_->undoContext(), typing.get());
+        before = asTyped;
+    }
+    execute(before, wanted);
 }
 
-QString PointRegisterScreen::firstProblem(const std::wstring& point, const RegisterRows& rows) const
+void PointRegisterScreen::mendRegister()
+{
+    IDBProject* project = controller_->project();
+    if (!project)
+        return;
+    grid_->closeEditor();
+    observe();
+    RegisterState before;
+    RegisterState after;
+    int mended = 0;
+    for (const std::wstring& point : register_->pointsToMend(*project)) {
+        const RegisterRows rows = register_->rowsOf(*project, point, memory_->rows[point]);
+        before.push_back({point, rows});
+        after.push_back({point, rows});
+        mended += register_->mend(after.back().rows);
+    }
+    execute(before, after);
+    Q_EMIT signalShowStatusMessage(
+        QStringLiteral("Исправлено глубин: %1 (Ctrl+Z вернёт).").arg(mended).toStdWString());
+}
+
+void PointRegisterScreen::addOpenCells(
+    QVector<OpenCell>& cells, const std::wstring& point, const RegisterRows& rows) const
 {
     for (int row = 0; row < rows.size(); ++row)
         for (int column = 0; column < rows[row].problems.size(); ++column)
             if (const QString& problem = rows[row].problems[column]; !problem.isEmpty())
-                return QStringLiteral("Точка %1, строка %2, «%3»: %4")
-                    .arg(QString::fromStdWString(point))
-                    .arg(row + 1)
-                    .arg(grid_->rows().columns()[column].title, problem)
-                    .replace(QLatin1Char('\n'), QLatin1Char(' '));
-    return {};
+                cells.append({point,
+                    rows[row].id,
+                    column,
+                    QStringLiteral("Точка %1, строка %2, «%3»: %4")
+                        .arg(QString::fromStdWString(point))
+                        .arg(row + 1)
+                        .arg(grid_->rows().columns()[column].title, problem)
+                        .replace(QLatin1Char('\n'), QLatin1Char(' '))});
+}
+
+QVector<PointRegisterScreen::OpenCell> PointRegisterScreen::openCells() const
+{
+    QVector<OpenCell> cells;
+    addOpenCells(cells, point_, rows_);
+    for (const auto& [point, rows] : memory_->rows)
+        if (point != point_)
+            addOpenCells(cells, point, rows);
+    return cells;
+}
+
+void PointRegisterScreen::tellProblems()
+{
+    QStringList texts;
+    for (const OpenCell& cell : openCells())
+        texts += cell.text;
+    setProperty(unsavedCellsProperty, texts);
+    const QString first = texts.isEmpty() ? QString() : texts.first();
+    if (controller_->currentMode() == mode_ && first != toldProblem_)
+        Q_EMIT signalShowStatusMessage(first.isEmpty() ? L"Готово." : first.toStdWString());
+    toldProblem_ = first;
+}
+
+void PointRegisterScreen::showOpenCell(int number)
+{
+    const QVector<OpenCell> cells = openCells();
+    if (number < 0 || number >= cells.size())
+        return;
+    if (cells[number].point != point_) {
+        choosePoint(QString::fromStdWString(cells[number].point));
+        points_->setCurrentPoint(QString::fromStdWString(point_));
+    }
+    grid_->setFocus();
+    grid_->showRow(cells[number].row, cells[number].column);
+}
+
+bool PointRegisterScreen::event(QEvent* event)
+{
+    if (event->type() == QEvent::DynamicPropertyChange
+        && static_cast<QDynamicPropertyChangeEvent*>(event)->propertyName() == shownCellProperty)
+        if (const QVariant number = property(shownCellProperty); number.isValid())
+            showOpenCell(number.toInt());
+    return TXWidget::event(event);
 }
 
 bool PointRegisterScreen::storeAll()
 {
     grid_->closeEditor();
     forgetOtherProject(controller_->project());
-    QString problem = firstProblem(point_, rows_);
-    for (auto known = memory_->rows.begin(); problem.isEmpty() && known != memory_->rows.end(); ++known)
-        problem = firstProblem(known->first, known->second);
-    if (!problem.isEmpty())
-        Q_EMIT signalShowStatusMessage(problem.toStdWString());
-    return problem.isEmpty();
+    const QVector<OpenCell> cells = openCells();
+    if (!cells.isEmpty())
+        Q_EMIT signalShowStatusMessage(cells.first().text.toStdWString());
+    return cells.isEmpty();
 }
 
 void PointRegisterScreen::keyPressEvent(QKeyEvent* event)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/depth_register.h"
+#include "common/exchange_command.h"
 #include "common/point_list.h"
 #include "core/base/mobservable.h"
 #include "modules/itellurix_controller.h"
@@ -11,6 +12,7 @@
 #include <memory>
 
 class EditGrid;
+class NoticeBar;
 class QLabel;
 class QSplitter;
 
@@ -45,9 +47,18 @@ protected:
     // Reads the project anew.
     void reload();
 
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    // A cell that the project could not take.
+    struct OpenCell {
+        std::wstring point;
+        qint64 row = 0;
+        int column = 0;
+        QString text; // where and why
+    };
+
     void update() override { reload(); }
 
     const std::wstring& wantedPoint() const;
@@ -65,11 +76,19 @@ private:
     void showPoint();
     void showAccess();
     void edit(const GridRows& after);
+    ExchangeCommand<RegisterState>::Apply putter() const;
+    void execute(const RegisterState& before, const RegisterState& after);
+    void mendRegister();
+    void showCommas(IDBProject* project);
+    void tellProblems();
+    void showOpenCell(int number);
     bool storeAll();
     QVector<ListedPoint> listedPoints(IDBProject& project) const;
     RegisterRows typedRows(const GridRows& typed) const;
-    // The first cell that cannot be stored, in words; empty where there is none.
-    QString firstProblem(const std::wstring& point, const RegisterRows& rows) const;
+    void clearComputed(RegisterRows& rows) const;
+    // The cells that are not stored, those of the point on view first.
+    QVector<OpenCell> openCells() const;
+    void addOpenCells(QVector<OpenCell>& cells, const std::wstring& point, const RegisterRows& rows) const;
     void forgetOtherProject(const IDBProject* project);
 
     const TX_Modes mode_;
@@ -78,11 +97,12 @@ private:
     std::shared_ptr<RegisterMemory> memory_;
     std::wstring point_;
     RegisterRows rows_;
-    bool problemTold_ = false;
+    QString toldProblem_;
 
     PointList* points_;
     QLabel* head_;
     QLabel* emptyText_;
+    NoticeBar* commas_;
     EditGrid* grid_;
     QSplitter* table_;
     QSplitter* splitter_;

@@ -1,12 +1,16 @@
 #include "common/table_view.h"
 
 #include "common/clipboard_text.h"
+#include "common/typed_text.h"
 #include "common/view_settings.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMimeData>
+#include <QPainter>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -28,6 +32,7 @@ TableView::TableView(const QString& name, QWidget* parent)
     // A press on a header sorts; it does not select the column as well.
     disconnect(horizontalHeader(), &QHeaderView::sectionPressed, this, nullptr);
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &TableView::sortByClick);
+    connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, &TableView::showRowHeads);
 }
 
 void TableView::setSourceModel(QAbstractItemModel* source)
@@ -36,16 +41,39 @@ void TableView::setSourceModel(QAbstractItemModel* source)
     keepColumnWidths(horizontalHeader(), name_);
 }
 
+void TableView::setFilterText(const QString& text)
+{
+    proxy_->setFilterText(text);
+    viewport()->update();
+}
+
+void TableView::setNameColumn(int column)
+{
+    nameColumn_ = column;
+    showRowHeads();
+}
+
+void TableView::showRowHeads()
+{
+    const bool isOut = nameColumn_ >= 0 && !isColumnHidden(nameColumn_)
+        && columnViewportPosition(nameColumn_) + columnWidth(nameColumn_) / 2 < 0;
+    proxy_->setRowHeads(isOut ? nameColumn_ : -1);
+}
+
 void TableView::sortByClick(int column)
 {
-    if (column != sortedColumn_) {
-        sortedColumn_ = column;
-        sortedOrder_ = Qt::AscendingOrder;
-    } else if (sortedOrder_ == Qt::AscendingOrder) {
-        sortedOrder_ = Qt::DescendingOrder;
-    } else {
-        sortedColumn_ = -1;
-    }
+    if (column != sortedColumn_)
+        sortBy(column, Qt::AscendingOrder);
+    else if (sortedOrder_ == Qt::AscendingOrder)
+        sortBy(column, Qt::DescendingOrder);
+    else
+        sortBy(-1, Qt::AscendingOrder);
+}
+
+void TableView::sortBy(int column, Qt::SortOrder order)
+{
+    sortedColumn_ = column;
+    sortedOrder_ = order;
     horizontalHeader()->setSortIndicatorShown(sortedColumn_ >= 0);
     horizontalHeader()->setSortIndicator(qMax(sortedColumn_, 0), sortedOrder_);
     proxy_->sort(sortedColumn_, sortedOrder_);
@@ -62,7 +90,7 @@ QVector<int> TableView::selectedSourceRows() const
     return rows;
 }
 
-void TableView::copySelection() const
+void TableView::copySelection(bool withHeads) const
 {
     QItemSelection selection = selectionModel()->selection();
     if (selection.isEmpty() && currentIndex().isValid())
@@ -79,23 +107,77 @@ void TableView::copySelection() const
         left = qMin(left, range.left());
         right = qMax(right, range.right());
     }
-    CellBlock block;
+    // A block put back into a table of ours is what it was; other programs get the numbers as they take them.
+    const bool comma = copiesDecimalComma();
+    CellBlock exact;
+    CellBlock forOthers;
+    const auto isCopied = [&](int column) { return !isColumnHidden(column); };
+    if (withHeads) {
+        QVector<QString> heads;
+        for (int column = left; column <= right; ++column)
+            heads.append(!isCopied(column) ? QString()
+                                           : proxy_->headerData(column, Qt::Horizontal, Qt::DisplayRole)
+                                                 .toString()
+                                                 .replace(QLatin1Char('\n'), QLatin1Char(' ')));
+        forOthers.append(heads);
+    }
     for (int row = top; row <= bottom; ++row) {
+        if (proxy_->index(row, left).data(NumberSortProxy::SpareRole).toBool())
+            continue;
         QVector<QString> cells;
+        QVector<QString> shown;
         for (int column = left; column <= right; ++column) {
             const QModelIndex index = proxy_->index(row, column);
-            const bool copied = selection.contains(index) && !isColumnHidden(column);
+            const bool copied = selection.contains(index) && isCopied(column);
             cells.append(copied ? index.data(Qt::DisplayRole).toString() : QString());
+            shown.append(comma && holdsNumbers(column) ? withDecimalComma(cells.last()) : cells.last());
         }
-        block.append(cells);
+        exact.append(cells);
+        forOthers.append(shown);
     }
-    QGuiApplication::clipboard()->setText(clipboardText(block));
+    if (exact.isEmpty())
+        return;
+    auto* cells = new QMimeData;
+    cells->setText(clipboardText(forOthers));
+    cells->setData(cellsMimeType, clipboardText(exact).toUtf8());
+    QGuiApplication::clipboard()->setMimeData(cells);
+}
+
+bool TableView::holdsNumbers(int column) const
+{
+    return proxy_->index(0, column).data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight;
+}
+
+QString TableView::emptyMessage() const
+{
+    return proxy_->filterText().isEmpty() || proxy_->sourceModel()->rowCount() == 0
+        ? QString()
+        : QStringLiteral("По фильтру «%1» ничего не найдено.").arg(proxy_->filterText());
+}
+
+void TableView::paintEvent(QPaintEvent* event)
+{
+    QTableView::paintEvent(event);
+    const int rows = proxy_->rowCount();
+    const bool onlySpare = rows == 1 && proxy_->index(0, 0).data(NumberSortProxy::SpareRole).toBool();
+    if (rows > 0 && !onlySpare)
+        return;
+    const QString message = emptyMessage();
+    if (message.isEmpty())
+        return;
+    QPainter painter(viewport());
+    painter.setPen(QColor(0x60, 0x60, 0x60));
+    const int top = onlySpare ? rowHeight(0) : 0;
+    painter.drawText(
+        viewport()->rect().adjusted(16, 16 + top, -16, -16), Qt::AlignCenter | Qt::TextWordWrap, message);
 }
 
 void TableView::keyPressEvent(QKeyEvent* event)
 {
-    if (event->matches(QKeySequence::Copy)) {
-        copySelection();
+    const bool withHeads =
+        event->key() == Qt::Key_C && event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
+    if (withHeads || event->matches(QKeySequence::Copy)) {
+        copySelection(withHeads);
         event->accept();
         return;
     }

@@ -5,7 +5,8 @@
 #include <QTableView>
 
 // The table of every screen: sorts by a click on a header (up, down, as stored), filters, copies the selected
-// block for a spreadsheet, keeps the widths of its columns under its name.
+// block for a spreadsheet, keeps the widths of its columns under its name. A filter that nothing passes says
+// so in the table's place.
 class TableView : public QTableView
 {
     Q_OBJECT
@@ -16,7 +17,9 @@ public:
 
     // The table's own rows, in stored order, not owned. Call it once, when the columns stand.
     void setSourceModel(QAbstractItemModel* source);
-    void setFilterText(const QString& text) { proxy_->setFilterText(text); }
+    void setFilterText(const QString& text);
+    // When this column is scrolled out of view, the heads of the rows show it in place of their numbers.
+    void setNameColumn(int column);
 
     // Between the rows as seen and the rows as stored.
     QModelIndex sourceIndex(const QModelIndex& seen) const { return proxy_->mapToSource(seen); }
@@ -24,19 +27,33 @@ public:
     // Rows of the source model that hold a selected cell, from top to bottom.
     QVector<int> selectedSourceRows() const;
 
-    // Ctrl+C: the selected cells as a block, or the current one.
-    void copySelection() const;
+    // Ctrl+C: the selected cells as a block, or the current one; numbers with the decimal mark that the user
+    // chose for spreadsheets. Ctrl+Shift+C: with the heads of the columns above.
+    void copySelection(bool withHeads = false) const;
+
+    // Up, down, as stored.
+    void sortByClick(int column);
 
 protected:
+    NumberSortProxy* proxy() const { return proxy_; }
+    // Whether the cells of the column are copied as numbers; where they stand on the right, they are.
+    virtual bool holdsNumbers(int column) const;
+    // What stands in the middle of a table without rows.
+    virtual QString emptyMessage() const;
+    void sortBy(int column, Qt::SortOrder order);
+    int sortedColumn() const { return sortedColumn_; }
+
+    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     // Another style may draw wider heads.
     void changeEvent(QEvent* event) override;
 
 private:
-    void sortByClick(int column);
+    void showRowHeads();
 
     QString name_;
     NumberSortProxy* proxy_;
+    int nameColumn_ = -1;
     int sortedColumn_ = -1;
     Qt::SortOrder sortedOrder_ = Qt::AscendingOrder;
 };

@@ -13,11 +13,18 @@ std::unique_ptr<QSettings> viewSettings()
         QSettings::IniFormat);
 }
 
+// A last column that takes the rest of the width has none of its own: remembered, it would be cut off in a
+// wider table, or push the others out of a narrower one.
+static bool hasOwnWidth(const QHeaderView* header, int column)
+{
+    return !header->stretchLastSection() || column != header->count() - 1;
+}
+
 static void saveWidths(const QHeaderView* header, const QString& name)
 {
     QStringList widths;
     for (int column = 0; column < header->count(); ++column)
-        widths += QString::number(header->sectionSize(column));
+        widths += QString::number(hasOwnWidth(header, column) ? header->sectionSize(column) : 0);
     viewSettings()->setValue(QStringLiteral("widths/") + name, widths);
 }
 
@@ -36,7 +43,7 @@ void keepColumnWidths(QHeaderView* header, const QString& name)
 {
     const QStringList widths = viewSettings()->value(QStringLiteral("widths/") + name).toStringList();
     for (int column = 0; column < qMin(header->count(), widths.size()); ++column)
-        if (const int width = widths[column].toInt(); width > 0)
+        if (const int width = widths[column].toInt(); width > 0 && hasOwnWidth(header, column))
             header->resizeSection(column, width);
 
     QTimer* rest = whenHandRests(header, [header, name] { saveWidths(header, name); });

@@ -2,7 +2,9 @@
 
 #include "common/edit_grid.h"
 #include "common/exchange_command.h"
+#include "common/notice_bar.h"
 #include "common/number_sort_proxy.h"
+#include "common/typed_text.h"
 #include "common/view_settings.h"
 #include "core/base/reference.h"
 #include "listCoords/head_panel.h"
@@ -11,7 +13,9 @@
 #include "listCoords/questions.h"
 #include "modules/itellurix_controller.h"
 #include "modules/itx_undo_redo.h"
+#include "modules/unsaved_cells.h"
 
+#include <QDynamicPropertyChangeEvent>
 #include <QItemSelectionModel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -31,8 +35,10 @@ ListCoords::ListCoords(TX_Modes mode, ITellurixController* controller)
     , head_(new HeadPanel(controller->settings(), this))
     , grid_(new EditGrid(QStringLiteral("listCoords/points"), pointColumns()))
     , pane_(new PlanPane)
+    , commas_(new NoticeBar(QStringLiteral("Исправить")))
 {
     grid_->setAccessibleName(QStringLiteral("Ведомость координат"));
+    grid_->setNameColumn(PointNameColumn);
     auto* splitter = new QSplitter(Qt::Horizontal);
     splitter->addWidget(makeTablePane());
     splitter->addWidget(pane_);
@@ -48,6 +54,10 @@ ListCoords::ListCoords(TX_Modes mode, ITellurixController* controller)
     keepSplitter(splitter);
 
     connect(grid_, &EditGrid::edited, this, &ListCoords::edit);
+    connect(grid_, &EditGrid::told, this, [this](const QString& text) {
+        Q_EMIT signalShowStatusMessage(text.isEmpty() ? L"Готово." : text.toStdWString());
+    });
+    connect(commas_, &NoticeBar::remedyWanted, this, &ListCoords::mendNumbers);
     connect(grid_, &EditGrid::currentRowChanged, this, [this](qint64 id) { pane_->plan().setCurrent(id); });
     connect(grid_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ListCoords::tellActions);
     connect(&pane_->plan(), &PointPlan::pointChosen, this, [this](qint64 id) { grid_->showRow(id); });
@@ -80,6 +90,7 @@ QWidget* ListCoords::makeTablePane()
     auto* layout = new QVBoxLayout(pane);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(filter);
+    layout->addWidget(commas_);
     layout->addWidget(grid_, 1);
     return pane;
 }
@@ -158,12 +169,29 @@ void ListCoords::reload()
     if (!sameRows(rows, grid_->rows().rows()))
         grid_->setRows(rows);
     showPlan(rows);
+    showCommas(rows);
     if (project)
         head_->showHead(headOf(*project));
     else
         head_->showNothing();
     tellActions();
+    tellProblems();
     askNameOnce();
+}
+
+void ListCoords::showCommas(const GridRows& rows)
+{
+    const QVector<GridColumn>& columns = grid_->rows().columns();
+    int cells = 0;
+    for (const GridRow& row : rows)
+        for (int column = 0; column < columns.size(); ++column)
+            if (columns[column].kind == GridColumn::Number
+                && mendedNumber(row.cells.value(column)) != row.cells.value(column))
+                ++cells;
+    commas_->say(cells == 0
+            ? QString()
+            : QStringLiteral("Числа с запятой или пробелами расчёты и разрезы прочтут неверно. Ячеек: %1.")
+                  .arg(cells));
 }
 
 void ListCoords::showPlan(const GridRows& rows)
@@ -221,27 +249,109 @@ bool ListCoords::store()
     head_->commit();
     grid_->closeEditor();
     settle();
-    const QString problem = head_->problem().isEmpty() ? table_.firstProblem(*project) : head_->problem();
-    if (!problem.isEmpty())
-        Q_EMIT signalShowStatusMessage(problem.toStdWString());
-    return problem.isEmpty();
+    const QVector<PointTable::OpenCell> cells = openCells();
+    if (!cells.isEmpty())
+        Q_EMIT signalShowStatusMessage(cells.first().text.toStdWString());
+    return cells.isEmpty();
+}
+
+QVector<PointTable::OpenCell> ListCoords::openCells()
+{
+    IDBProject* project = controller_->project();
+    QVector<PointTable::OpenCell> cells =
+        project ? table_.openCells(*project) : QVector<PointTable::OpenCell>();
+    if (!head_->problem().isEmpty())
+        cells.prepend({0, 0, QStringLiteral("Имя файла: ") + head_->problem()});
+    return cells;
+}
+
+void ListCoords::tellProblems()
+{
+    QStringList texts;
+    for (const PointTable::OpenCell& cell : openCells())
+        texts += cell.text;
+    setProperty(unsavedCellsProperty, texts);
+    const QString first = texts.isEmpty() ? QString() : texts.first();
+    if (controller_->currentMode() == mode_ && first != toldProblem_)
+        Q_EMIT signalShowStatusMessage(first.isEmpty() ? L"Готово." : first.toStdWString());
+    toldProblem_ = first;
+}
+
+void ListCoords::showOpenCell(int number)
+{
+    const QVector<PointTable::OpenCell> cells = openCells();
+    if (number < 0 || number >= cells.size())
+        return;
+    if (cells[number].row == 0)
+        return head_->setFocus();
+    grid_->setFocus();
+    grid_->showRow(cells[number].row, cells[number].column);
+}
+
+bool ListCoords::event(QEvent* event)
+{
+    if (event->type() == QEvent::DynamicPropertyChange
+        && static_cast<QDynamicPropertyChangeEvent*>(event)->propertyName() == shownCellProperty)
+        if (const QVariant number = property(shownCellProperty); number.isValid())
+            showOpenCell(number.toInt());
+    return TXWidget::event(event);
 }
 
 void ListCoords::edit(const GridRows& after)
 {
     const GridRows before = grid_->rows().rows();
+    GridRows wanted = after;
+    GridRows typed = grid_->asTyped();
     settle();
     IDBProject* project = controller_->project();
     if (!project)
         return;
-    PointsChange change = table_.change(*project, before, after);
+    for (int row = 0; row < typed.size(); ++row)
+        if (typed[row].id == 0)
+            typed[row].id = wanted[row].id = table_.newId();
+    PointsChange change = table_.change(*project, before, wanted);
     if (change.uses.empty() && change.refusal.empty()) {
+        if (!typed.isEmpty())
+            noteTyping(table_.change(*project, before, typed), change);
         make(change);
         return;
     }
     // A box may not open while the cell's editor is still about to close.
     waiting_ = std::move(change);
     QTimer::singleShot(0, this, &ListCoords::settle);
+}
+
+void ListCoords::noteTyping(const PointsChange& typing, PointsChange& change)
+{
+    if (typing.keysChanged != change.keysChanged || typing.isEmpty())
+        return;
+    const auto command = makeReference<ExchangeCommand<PointsState>>(putter(), change.before, typing.after);
+    controller_->undoRedo()->add(controller_->undoContext(), command.get());
+    change.before = typing.after;
+}
+
+void ListCoords::mendNumbers()
+{
+    IDBProject* project = controller_->project();
+    if (!project)
+        return;
+    head_->commit();
+    grid_->closeEditor();
+    settle();
+    const GridRows before = table_.rows(*project);
+    GridRows after = before;
+    int cells = 0;
+    for (GridRow& row : after)
+        for (int column = 0; column < PointColumnCount; ++column) {
+            const QString text = row.cells.value(column);
+            if (grid_->rows().columns()[column].kind != GridColumn::Number || mendedNumber(text) == text)
+                continue;
+            row.cells[column] = mendedNumber(text);
+            ++cells;
+        }
+    make(table_.change(*project, before, after));
+    Q_EMIT signalShowStatusMessage(
+        QStringLiteral("Исправлено чисел: %1 (Ctrl+Z вернёт).").arg(cells).toStdWString());
 }
 
 void ListCoords::settle()
@@ -271,19 +381,22 @@ void ListCoords::make(const PointsChange& change)
         return;
     }
     observe();
-    const auto put = [controller = controller_, drafts = table_.drafts()](const PointsState& state) {
+    const auto command = makeReference<ExchangeCommand<PointsState>>(putter(), change.before, change.after);
+    controller_->undoRedo()->execute(controller_->undoContext(), command.get());
+    if (stale_)
+        reload();
+    Q_EMIT signalUpdateMenus();
+    tellProblems();
+}
+
+std::function<void(const PointsState&)> ListCoords::putter() const
+{
+    return [controller = controller_, drafts = table_.drafts()](const PointsState& state) {
         *drafts = state.drafts;
         if (IDBProject* project = controller->project())
             state.putInto(*project);
         controller->notify();
     };
-    const auto command = makeReference<ExchangeCommand<PointsState>>(put, change.before, change.after);
-    controller_->undoRedo()->execute(controller_->undoContext(), command.get());
-    if (stale_)
-        reload();
-    Q_EMIT signalUpdateMenus();
-    if (IDBProject* project = controller_->project())
-        Q_EMIT signalShowStatusMessage(table_.firstProblem(*project).toStdWString());
 }
 
 void ListCoords::editHead(const ProjectHead& after)

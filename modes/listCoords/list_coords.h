@@ -5,11 +5,13 @@
 #include "listCoords/project_head.h"
 #include "modules/tx_widget.h"
 
+#include <functional>
 #include <optional>
 
 class EditGrid;
 class HeadPanel;
 class IDBProject;
+class NoticeBar;
 class ITellurixController;
 class PlanPane;
 class QLineEdit;
@@ -29,6 +31,7 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    bool event(QEvent* event) override;
 
 private:
     QWidget* makeTablePane();
@@ -48,6 +51,15 @@ private:
     void settle();
     bool isWanted(const PointsChange& change);
     void make(const PointsChange& change);
+    // The step before a change: the same as it was typed, before it was mended.
+    void noteTyping(const PointsChange& typing, PointsChange& change);
+    void mendNumbers();
+    void showCommas(const GridRows& rows);
+    // What is not stored: the lines of the head first. A row of 0 is the head.
+    QVector<PointTable::OpenCell> openCells();
+    void tellProblems();
+    void showOpenCell(int number);
+    std::function<void(const PointsState&)> putter() const;
     void editHead(const ProjectHead& after);
 
     void askNameOnce();
@@ -63,4 +75,6 @@ private:
     HeadPanel* head_;
     EditGrid* grid_;
     PlanPane* pane_;
+    NoticeBar* commas_;
+    QString toldProblem_;
 };

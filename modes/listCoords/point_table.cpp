@@ -1,5 +1,7 @@
 #include "listCoords/point_table.h"
 
+#include "core/base/reading_order.h"
+
 #include <QHash>
 
 #include <algorithm>
@@ -125,6 +127,19 @@ GridRows::iterator findRow(GridRows& rows, qint64 id)
     return std::find_if(rows.begin(), rows.end(), [&](const GridRow& row) { return row.id == id; });
 }
 
+// The register's own order puts "Скв-11" before "Скв-2".
+std::vector<const PointRegister::value_type*> inReadingOrder(const PointRegister& points)
+{
+    std::vector<const PointRegister::value_type*> sorted;
+    sorted.reserve(points.size());
+    for (const auto& point : points)
+        sorted.push_back(&point);
+    std::stable_sort(sorted.begin(), sorted.end(), [](const auto* a, const auto* b) {
+        return standsBefore(a->first.pointName, b->first.pointName);
+    });
+    return sorted;
+}
+
 // Rows that are no points yet stand where they were begun; one of them may stand under another.
 void showDraft(GridRows& rows, qint64 id, const PointDraft& draft)
 {
@@ -171,7 +186,8 @@ GridRows PointTable::rows(IDBProject& project)
     GridRows rows;
     points_.clear();
     rows.reserve(int(project.getPointRegister().size()) + drafts_->size());
-    for (const auto& [key, pointRows] : project.getPointRegister()) {
+    for (const auto* point : inReadingOrder(project.getPointRegister())) {
+        const auto& [key, pointRows] = *point;
         rows.append({idOf(key.pointName), pointCells(key, pointRows)});
         note(rows.last().warnings, PointNameColumn, pointNameWarning(key.pointName));
     }
@@ -183,24 +199,28 @@ GridRows PointTable::rows(IDBProject& project)
     return rows;
 }
 
-QString PointTable::firstProblem(IDBProject& project)
+QVector<PointTable::OpenCell> PointTable::openCells(IDBProject& project)
 {
     // What is stored has no problems, and the whole table takes a while with thousands of points.
     const bool isSound = std::all_of(
         drafts_->cbegin(), drafts_->cend(), [](const PointDraft& draft) { return draft.problems.isEmpty(); });
+    QVector<OpenCell> cells;
     if (isSound)
-        return {};
+        return cells;
     const auto columns = pointColumns();
     for (const GridRow& row : rows(project)) {
         const QString point = QString::fromStdWString(pointOf(row.id));
         for (int column = 0; column < row.problems.size(); ++column)
             if (!row.problems[column].isEmpty())
-                return QStringLiteral("%1, «%2»: %3")
-                    .arg(point.isEmpty() ? QStringLiteral("Новая строка") : QStringLiteral("Точка ") + point,
-                        QString(columns[column].title).replace(QLatin1Char('\n'), QLatin1Char(' ')),
-                        row.problems[column]);
+                cells.append({row.id,
+                    column,
+                    QStringLiteral("%1, «%2»: %3")
+                        .arg(point.isEmpty() ? QStringLiteral("Новая строка")
+                                             : QStringLiteral("Точка ") + point,
+                            QString(columns[column].title).replace(QLatin1Char('\n'), QLatin1Char(' ')),
+                            row.problems[column])});
     }
-    return {};
+    return cells;
 }
 
 // Everything typed becomes a draft first; what can be stored leaves the drafts again at once.

@@ -61,8 +61,15 @@ public:
     std::shared_ptr<PointDrafts> drafts() const { return drafts_; }
     // The point in a row; empty where it is none yet.
     std::wstring pointOf(qint64 id) const;
-    // The first cell that is not stored, and why; empty where all is.
-    QString firstProblem(IDBProject& project);
+    // An id for a row that has none yet.
+    qint64 newId() { return ++lastId_; }
+    // The cells that are not stored: where, and why.
+    struct OpenCell {
+        qint64 row = 0;
+        int column = 0;
+        QString text;
+    };
+    QVector<OpenCell> openCells(IDBProject& project);
 
 private:
     PointDrafts noteEdits(const GridRows& before, const GridRows& after, std::vector<std::wstring>& removed);

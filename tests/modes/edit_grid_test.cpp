@@ -1,8 +1,13 @@
+#include "common/typed_text.h"
 #include "support/registers_grid_host.h"
 
 #include <QClipboard>
+#include <QDialog>
 #include <QGuiApplication>
+#include <QHeaderView>
 #include <QLineEdit>
+#include <QTableWidget>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -40,47 +45,206 @@ protected:
     }
 };
 
-TEST_F(EditGridTest, AWholeRowIsEnteredWithoutTheMouse)
+TEST_F(EditGridTest, RowsAreEnteredOneAfterAnotherWithoutTheMouse)
 {
-    host.press(Qt::Key_Insert);
-    host.type(text("3,50"));
-    host.press(Qt::Key_Return); // over the computed column
+    host.type(text("3,50")); // the spare row stands there already
+    host.press(Qt::Key_Tab); // over the computed column
     host.type(text("мон"));
-    host.press(Qt::Key_Return);
+    host.press(Qt::Key_Tab);
     host.press(Qt::Key_Space);
-    host.press(Qt::Key_Return);
+    host.press(Qt::Key_Tab);
     host.type(text("Суглинок"));
     host.press(Qt::Key_Return, Qt::ShiftModifier);
     host.type(text("бурый"));
+    host.press(Qt::Key_Tab); // past the end: the next row
+    host.type(text("4"));
+    host.press(Qt::Key_Tab);
+    host.type(text("вал"));
+    host.press(Qt::Key_Return); // back to where the row was begun, one below
+    host.type(text("5"));
     host.press(Qt::Key_Return);
-    expectCells("3,50||Монолит (М)|1|Суглинок\nбурый\n||||", 6);
-    EXPECT_EQ(host.grid.currentIndex(), host.grid.model()->index(1, 0));
-
-    host.press(Qt::Key_Return); // opens
-    host.press(Qt::Key_Return); // nothing typed: goes on
-    EXPECT_EQ(host.grid.currentIndex().column(), 2);
-    EXPECT_EQ(host.steps, 6);
+    expectCells("3.50||Монолит (М)|1|Суглинок\nбурый\n4||Валовая||\n5||||", 7);
+    EXPECT_EQ(host.grid.currentIndex(), host.grid.model()->index(3, 0));
 }
 
-TEST_F(EditGridTest, TabOpensTheNextCellAndEscapeGivesUp)
+TEST_F(EditGridTest, EnterAndTabGoThroughTheCellsWithoutOpeningThem)
 {
-    host.fill({{text("1"), {}, text("Валовая"), {}, text("песок")}});
+    host.fill({{text("1"), {}, text("Валовая"), {}, text("песок")}, {text("2")}});
     host.select(0, 0);
+    host.press(Qt::Key_Return);
+    EXPECT_EQ(host.grid.currentIndex(), host.grid.model()->index(1, 0));
+    host.press(Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(host.grid.currentIndex(), host.grid.model()->index(0, 0));
     host.press(Qt::Key_F2);
-    host.type(text("2"));
+    host.type(text("7"));
     host.press(Qt::Key_Tab);
-    expectCells("2||Валовая||песок", 1);
-    EXPECT_EQ(host.grid.currentIndex().column(), 2);
-    host.press(Qt::Key_Escape);
-    host.select(0, 4);
+    expectCells("7||Валовая||песок\n2", 1);
+    EXPECT_EQ(host.grid.currentIndex().column(), 2) << "the computed column is no stop";
+    host.press(Qt::Key_Backtab);
+    EXPECT_EQ(host.grid.currentIndex().column(), 0);
+    host.select(1, 0);
+    host.press(Qt::Key_Backtab);
+    EXPECT_EQ(host.grid.currentIndex(), host.grid.model()->index(0, 4));
     host.press(Qt::Key_F2);
     host.type(text("глина"));
     host.press(Qt::Key_Escape);
-    expectCells("2||Валовая||песок", 1);
-    host.press(Qt::Key_Backtab);
-    host.press(Qt::Key_Backtab);
-    host.press(Qt::Key_Backtab);
-    EXPECT_EQ(host.grid.currentIndex().column(), 0) << "the computed column is no stop";
+    expectCells("7||Валовая||песок\n2", 1);
+}
+
+TEST_F(EditGridTest, ArrowsCommitWhatWasTypedAndMoveInWhatWasOpened)
+{
+    const struct {
+        int key;
+        int row;
+        int column;
+    } cases[] = {{Qt::Key_Down, 2, 4}, {Qt::Key_Up, 0, 4}, {Qt::Key_Left, 1, 3}, {Qt::Key_Right, 1, 4}};
+    host.fill({{text("1"), {}, {}, {}, {}}, {text("2"), {}, {}, {}, {}}, {text("3"), {}, {}, {}, {}}});
+    for (const auto& [key, row, column] : cases) {
+        host.select(1, 4);
+        host.type(QString::number(key));
+        host.press(key);
+        EXPECT_EQ(host.grid.model()->index(1, 4).data().toString(), QString::number(key));
+        EXPECT_EQ(host.grid.currentIndex(), host.grid.model()->index(row, column)) << key;
+    }
+    host.select(0, 0);
+    host.press(Qt::Key_F2);
+    host.press(Qt::Key_End);
+    host.press(Qt::Key_Left);
+    host.type(text("0."));
+    host.press(Qt::Key_Return);
+    EXPECT_EQ(host.grid.model()->index(0, 0).data().toString(), text("0.1"));
+}
+
+TEST_F(EditGridTest, AChoiceIsTakenByEnterAtOnce)
+{
+    host.fill({{text("1")}, {text("2")}});
+    host.select(0, 2);
+    host.type(text("вал"));
+    host.press(Qt::Key_Return);
+    EXPECT_EQ(host.grid.currentIndex(), host.grid.model()->index(1, 2));
+    host.type(text("кирпич"));
+    host.press(Qt::Key_Return);
+    expectCells("1||Валовая||\n2||кирпич||", 2);
+    host.select(0, 2);
+    host.press(Qt::Key_F2);
+    host.press(Qt::Key_Down, Qt::AltModifier);
+    host.press(Qt::Key_Up);
+    host.press(Qt::Key_Tab);
+    EXPECT_EQ(host.grid.model()->index(0, 2).data().toString(), text("Монолит (М)"));
+}
+
+TEST_F(EditGridTest, ACommaInANumberBecomesAPoint)
+{
+    const struct {
+        const char* typed;
+        const char* stored;
+    } cases[] = {
+        {"3,5", "3.5"},
+        {"6 180\u00A0123,45", "6180123.45"},
+        {"-0,10", "-0.10"},
+        {" 7 ", " 7 "},
+        {"4.2 / туго", "4.2 / туго"},
+        {"1,2,3", "1,2,3"},
+        {"(0,5)", "(0,5)"},
+    };
+    host.fill({{text("8,5"), {}, {}, {}, {}}, {text("1"), {}, {}, {}, {}}});
+    for (const auto& [typed, stored] : cases) {
+        host.told.clear();
+        host.select(1, 0);
+        host.type(text(typed));
+        host.press(Qt::Key_Return);
+        EXPECT_EQ(host.grid.rows().rows()[1].cells[0], text(stored)) << typed;
+        EXPECT_EQ(host.told.contains(text("точкой")), text(typed) != text(stored)) << typed;
+        EXPECT_EQ(host.asTyped.isEmpty() ? text(stored) : host.asTyped[1].cells[0], text(typed));
+    }
+    EXPECT_EQ(host.grid.rows().rows()[0].cells[0], text("8,5")) << "nobody touched it";
+    host.select(1, 4);
+    host.type(text("3,5 м"));
+    host.press(Qt::Key_Return);
+    EXPECT_EQ(host.grid.rows().rows()[1].cells[4], text("3,5 м"));
+    host.select(2, 0);
+    putOnClipboard("2,5\t\t\t\t1,5\n");
+    host.press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(host.grid.rows().rows()[2].cells.toList().join(QLatin1Char('|')), text("2.5||||1,5"));
+    EXPECT_EQ(host.grid.rows().rows()[0].cells[0], text("8,5"));
+}
+
+TEST_F(EditGridTest, WhatTheFileCannotHoldIsMarkedWithAProposal)
+{
+    host.fill({{text("1"), {}, {}, {}, {}}});
+    host.select(0, 4);
+    host.type(text("ρ ≤ 2 г/см³"));
+    host.press(Qt::Key_Tab);
+    const QModelIndex cell = host.grid.model()->index(0, 4);
+    EXPECT_TRUE(cell.data(EditGridModel::ProblemRole).toBool());
+    EXPECT_TRUE(cell.data(Qt::ToolTipRole).toString().contains(text("«ро <= 2 г/см3»")))
+        << cell.data(Qt::ToolTipRole).toString().toStdString();
+    EXPECT_EQ(textForFile(text("й½−φ²\u2009Å№°±")), text("й1/2-фи2 A№°±"));
+}
+
+TEST_F(EditGridTest, FillsDownAndReplaces)
+{
+    host.fill({{text("1"), {}, {}, text("1"), text("песок")},
+        {text("2"), {}, {}, {}, text("глина")},
+        {text("3"), {}, {}, {}, {}}});
+    host.grid.selectionModel()->select({host.grid.model()->index(0, 3), host.grid.model()->index(2, 4)},
+        QItemSelectionModel::ClearAndSelect);
+    host.press(Qt::Key_D, Qt::ControlModifier);
+    expectCells("1|||1|песок\n2|||1|песок\n3|||1|песок", 1);
+    host.select(1, 0);
+    host.press(Qt::Key_D, Qt::ControlModifier);
+    expectCells("1|||1|песок\n1|||1|песок\n3|||1|песок", 2);
+
+    QTimer::singleShot(0, &host.grid, [] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        ASSERT_TRUE(dialog);
+        dialog->findChild<QLineEdit*>(text("replaceWhat"))->setText(text("ПЕС"));
+        dialog->findChild<QLineEdit*>(text("replaceWith"))->setText(text("лес"));
+        EXPECT_EQ(dialog->findChild<QTableWidget*>()->rowCount(), 3);
+        qobject_cast<QDialog*>(dialog)->accept();
+    });
+    host.press(Qt::Key_H, Qt::ControlModifier);
+    expectCells("1|||1|лесок\n1|||1|лесок\n3|||1|лесок", 3);
+}
+
+TEST_F(EditGridTest, AHeadChoosesItsColumnAndSortsAtTheSecondClick)
+{
+    host.fill({{text("10")}, {text("9")}});
+    QHeaderView* heads = host.grid.horizontalHeader();
+    const QPoint head(heads->sectionViewportPosition(0) + 10, heads->height() / 2);
+    QTest::mouseClick(heads->viewport(), Qt::LeftButton, {}, head);
+    EXPECT_TRUE(host.grid.selectionModel()->isColumnSelected(0, {}));
+    EXPECT_EQ(host.grid.model()->index(0, 0).data().toString(), text("10"));
+    QTest::mouseDClick(heads->viewport(), Qt::LeftButton, {}, head);
+    EXPECT_EQ(host.grid.model()->index(0, 0).data().toString(), text("9"));
+    EXPECT_EQ(host.grid.model()->index(2, 0).data().toString(), QString()) << "the spare row stays last";
+    host.select(2, 0);
+    host.type(text("1"));
+    host.press(Qt::Key_Return);
+    EXPECT_EQ(host.grid.model()->index(0, 0).data().toString(), text("1"));
+    EXPECT_EQ(host.grid.currentIndex(), host.grid.model()->index(3, 0)) << "the next spare row";
+}
+
+TEST_F(EditGridTest, ARowThatIsBegunUnderAFilterStaysInView)
+{
+    host.fill({{text("1"), {}, {}, {}, text("песок")}, {text("2"), {}, {}, {}, text("глина")}});
+    host.grid.setFilterText(text("песок"));
+    host.select(0, 0);
+    host.press(Qt::Key_Insert);
+    host.type(text("7"));
+    host.press(Qt::Key_Tab);
+    host.press(Qt::Key_Tab);
+    host.press(Qt::Key_Tab);
+    host.type(text("торф"));
+    host.press(Qt::Key_Return);
+    expectCells("1||||песок\n7||||торф\n2||||глина", 3);
+    EXPECT_EQ(host.grid.model()->rowCount(), 3);
+    EXPECT_EQ(host.grid.model()->index(1, 4).data().toString(), text("торф"));
+    EXPECT_EQ(host.grid.currentIndex().row(), 2) << "the spare row";
+    host.select(0, 4);
+    host.type(text("ил"));
+    host.press(Qt::Key_Return);
+    EXPECT_EQ(host.grid.model()->index(0, 4).data().toString(), text("ил")) << "not snatched away";
 }
 
 TEST_F(EditGridTest, AnOpenCellUndoesItsOwnText)
@@ -121,9 +285,30 @@ TEST_F(EditGridTest, TheCurrentCellFollowsARowThatIsSortedAway)
     host.select(0, 0);
     host.type(text("9"));
     host.press(Qt::Key_Tab);
-    host.press(Qt::Key_Escape);
     expectCells("2||||\n3||||\n9||||", 1);
     EXPECT_EQ(host.grid.currentIndex(), host.grid.model()->index(2, 2));
+
+    // Down goes on in what stood below, not in what has come there.
+    host.select(0, 0);
+    host.type(text("5"));
+    host.press(Qt::Key_Return);
+    expectCells("3||||\n5||||\n9||||", 2);
+    EXPECT_EQ(host.grid.currentIndex(), host.grid.model()->index(0, 0));
+
+    // Who enters rows goes on in a new one, wherever the last one has been put.
+    host.select(3, 0);
+    host.type(text("1"));
+    host.press(Qt::Key_Tab);
+    EXPECT_EQ(host.grid.currentIndex(), host.grid.model()->index(0, 2));
+    host.press(Qt::Key_Tab);
+    host.press(Qt::Key_Tab);
+    host.type(text("ил"));
+    host.press(Qt::Key_Tab);
+    EXPECT_EQ(host.grid.currentIndex(), host.grid.model()->index(4, 0));
+    host.type(text("4"));
+    host.press(Qt::Key_Return);
+    EXPECT_EQ(host.grid.currentIndex(), host.grid.model()->index(5, 0));
+    expectCells("1||||ил\n3||||\n4||||\n5||||\n9||||", 5);
 }
 
 TEST_F(EditGridTest, BlocksAreClearedAndRowsDeletedInOneStep)
@@ -149,13 +334,13 @@ TEST_F(EditGridTest, ABlockFromASpreadsheetGrowsTheTable)
     host.select(0, 0);
     putOnClipboard("5,5\tлишнее\tмонолит (м)\tда\t\"две\nстроки\"\tза краем\n6\t\t?\t0\n");
     host.press(Qt::Key_V, Qt::ControlModifier);
-    expectCells("5,5|м|Монолит (М)|1|две\nстроки\n6||?||", 1);
+    expectCells("5.5|м|Монолит (М)|1|две\nстроки\n6||?||", 1);
     // What is copied comes back the same.
     host.grid.selectAll();
     host.press(Qt::Key_C, Qt::ControlModifier);
     host.press(Qt::Key_X, Qt::ControlModifier);
     host.press(Qt::Key_V, Qt::ControlModifier);
-    expectCells("5,5|м|Монолит (М)|1|две\nстроки\n6||?||", 3);
+    expectCells("5.5|м|Монолит (М)|1|две\nстроки\n6||?||", 3);
 }
 
 TEST_F(EditGridTest, OneCellIsPastedOverTheWholeSelection)
@@ -183,6 +368,7 @@ TEST_F(EditGridTest, ATableThatMayNotBeEditedOnlyCopies)
     host.fill({{text("1"), {}, {}, text("1"), text("a")}});
     host.grid.setEditingAllowed(false);
     putOnClipboard("9");
+    EXPECT_EQ(host.grid.model()->rowCount(), 1) << "no spare row";
     for (const int column : {0, 3}) {
         host.select(0, column);
         for (const int key : {Qt::Key_Return, Qt::Key_F2, Qt::Key_Space, Qt::Key_Insert, Qt::Key_Delete})
@@ -191,4 +377,23 @@ TEST_F(EditGridTest, ATableThatMayNotBeEditedOnlyCopies)
         host.press(Qt::Key_Delete, Qt::ControlModifier);
     }
     expectCells("1|||1|a", 0);
+}
+
+TEST_F(EditGridTest, ASpreadsheetTakesNumbersForNumbers)
+{
+    host.fill({{text("3.6"), {}, {}, {}, text("глина 3.6")}, {text("6180.25"), {}, {}, {}, {}}});
+    host.grid.selectAll();
+    host.press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), text("3,6\t\t\t\tглина 3.6\n6180,25\t\t\t\t\n"));
+    host.press(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_TRUE(
+        QGuiApplication::clipboard()->text().startsWith(text("Глубина\tМощность\tВид\tЕсть\tОписание\n")));
+    setCopiesDecimalComma(false);
+    host.press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith(text("3.6\t")));
+    setCopiesDecimalComma(true);
+    // Whole rows come back into their columns, wherever the cursor is.
+    host.select(2, 4);
+    host.press(Qt::Key_V, Qt::ControlModifier);
+    expectCells("3.6||||глина 3.6\n6180.25||||\n3.6||||глина 3.6\n6180.25||||", 1);
 }

@@ -76,10 +76,10 @@ TEST(ListCoords, CellsAreStoredAsTyped)
         return [=](DBProject& project) { return firstRow(project, L"1").*cell == wanted; };
     };
     const Row rows[] = {
-        {2, QStringLiteral("301032,450"), text(&PointRow::text0, L"301032,450")},
+        {2, QStringLiteral("301032,450"), text(&PointRow::text0, L"301032.450")},
         {3, QStringLiteral(" 12 "), text(&PointRow::text1, L" 12 ")},
         {4, QStringLiteral("15.65"), text(&PointRow::absoluteMark, L"15.65")},
-        {5, QStringLiteral("-0,1"), text(&PointRow::text3, L"-0,1")},
+        {5, QStringLiteral("-0,1"), text(&PointRow::text3, L"-0.1")},
         {7, QStringLiteral("3"), text(&PointRow::text4, L"3")},
         {8, QStringLiteral("4"), text(&PointRow::text5, L"4")},
         {9, QStringLiteral("31.12.2019"), text(&PointRow::text6, L"31.12.2019")},
@@ -159,15 +159,15 @@ TEST(ListCoords, NewPointIsStoredWithItsName)
     EXPECT_FALSE(Q_EMIT host.screen->signalUpdateDB());
     host.typeInto(3, 0, QStringLiteral("5"));
     ASSERT_TRUE(holds(*host.project, L"5"));
-    EXPECT_EQ(firstRow(*host.project, L"5").text0, L"77,5");
+    EXPECT_EQ(firstRow(*host.project, L"5").text0, L"77.5");
     const int row = host.rowOf(QStringLiteral("5"));
     EXPECT_EQ(row, 2);
     EXPECT_EQ(host.cell(row, 1), QStringLiteral("Что-то"));
     EXPECT_TRUE(host.tip(row, 1).contains(QStringLiteral("Скважина")));
-    for (int step = 0; step < 4; ++step)
+    for (int step = 0; step < 5; ++step)
         host.controller->undo();
     EXPECT_EQ(host.project->getPointRegister().size(), 3U);
-    EXPECT_EQ(host.table()->model()->rowCount(), 3);
+    EXPECT_EQ(host.table()->model()->rowCount(), 3 + 1) << "and the spare row";
 }
 
 TEST(ListCoords, NameWaitsForTheOneInItsWay)
@@ -178,7 +178,7 @@ TEST(ListCoords, NameWaitsForTheOneInItsWay)
     host.typeInto(2, 0, QStringLiteral("11"));
     EXPECT_FALSE(holds(*host.project, L"1"));
     EXPECT_EQ(firstRow(*host.project, L"10").text0, L"100");
-    EXPECT_EQ(host.table()->currentIndex().row(), host.rowOf(QStringLiteral("11")));
+    EXPECT_EQ(host.table()->currentIndex().row(), 3) << "below the third";
     EXPECT_TRUE(Q_EMIT host.screen->signalUpdateDB());
 }
 
@@ -239,13 +239,15 @@ TEST(ListCoords, PastedBlockAddsPoints)
     host.select(0, 0);
     QTest::keyClick(host.table(), Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(host.project->getPointRegister().size(), 2U);
-    EXPECT_EQ(firstRow(*host.project, L"Скв-1").text0, L"10,5");
+    EXPECT_EQ(firstRow(*host.project, L"Скв-1").text0, L"10.5");
     EXPECT_EQ(findExact(host.project->getPointRegister(), {L"Скв-2", 0})->first.pointKind, 2);
-    EXPECT_EQ(host.table()->model()->rowCount(), 3);
+    EXPECT_EQ(host.table()->model()->rowCount(), 3 + 1);
     EXPECT_FALSE(Q_EMIT host.screen->signalUpdateDB());
     host.controller->undo();
+    EXPECT_EQ(firstRow(*host.project, L"Скв-1").text0, L"10,5") << "as it was pasted";
+    host.controller->undo();
     EXPECT_TRUE(host.project->getPointRegister().empty());
-    EXPECT_EQ(host.table()->model()->rowCount(), 0);
+    EXPECT_EQ(host.table()->model()->rowCount(), 1);
 }
 
 // A section's end without a mark takes that of its point when the file is opened, which must be a number.
@@ -264,6 +266,8 @@ TEST(ListCoords, MarkThatAFileNeedsToOpenStaysANumber)
     EXPECT_TRUE(Q_EMIT host.screen->signalUpdateDB());
     EXPECT_FALSE(host.tip(0, 4).contains(QStringLiteral("без дробной части")));
     host.typeInto(0, 4, QStringLiteral("6,5"));
+    EXPECT_EQ(firstRow(*project, L"1").absoluteMark, L"6.5");
+    host.controller->undo();
     EXPECT_EQ(firstRow(*project, L"1").absoluteMark, L"6,5") << "as typed, with a warning";
     EXPECT_TRUE(host.tip(0, 4).contains(QStringLiteral("без дробной части")));
 }

@@ -1,9 +1,11 @@
 #include "db/exact_key.h"
+#include "modules/unsaved_cells.h"
 #include "support/registers_screen_host.h"
 
 #include <QAbstractScrollArea>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QPushButton>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -57,12 +59,11 @@ TEST_F(Litology, ShowsThicknessesAndMarksAndStoresWhatIsTyped)
 {
     expectTable("3|3.00|97.50|aQ|песок\n12|9.00|88.50|gQ|глина");
     host.goTo(1, Description);
-    host.press(Qt::Key_Return);
-    host.press(Qt::Key_Return); // past the end
+    host.press(Qt::Key_Tab); // past the end
     host.type(text("5.20"));
-    host.press(Qt::Key_Return);
+    host.press(Qt::Key_Tab);
     host.type(text("eQ"));
-    host.press(Qt::Key_Return);
+    host.press(Qt::Key_Tab);
     host.type(text(" суглинок "));
     host.press(Qt::Key_Return);
     expectTable("3|3.00|97.50|aQ|песок\n5.20|2.20|95.30|eQ| суглинок \n12|6.80|88.50|gQ|глина");
@@ -107,7 +108,6 @@ TEST_F(Litology, ADepthThatCannotBeStoredStaysAsTyped)
         {"nan", "не число"},
         {"12", "уже есть"},
         {"12.0", "как одно число 12"},
-        {"12,5", "дробь точкой"},
     };
     for (const auto& [typed, reason] : cases) {
         SCOPED_TRACE(typed);
@@ -186,6 +186,9 @@ TEST_F(Litology, ANewRowIsNoFaultUntilSomethingIsTyped)
 TEST_F(Litology, WarnsOfWhatIsStoredButWrong)
 {
     host.enter(0, Bottom, text("3,8"));
+    EXPECT_EQ(depthsOf(*host.project, L"1"), "3.8 12 ");
+    EXPECT_TRUE(host.status.contains(text("Запятая"))) << host.status.toStdString();
+    host.controller.undo();
     EXPECT_EQ(depthsOf(*host.project, L"1"), "3,8 12 ");
     EXPECT_TRUE(host.isWarned(0, Bottom));
     EXPECT_TRUE(host.toolTip(0, Bottom).contains(text("прочтут «3,8» как 3"))) << "as the orderings do";
@@ -199,13 +202,60 @@ TEST_F(Litology, WarnsOfWhatIsStoredButWrong)
     EXPECT_TRUE(host.store());
 }
 
+TEST_F(Litology, CommasOfAnOpenedProjectAreMendedForTheWholeRegister)
+{
+    const auto buttonShown = [&]() -> QPushButton* {
+        for (QPushButton* button : host.screen->findChildren<QPushButton*>())
+            if (button->text() == text("Исправить") && button->isVisible())
+                return button;
+        return nullptr;
+    };
+    EXPECT_FALSE(buttonShown());
+    host.project->addLithology({L"2", L"9,5"}, {L"a", L"ил"});
+    host.project->addLithology({L"2", L"1 010"}, {L"b", L"торф"});
+    host.project->addLithology({L"1", L"12.0"}, {});
+    host.project->addLithology({L"1", L"4,2"}, {L"c", L"песок"});
+    host.activate();
+    EXPECT_EQ(depthsOf(*host.project, L"1"), "3 4,2 12 ") << "nothing is mended unasked";
+    ASSERT_TRUE(buttonShown());
+    QTest::mouseClick(buttonShown(), Qt::LeftButton);
+    EXPECT_EQ(depthsOf(*host.project, L"1"), "3 4.2 12 ");
+    EXPECT_EQ(depthsOf(*host.project, L"2"), "7 9.5 1010 ");
+    EXPECT_EQ(findExact(host.project->getLithology(), {L"2", L"1010"})->second.description, L"торф");
+    EXPECT_FALSE(buttonShown());
+    host.controller.undo();
+    EXPECT_EQ(depthsOf(*host.project, L"1"), "3 4,2 12 ");
+    EXPECT_EQ(depthsOf(*host.project, L"2"), "1 010 7 9,5 ") << "as the registers read them";
+}
+
+TEST_F(Litology, TellsTheShellWhatIsNotStoredAndShowsIt)
+{
+    const auto unsaved = [&] { return host.screen->property(unsavedCellsProperty).toStringList(); };
+    host.enter(0, Bottom, text("туго"));
+    host.choose(1);
+    host.goTo(1, Description);
+    host.type(text("без глубины"));
+    host.press(Qt::Key_Tab);
+    ASSERT_EQ(unsaved().size(), 2);
+    EXPECT_TRUE(unsaved()[0].startsWith(text("Точка 2, строка 2, «Подошва")));
+    EXPECT_TRUE(unsaved()[1].startsWith(text("Точка 1, строка 1, «Подошва")));
+    EXPECT_TRUE(unsaved()[1].contains(text("«туго» — не число")));
+    host.screen->setProperty(shownCellProperty, 1);
+    EXPECT_EQ(host.controller.editedSample(), L"1");
+    EXPECT_EQ(host.table()->currentIndex(), host.table()->model()->index(0, Bottom));
+    host.controller.undo();
+    EXPECT_EQ(unsaved().size(), 1);
+}
+
 TEST_F(Litology, PasteStoresWhatCanBeStoredInOneStep)
 {
     host.goTo(0, Bottom);
     QGuiApplication::clipboard()->setText(text("1\t\t\ta\tА\n1.0\t\t\tb\tБ\n\t\t\tc\tВ\n2,5\t\t\td\tГ\n"));
     host.press(Qt::Key_V, Qt::ControlModifier);
+    expectTable("1|1.00|99.50|a|А\n1.0|||b|Б\n|||c|В\n2.5|1.50|98.00|d|Г");
+    EXPECT_EQ(depthsOf(*host.project, L"1"), "1 2.5 12 ") << "12 is held by the row that is 1.0 now";
+    host.controller.undo();
     expectTable("1|1.00|99.50|a|А\n1.0|||b|Б\n|||c|В\n2,5|1.50|98.00|d|Г");
-    EXPECT_EQ(depthsOf(*host.project, L"1"), "1 2,5 12 ") << "12 is held by the row that is 1.0 now";
     host.controller.undo();
     expectTable("3|3.00|97.50|aQ|песок\n12|9.00|88.50|gQ|глина");
     EXPECT_EQ(depthsOf(*host.project, L"1"), "3 12 ");
@@ -239,7 +289,7 @@ TEST_F(Litology, TheShellsActionsAddAndDelete)
     host.type(text("4"));
     Q_EMIT host.screen->signalAddSelectedRecord(); // an open cell is committed first
     EXPECT_EQ(depthsOf(*host.project, L"1"), "4 12 ");
-    EXPECT_EQ(host.table()->model()->rowCount(), 3);
+    EXPECT_EQ(host.rowCount(), 3);
     host.table()->selectAll();
     Q_EMIT host.screen->signalDelSelectedRecord();
     EXPECT_EQ(depthsOf(*host.project, L"1"), "");
@@ -331,7 +381,7 @@ TEST(Samples, KindsAreNamesAndUnknownNumbersStay)
     host.goTo(1, 0);
     host.press(Qt::Key_Insert);
     host.type(text("9"));
-    host.press(Qt::Key_Return);
+    host.press(Qt::Key_Tab);
     EXPECT_TRUE(host.isMarked(2, 1)) << "no kind, no sample";
     EXPECT_EQ(project->getSamples().size(), 2U);
     host.type(text("кирпич"));
@@ -421,6 +471,6 @@ TEST(RegisterScreens, SayWhatIsMissing)
         host.project->addConsistency({L"ничья", L"3"}, {});
         host.activate();
         EXPECT_TRUE(host.table()->isVisible()) << "rows without a point are shown all the same";
-        EXPECT_EQ(host.table()->model()->rowCount(), 1);
+        EXPECT_EQ(host.rowCount(), 1);
     }
 }

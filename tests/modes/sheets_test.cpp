@@ -215,7 +215,7 @@ TEST(SheetScreens, filterCountCopyAndTabs)
     QTest::keyClick(samples, Qt::Key_Home);
     QTest::keyClick(samples, Qt::Key_Right, Qt::ShiftModifier);
     QTest::keyClick(samples, Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), "CBH02\t1.20\n");
+    EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), "CBH02\t1,20\n");
 
     // The filter goes along to the next sheet, and Escape takes it away.
     QTest::keyClick(samples, Qt::Key_PageDown, Qt::ControlModifier);

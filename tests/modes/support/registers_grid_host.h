@@ -15,6 +15,7 @@ public:
         : grid(QStringLiteral("test/grid"), columns)
     {
         QObject::connect(&grid, &EditGrid::edited, &grid, [this](const GridRows& after) { store(after); });
+        QObject::connect(&grid, &EditGrid::told, &grid, [this](const QString& text) { told = text; });
         grid.resize(700, 400);
         grid.show();
         grid.setFocus();
@@ -57,6 +58,8 @@ public:
     }
 
     int steps = 0; // edits that came out: undo steps
+    QString told;
+    GridRows asTyped; // of the last edit
     std::function<void(GridRows&)> arrange = [](GridRows&) {};
     EditGrid grid;
 
@@ -69,6 +72,7 @@ private:
     void store(GridRows after)
     {
         ++steps;
+        asTyped = grid.asTyped();
         for (GridRow& row : after)
             if (row.id == 0)
                 row.id = ++lastId_;

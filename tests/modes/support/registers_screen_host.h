@@ -71,10 +71,18 @@ public:
     {
         return table()->model()->index(row, column).data(EditGridModel::WarningRole).toBool();
     }
+    // Without the spare one.
+    int rowCount() const
+    {
+        const QAbstractItemModel* model = table()->model();
+        const int rows = model->rowCount();
+        return rows > 0 && model->index(rows - 1, 0).data(NumberSortProxy::SpareRole).toBool() ? rows - 1
+                                                                                               : rows;
+    }
     QString cells() const
     {
         QStringList rows;
-        for (int row = 0; row < table()->model()->rowCount(); ++row) {
+        for (int row = 0; row < rowCount(); ++row) {
             QStringList rowCells;
             for (int column = 0; column < table()->model()->columnCount(); ++column)
                 rowCells += cell(row, column);
