@@ -4,6 +4,7 @@
 #include "drawing/drawing.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -54,11 +55,17 @@ struct TableCell {
     bool isMarked = false; // grey ground: doubtful, typed over, computed
 };
 
+using TableRows = std::vector<std::vector<TableCell>>;
+
 struct TableBlock {
     std::wstring title = {}; // above the table; the sheet's name in XLSX
     std::vector<double> widths = {}; // mm; 0 or missing: by content
-    std::vector<std::vector<TableCell>> head = {}; // repeats on each page
-    std::vector<std::vector<TableCell>> rows = {};
+    TableRows head = {}; // repeats on each page
+    TableRows rows = {};
+    // Behind them, rows of large registers, made one by one when they are written, possibly several times.
+    // Their cells do not span downwards.
+    std::size_t madeRows = 0;
+    std::function<std::vector<TableCell>(std::size_t row)> makeRow = {};
 };
 
 struct Figure {
@@ -87,6 +94,16 @@ struct Section {
 
 using Block = std::variant<Heading, Paragraph, TableBlock, Figure, PageBreak, Section>;
 
+// What stands on each page around the texts, where an office wants it: a frame with its stamp. Pages count
+// from 1. A text processor counts by itself: there the numbers stand in the places told here and count is 0.
+struct PageFrame {
+    std::function<Drawing(const PageFormat& page, int number, int count)> draw = {}; // as large as the page
+    // The middles of the base lines, in millimetres from the right and the lower edge of the page.
+    Spot number = {}; // of the page, on the pages behind the first
+    Spot firstNumber = {};
+    Spot firstCount = {}; // how many pages there are, on the first one
+};
+
 struct Document {
     std::wstring title = {};
     std::wstring author = {};
@@ -94,4 +111,5 @@ struct Document {
     std::wstring header = {}; // on each page, above
     std::wstring footer = {}; // on each page, below; the page number stands on its right
     std::vector<Block> blocks = {};
+    PageFrame frame = {};
 };

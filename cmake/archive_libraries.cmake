@@ -1,0 +1,11 @@
+# Archives and XML of office files: Minizip::Minizip and pugixml::pugixml.
+if(CMAKE_CROSSCOMPILING)
+    include(${CMAKE_CURRENT_LIST_DIR}/windows/archive_libraries.cmake)
+    return()
+endif()
+find_package(pugixml REQUIRED)
+find_path(TELLURIX_MINIZIP_HEADERS minizip/zip.h REQUIRED)
+find_library(TELLURIX_MINIZIP minizip REQUIRED)
+add_library(Minizip::Minizip INTERFACE IMPORTED)
+target_include_directories(Minizip::Minizip INTERFACE ${TELLURIX_MINIZIP_HEADERS})
+target_link_libraries(Minizip::Minizip INTERFACE ${TELLURIX_MINIZIP})
