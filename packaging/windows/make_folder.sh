@@ -49,9 +49,10 @@ as_windows_text LICENSE >$licences/Tellurix.txt
 for text in LGPL-3 GPL-3; do
     as_windows_text /usr/share/common-licenses/$text >$licences/$text.txt
 done
-for package in nlohmann-json3-dev libcli11-dev fonts-liberation2 fonts-roboto-unhinted mingw-w64-common g++-mingw-w64-x86-64-posix; do
+for package in nlohmann-json3-dev libcli11-dev libz-mingw-w64 fonts-liberation2 fonts-roboto-unhinted mingw-w64-common g++-mingw-w64-x86-64-posix; do
     as_windows_text /usr/share/doc/$package/copyright >$licences/$package.txt
 done
+as_windows_text build/windows_sources/minizip/copyright >$licences/minizip.txt
 
 archive=Tellurix-$version-windows.zip
 rm -f $build/Tellurix-*-windows.zip

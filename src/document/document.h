@@ -98,7 +98,8 @@ using Block = std::variant<Heading, Paragraph, TableBlock, Figure, PageBreak, Se
 // from 1. A text processor counts by itself: there the numbers stand in the places told here and count is 0.
 struct PageFrame {
     std::function<Drawing(const PageFormat& page, int number, int count)> draw = {}; // as large as the page
-    // The middles of the base lines, in millimetres from the right and the lower edge of the page.
+    // The middles of the base lines, in millimetres from the right and the lower edge of the page; on the
+    // first page both at one height, the count to the right.
     Spot number = {}; // of the page, on the pages behind the first
     Spot firstNumber = {};
     Spot firstCount = {}; // how many pages there are, on the first one

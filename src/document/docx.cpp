@@ -28,6 +28,8 @@ std::string spaces()
     return "xmlns:w=\"" + std::string(wordSpace) + "\" xmlns:r=\"" + relationSpace
         + R"(" xmlns:wp="http://schemas.openxmlformats.org/drawingml/2006/wordprocessingDrawing")"
           R"( xmlns:a="http://schemas.openxmlformats.org/drawingml/2006/main")"
+          R"( xmlns:mc="http://schemas.openxmlformats.org/markup-compatibility/2006")"
+          R"( xmlns:wps="http://schemas.microsoft.com/office/word/2010/wordprocessingShape")"
           R"( xmlns:pic="http://schemas.openxmlformats.org/drawingml/2006/picture")";
 }
 
@@ -292,9 +294,8 @@ private:
     }
 
     // A number in a box of its own at a place of the page, of which the middle is told from the lower right.
-    std::string placedField(const char* code, const Spot& at)
+    std::string placedBox(const std::string& text, const Spot& at, double wide)
     {
-        constexpr double wide = 12;
         constexpr double high = 5;
         const std::string extent = "cx=\"" + emus(wide) + "\" cy=\"" + emus(high) + "\"";
         const std::string number = std::to_string(1000 + ++boxes_);
@@ -309,8 +310,8 @@ private:
               R"(<wps:cNvSpPr txBox="1"/><wps:spPr><a:xfrm><a:off x="0" y="0"/><a:ext )"
             + extent
             + R"(/></a:xfrm><a:prstGeom prst="rect"><a:avLst/></a:prstGeom><a:noFill/><a:ln><a:noFill/></a:ln></wps:spPr>)"
-              R"(<wps:txbx><w:txbxContent><w:p><w:pPr><w:pStyle w:val="Header"/><w:jc w:val="center"/></w:pPr>)"
-            + field(code)
+              R"(<wps:txbx><w:txbxContent><w:p><w:pPr><w:pStyle w:val="Header"/><w:tabs>)"
+            + text
             + R"(</w:p></w:txbxContent></wps:txbx><wps:bodyPr lIns="0" tIns="0" rIns="0" bIns="0"/></wps:wsp></a:graphicData>)"
               R"(</a:graphic></wp:anchor></w:drawing></mc:Choice></mc:AlternateContent></w:r>)";
     }
@@ -323,11 +324,17 @@ private:
         const std::string picture = addPicture(document_.frame.draw(page_, isFirst ? 1 : 2, 0));
         std::string text = std::string(xmlDeclaration) + "<w:hdr " + spaces() + ">";
         text += R"(<w:p><w:pPr><w:pStyle w:val="Header"/></w:pPr>)" + framePicture("rId1");
-        if (isFirst)
-            text += placedField("PAGE", document_.frame.firstNumber)
-                + placedField("NUMPAGES", document_.frame.firstCount);
-        else
-            text += placedField("PAGE", document_.frame.number);
+        // One box for both numbers: of two, one processor puts the second into the corner of the page.
+        const PageFrame& frame = document_.frame;
+        constexpr double wide = 12;
+        const Spot& spot = isFirst ? frame.firstNumber : frame.number;
+        const double apart = isFirst ? std::max(0.0, spot.x - frame.firstCount.x) : 0;
+        const auto stop = [](double mm) { return "<w:tab w:val=\"center\" w:pos=\"" + twips(mm) + "\"/>"; };
+        const std::string tab = "<w:r><w:tab/></w:r>";
+        text += placedBox(stop(wide / 2) + (apart > 0 ? stop(wide / 2 + apart) : "") + "</w:tabs></w:pPr>"
+                + tab + field("PAGE") + (apart > 0 ? tab + field("NUMPAGES") : ""),
+            {spot.x - apart / 2, spot.y},
+            wide + apart);
         text += "</w:p></w:hdr>";
         parts_.emplace_back(name, text);
         parts_.emplace_back(relations,

@@ -1,0 +1,192 @@
+#include "document/set_lines.h"
+
+#include "document/office_text.h"
+#include "drawing/text_layout.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace
+{
+
+// A word with the blanks behind it, possibly in several styles: it is not parted unless it must be.
+struct Word {
+    std::vector<SetPiece> pieces;
+    double width = 0; // without the blanks
+    double blanks = 0;
+    bool endsLine = false;
+};
+
+SetPiece pieceOf(const Run& run, double height, bool isBold)
+{
+    SetPiece piece;
+    piece.font = isBold || run.isBold ? Font::Bold : run.isItalic ? Font::Italic : Font::Plain;
+    piece.height = run.position == Run::Normal ? height : height * 0.7;
+    piece.rise = run.position == Run::Raised ? height * 0.45
+        : run.position == Run::Lowered       ? -height * 0.2
+                                             : 0;
+    piece.isStruck = run.isStruck;
+    return piece;
+}
+
+class Words
+{
+public:
+    Words(const Runs& runs, double height, bool isBold)
+    {
+        for (const Run& run : runs) {
+            const SetPiece look = pieceOf(run, height, isBold);
+            const std::wstring text = cleanText(run.text);
+            std::size_t begin = 0;
+            while (begin < text.size()) {
+                const std::size_t end = std::min(text.find_first_of(L" \n-", begin), text.size());
+                if (end == text.size()) {
+                    put(look, text.substr(begin));
+                    break;
+                }
+                if (text[end] == L'\n') {
+                    put(look, text.substr(begin, end - begin));
+                    close(0, true);
+                    begin = end + 1;
+                } else if (text[end] == L'-') {
+                    put(look, text.substr(begin, end + 1 - begin));
+                    close(0, false);
+                    begin = end + 1;
+                } else {
+                    put(look, text.substr(begin, end - begin));
+                    const std::size_t next = std::min(text.find_first_not_of(L' ', end), text.size());
+                    close(static_cast<double>(next - end) * textWidth(L" ", look.font, look.height), false);
+                    begin = next;
+                }
+            }
+        }
+        close(0, false);
+    }
+
+    std::vector<Word> take() { return std::move(words_); }
+
+private:
+    void put(const SetPiece& look, std::wstring text)
+    {
+        if (text.empty())
+            return;
+        SetPiece piece = look;
+        piece.width = textWidth(text, look.font, look.height);
+        piece.text = std::move(text);
+        current_.width += piece.width;
+        current_.pieces.push_back(std::move(piece));
+    }
+    void close(double blanks, bool endsLine)
+    {
+        current_.blanks = blanks;
+        current_.endsLine = endsLine;
+        if (!current_.pieces.empty() || endsLine || blanks > 0)
+            words_.push_back(std::move(current_));
+        current_ = {};
+    }
+
+    std::vector<Word> words_;
+    Word current_;
+};
+
+class Setter
+{
+public:
+    explicit Setter(double width)
+        : width_(width)
+    {
+    }
+
+    void add(const Word& word)
+    {
+        constexpr double hair = 1e-6;
+        if (!line_.pieces.empty() && place_ + word.width > width_ + hair)
+            turn();
+        for (const SetPiece& piece : word.pieces)
+            add(piece);
+        place_ += word.blanks;
+        if (word.endsLine)
+            turn();
+    }
+
+    std::vector<SetLine> take()
+    {
+        if (!line_.pieces.empty() || lines_.empty())
+            turn();
+        return std::move(lines_);
+    }
+
+private:
+    void add(SetPiece piece)
+    {
+        constexpr double hair = 1e-6;
+        // A word wider than the line: as many letters as go in.
+        while (place_ + piece.width > width_ + hair && piece.text.size() > 1) {
+            SetPiece part = piece;
+            std::size_t low = 1;
+            std::size_t high = piece.text.size();
+            while (low < high) {
+                const std::size_t middle = (low + high + 1) / 2;
+                const std::wstring_view begin = std::wstring_view(piece.text).substr(0, middle);
+                if (place_ + textWidth(begin, piece.font, piece.height) <= width_)
+                    low = middle;
+                else
+                    high = middle - 1;
+            }
+            if (low == piece.text.size())
+                break;
+            part.text.resize(low);
+            part.width = textWidth(part.text, part.font, part.height);
+            place(std::move(part));
+            turn();
+            piece.text.erase(0, low);
+            piece.width = textWidth(piece.text, piece.font, piece.height);
+        }
+        place(std::move(piece));
+    }
+
+    void place(SetPiece piece)
+    {
+        piece.left = place_;
+        place_ += piece.width;
+        line_.width = place_;
+        // One text for what goes on in the same style, or a table would be a text for each word.
+        if (!line_.pieces.empty()) {
+            SetPiece& last = line_.pieces.back();
+            const bool isSame = last.font == piece.font && last.height == piece.height
+                && last.rise == piece.rise && last.isStruck == piece.isStruck;
+            const double gap = piece.left - last.left - last.width;
+            const double blank = textWidth(L" ", piece.font, piece.height);
+            const auto blanks = static_cast<std::size_t>(gap / blank + 0.5);
+            if (isSame && std::abs(gap - static_cast<double>(blanks) * blank) < 1e-6) {
+                last.text.append(blanks, L' ');
+                last.text += piece.text;
+                last.width = place_ - last.left;
+                return;
+            }
+        }
+        line_.pieces.push_back(std::move(piece));
+    }
+
+    void turn()
+    {
+        lines_.push_back(std::move(line_));
+        line_ = {};
+        place_ = 0;
+    }
+
+    double width_;
+    double place_ = 0;
+    SetLine line_;
+    std::vector<SetLine> lines_;
+};
+
+} // namespace
+
+std::vector<SetLine> setLines(const Runs& runs, double height, double width, bool isBold)
+{
+    Setter setter(std::max(1.0, width));
+    for (const Word& word : Words(runs, height, isBold).take())
+        setter.add(word);
+    return setter.take();
+}
