@@ -1,6 +1,7 @@
 #include "calc/number_support.h"
 #include "core/base/reference.h"
 #include "db/db_project.h"
+#include "site/derived_cells.h"
 #include "site/elements.h"
 
 // What the cells of the laboratory hold, and the names of soils.
@@ -69,7 +70,8 @@ TEST(LoadCells, LoadsThatTheLadderLacksStandBehindAnAt)
 TEST(SampleCells, ALoadBesideTheLadderIsTheLoadOfItsStage)
 {
     LabSample sample;
-    sample.compression[21].cells = {{0, L"0", L"", L"", 0, L""}, {3, L"0.3@0.04", L"", L"", 0, L""}, {3, L"0.2", L"", L"", 0, L""}};
+    sample.compression[21].cells = {
+        {0, L"0", L"", L"", 0, L""}, {3, L"0.3@0.04", L"", L"", 0, L""}, {3, L"0.2", L"", L"", 0, L""}};
     const SampleInput input = sampleInput(sample, {});
     ASSERT_EQ(input.compression.size(), 1U);
     EXPECT_EQ(input.compression[0].oedometer.stages[1].load, .04);
@@ -155,4 +157,37 @@ TEST(SoilNames, ByTheProgramsOwnClassification)
     LabSample silt;
     silt.grading = {{19, L"20"}, {20, L"50"}, {23, L"30"}};
     EXPECT_EQ(nameOf(silt, GrainScale::Above200).text, L"");
+}
+
+TEST(DerivedCells, EmptyOnesAreFilledAndTypedOnesStay)
+{
+    LabSample sample = withProperties({{0, L"0.212"},
+        {1, L"1.94"},
+        {2, L"2.71"},
+        {3, L"0.312"},
+        {4, L"0.188"},
+        {6, L"0.70"},
+        {7, L""},
+        {15, L"0.4"}});
+    sample.swelling = {{1, L"2.684", L"", L""}, {4, L"", L"0.05", L"0.9"}};
+    const SampleResult result = sampleResult(sample, {}, GrainScale::Above200, 0);
+    const SoilNaming soil{6, 0, L"Суглинок полутвердый", {}};
+    ASSERT_TRUE(fillDerivedCells(sample, result, soil, Fill::Empty));
+    const auto valueOf = [&](int property) { return propertyCell(sample, property)->value; };
+    EXPECT_EQ(valueOf(5), L"1.60");
+    EXPECT_EQ(valueOf(6), L"0.70");
+    EXPECT_EQ(valueOf(7), L"40.9");
+    EXPECT_EQ(valueOf(12), L"12.4");
+    EXPECT_EQ(valueOf(31), L"0.074");
+    EXPECT_TRUE(std::is_sorted(sample.physical.begin(),
+        sample.physical.end(),
+        [](const PropertyCell& a, const PropertyCell& b) { return a.id < b.id; }));
+    EXPECT_EQ(sample.swelling[0].textB, L"0.184");
+    EXPECT_EQ(sample.swelling[1].textC, L"0.9");
+    EXPECT_EQ(sample.soilKind.text, L"Суглинок полутвердый");
+    EXPECT_FALSE(fillDerivedCells(sample, result, soil, Fill::Empty));
+    ASSERT_TRUE(fillDerivedCells(sample, result, soil, Fill::All));
+    EXPECT_EQ(valueOf(6), L"0.693");
+    sample.soilKind = {0, L"Ил"};
+    EXPECT_FALSE(fillDerivedCells(sample, result, soil, Fill::Empty));
 }

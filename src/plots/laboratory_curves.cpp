@@ -1,0 +1,287 @@
+#include "plots/laboratory_curves.h"
+
+#include "plots/chart.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace
+{
+
+constexpr Color natural = {20, 60, 140};
+constexpr Color soaked = {190, 60, 30};
+constexpr Color grey = {110, 110, 110};
+
+Chart chartOf(const CurveLook& look)
+{
+    Chart chart;
+    chart.width = look.width;
+    chart.height = look.height;
+    return chart;
+}
+
+std::wstring withUnit(const Number& value, int decimals, const wchar_t* unit)
+{
+    return value ? numberText(value, decimals) + unit : std::wstring(L"–");
+}
+
+// Slopes of Fritsch and Carlson.
+std::vector<double> slopesOf(const std::vector<Spot>& points)
+{
+    const std::size_t n = points.size();
+    std::vector<double> secants(n - 1);
+    for (std::size_t i = 0; i + 1 < n; ++i)
+        secants[i] = (points[i + 1].y - points[i].y) / (points[i + 1].x - points[i].x);
+    std::vector<double> slopes(n);
+    slopes.front() = secants.front();
+    slopes.back() = secants.back();
+    for (std::size_t i = 1; i + 1 < n; ++i)
+        slopes[i] = secants[i - 1] * secants[i] <= 0 ? 0 : (secants[i - 1] + secants[i]) / 2;
+    for (std::size_t i = 0; i + 1 < n; ++i) {
+        if (secants[i] == 0) {
+            slopes[i] = slopes[i + 1] = 0;
+            continue;
+        }
+        const double a = slopes[i] / secants[i];
+        const double b = slopes[i + 1] / secants[i];
+        const double size = a * a + b * b;
+        if (size > 9) {
+            const double factor = 3 / std::sqrt(size);
+            slopes[i] = factor * a * secants[i];
+            slopes[i + 1] = factor * b * secants[i];
+        }
+    }
+    return slopes;
+}
+
+void addSmooth(ChartSeries& line, std::vector<Spot> points, bool isSmooth, bool isLogarithmic)
+{
+    if (isLogarithmic)
+        for (Spot& point : points)
+            point.x = std::log10(point.x);
+    std::sort(points.begin(), points.end(), [](const Spot& a, const Spot& b) { return a.x < b.x; });
+    const bool areApart = std::adjacent_find(points.begin(), points.end(), [](const Spot& a, const Spot& b) {
+        return b.x - a.x < 1e-12;
+    }) == points.end();
+    for (const Spot& point : isSmooth&& areApart&& points.size() > 2 ? monotoneCurve(points, 12) : points)
+        line.points.push_back({isLogarithmic ? std::pow(10, point.x) : point.x, point.y, false, 0});
+}
+
+ChartSeries branchOf(const Oedometer& test, Number OedometerRow::*strain, Color color, const wchar_t* name)
+{
+    ChartSeries series;
+    series.color = color;
+    for (const OedometerRow& row : test.rows)
+        if (row.*strain)
+            series.points.push_back({row.load, *(row.*strain), row.isRepeated, row.row + 1});
+    if (!series.points.empty())
+        series.name = name;
+    return series;
+}
+
+double greatest(const std::vector<ChartSeries>& all, double ChartPoint::*value)
+{
+    double most = 0;
+    for (const ChartSeries& series : all)
+        for (const ChartPoint& point : series.points)
+            most = std::max(most, point.*value);
+    return most;
+}
+
+double least(const std::vector<ChartSeries>& all, double ChartPoint::*value)
+{
+    double found = 0;
+    for (const ChartSeries& series : all)
+        for (const ChartPoint& point : series.points)
+            found = std::min(found, point.*value);
+    return found;
+}
+
+} // namespace
+
+std::vector<Spot> monotoneCurve(const std::vector<Spot>& points, int stepsBetween)
+{
+    if (points.size() < 2)
+        return points;
+    const std::vector<double> slopes = slopesOf(points);
+    std::vector<Spot> curve;
+    for (std::size_t i = 0; i + 1 < points.size(); ++i) {
+        const double width = points[i + 1].x - points[i].x;
+        for (int step = 0; step < stepsBetween; ++step) {
+            const double t = static_cast<double>(step) / stepsBetween;
+            const double u = 1 - t;
+            const double y = points[i].y * (1 + 2 * t) * u * u + slopes[i] * width * t * u * u
+                + points[i + 1].y * t * t * (3 - 2 * t) - slopes[i + 1] * width * t * t * u;
+            curve.push_back({points[i].x + t * width,
+                std::clamp(
+                    y, std::min(points[i].y, points[i + 1].y), std::max(points[i].y, points[i + 1].y))});
+        }
+    }
+    curve.push_back(points.back());
+    return curve;
+}
+
+Drawing gradingCurve(const SampleResult& sample, const CurveLook& look)
+{
+    Chart chart = chartOf(look);
+    chart.x = {L"Диаметр частиц, мм", 0.001, look.coarsest.value_or(10), true, false};
+    chart.y = {L"Содержание частиц мельче, %", 0, 100, false, false};
+    ChartSeries line;
+    line.color = natural;
+    line.hasMarks = false;
+    ChartSeries marks = line;
+    marks.isJoined = false;
+    marks.hasMarks = true;
+    std::vector<Spot> points;
+    for (const GrainPoint& point : sample.grading.curve) {
+        points.push_back({point.diameter, point.finer});
+        if (!look.coarsest)
+            chart.x.to = std::max(chart.x.to, point.diameter);
+        if (point.isReal)
+            marks.points.push_back({point.diameter, point.finer, false, 0});
+    }
+    chart.x.to = std::pow(10, std::ceil(std::log10(chart.x.to) - 1e-9));
+    addSmooth(line, std::move(points), look.isSmooth, true);
+    const Grading& grading = sample.grading;
+    if (grading.isComplete)
+        chart.notes.push_back(L"d10 = " + (grading.d10 ? significantText(grading.d10, 3) : L"–")
+            + L"   d30 = " + (grading.d30 ? significantText(grading.d30, 3) : L"–") + L"   d50 = "
+            + (grading.d50 ? significantText(grading.d50, 3) : L"–") + L"   d60 = "
+            + (grading.d60 ? significantText(grading.d60, 3) : L"–") + L" мм   Cu = "
+            + withUnit(grading.uniformity, 1, L"") + L"   Cc = " + withUnit(grading.curvature, 1, L""));
+    else if (grading.sum)
+        chart.notes.push_back(L"Сумма фракций " + numberText(grading.sum, 1) + L" %: диаметры не определены");
+    chart.series = {std::move(line), std::move(marks)};
+    return drawChart(chart);
+}
+
+Drawing compressionCurve(const CompressionResult& result, const CurveLook& look)
+{
+    const Oedometer& test = result.oedometer;
+    Chart chart = chartOf(look);
+    chart.series = {branchOf(test, &OedometerRow::strain, natural, L"при природной влажности"),
+        branchOf(test, &OedometerRow::soakedStrain, soaked, L"при водонасыщении")};
+    chart.x = {L"Давление p, МПа", 0, roundedUp(greatest(chart.series, &ChartPoint::x)), false, false};
+    // Settlement goes down.
+    chart.y = {L"Относительная деформация",
+        least(chart.series, &ChartPoint::y),
+        look.strainTo.value_or(roundedUp(greatest(chart.series, &ChartPoint::y))),
+        false,
+        true};
+    const OedometerInterval usual = intervalOf(test, 0.1, 0.2);
+    if (test.test != 25) {
+        chart.notes.push_back(L"В интервале 0.1 – 0.2 МПа: m0 = "
+            + withUnit(usual.compressibility, 3, L" 1/МПа") + L"   Eoed = "
+            + withUnit(usual.oedometricModulus, 1, L" МПа") + L"   β = " + withUnit(test.beta, 1, L"")
+            + L"   E = " + withUnit(usual.modulus, 1, L" МПа"));
+        if (test.test == 23 || test.test == 24)
+            chart.notes.push_back(L"Природное давление " + withUnit(result.collapse.naturalStress, 3, L" МПа")
+                + L"   начальное просадочное давление "
+                + withUnit(result.collapse.initialPressure, 3, L" МПа"));
+    }
+    return drawChart(chart);
+}
+
+Drawing shearCurve(const ShearInput& input, const ShearResult& test, const CurveLook& look)
+{
+    Chart chart = chartOf(look);
+    ChartSeries points;
+    points.color = natural;
+    points.isJoined = false;
+    for (const ShearReading& reading : input.readings)
+        points.points.push_back({reading.point.normalStress,
+            reading.point.resistance,
+            reading.isLeftOut,
+            static_cast<std::int64_t>(reading.cell) + 1});
+    chart.series = {points};
+    const double loadTo = roundedUp(greatest(chart.series, &ChartPoint::x) * 1.1);
+    const double resistanceTo = roundedUp(greatest(chart.series, &ChartPoint::y) * 1.1);
+    chart.x = {L"Нормальное давление σ, МПа", 0, loadTo, false, false};
+    chart.y = {L"Сопротивление сдвигу τ, МПа", 0, resistanceTo, false, false};
+    if (test.fit.tanPhi) {
+        ChartSeries line;
+        line.color = soaked;
+        line.hasMarks = false;
+        const double slope = *test.fit.tanPhi;
+        const double end = std::min(loadTo, (resistanceTo - *test.fit.cohesion) / slope);
+        line.points = {{0, *test.fit.cohesion, false, 0}, {end, *test.fit.cohesion + slope * end, false, 0}};
+        chart.series.push_back(std::move(line));
+        chart.notes.push_back(L"tg φ = " + numberText(slope, 3) + L"   φ = " + numberText(angleOf(slope), 1)
+            + L"°   c = " + numberText(test.fit.cohesion, 3) + L" МПа   R2 = "
+            + withUnit(test.fit.determination, 3, L"")
+            + (test.fit.isThroughOrigin ? L"   прямая проведена через начало координат" : L""));
+        std::wstring residuals = L"Отклонения точек от прямой, МПа:";
+        for (const double residual : test.fit.residuals)
+            residuals += L"  " + numberText(residual, 4);
+        chart.notes.push_back(std::move(residuals));
+    } else if (!test.fit.remarks.empty()) {
+        chart.notes.push_back(test.fit.remarks.front().text);
+    }
+    return drawChart(chart);
+}
+
+Drawing swellingCurve(const Swelling& swelling, const CurveLook& look)
+{
+    Chart chart = chartOf(look);
+    ChartSeries line;
+    line.color = natural;
+    line.hasMarks = false;
+    ChartSeries marks = line;
+    marks.hasMarks = true;
+    marks.isJoined = false;
+    std::vector<Spot> points;
+    for (const SwellingRow& row : swelling.rows) {
+        marks.points.push_back({row.load, row.relative, row.isRepeated, row.row + 1});
+        if (!row.isRepeated)
+            points.push_back({row.load, row.relative});
+    }
+    chart.series = {marks};
+    chart.x = {L"Давление p, МПа", 0, roundedUp(greatest(chart.series, &ChartPoint::x)), false, false};
+    chart.y = {L"Относительное набухание",
+        std::min(0.0,
+            -roundedUp(-least(chart.series, &ChartPoint::y)) * (least(chart.series, &ChartPoint::y) < 0)),
+        roundedUp(greatest(chart.series, &ChartPoint::y)),
+        false,
+        false};
+    addSmooth(line, std::move(points), look.isSmooth, false);
+    chart.series.push_back(std::move(line));
+    chart.notes.push_back(L"Свободное набухание " + withUnit(swelling.free, 3, L"")
+        + L"   давление набухания " + withUnit(swelling.pressure, 3, L" МПа"));
+    return drawChart(chart);
+}
+
+Drawing shrinkageCurve(const Shrinkage& shrinkage, const CurveLook& look)
+{
+    Chart chart = chartOf(look);
+    ChartSeries points;
+    points.color = natural;
+    double low = 0;
+    double high = 0;
+    for (const ShrinkagePoint& point : shrinkage.points) {
+        if (!point.moisture || !point.volume)
+            continue;
+        points.points.push_back({*point.moisture, *point.volume, false, point.row + 1});
+        low = low == 0 ? *point.volume : std::min(low, *point.volume);
+        high = std::max(high, *point.volume);
+    }
+    chart.series = {points};
+    chart.x = {L"Влажность W, д.е.", 0, roundedUp(greatest(chart.series, &ChartPoint::x)), false, false};
+    const double margin = std::max(0.1 * (high - low), 0.01 * high);
+    chart.y = {L"Объём образца, см3", low - margin, high + margin, false, false};
+    if (shrinkage.limit && shrinkage.slope && shrinkage.offset && shrinkage.finalVolume) {
+        ChartSeries line;
+        line.color = grey;
+        line.dash = Dash::Dashed;
+        line.hasMarks = false;
+        const double end = (high - *shrinkage.offset) / *shrinkage.slope;
+        line.points = {{0, *shrinkage.finalVolume, false, 0},
+            {*shrinkage.limit, *shrinkage.finalVolume, false, 0},
+            {end, high, false, 0}};
+        chart.series.push_back(std::move(line));
+    }
+    chart.notes.push_back(L"Влажность на пределе усадки " + withUnit(shrinkage.limit, 3, L"")
+        + L"   относительная усадка: по высоте " + withUnit(shrinkage.heightStrain, 3, L"")
+        + L", по диаметру " + withUnit(shrinkage.diameterStrain, 3, L"") + L", по объёму "
+        + withUnit(shrinkage.volumeStrain, 3, L""));
+    return drawChart(chart);
+}

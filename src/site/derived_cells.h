@@ -1,0 +1,16 @@
+#pragma once
+
+#include "site/laboratory.h"
+#include "site/soil_name.h"
+
+// What "Расчет значений" writes into a sample: derived properties 5 to 14, swelling pressure and free
+// swelling (30, 31), shrinkage limit (32), the swell of each load, volume and moisture of each drying stage,
+// the soil's name.
+
+enum class Fill {
+    Empty, // typed cells stay
+    All, // typed cells give way
+};
+
+// Whether anything has changed. A soil's name follows its inputs unless it was typed (its code is 0).
+bool fillDerivedCells(LabSample& sample, const SampleResult& result, const SoilNaming& soil, Fill fill);
