@@ -18,6 +18,8 @@
 #include <QDynamicPropertyChangeEvent>
 #include <QItemSelectionModel>
 #include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMessageBox>
 #include <QSettings>
 #include <QSplitter>
@@ -127,10 +129,19 @@ void ListCoords::observe()
     controller_->attach(this);
 }
 
+// Not behind another screen that fills the window; side by side with one it is.
+bool ListCoords::isOnView() const
+{
+    const auto* own = dynamic_cast<const QMdiSubWindow*>(parentWidget());
+    const QMdiSubWindow* current = own && own->mdiArea() ? own->mdiArea()->currentSubWindow() : nullptr;
+    return isVisible() && (!current || current == own || !current->isMaximized());
+}
+
 void ListCoords::update()
 {
     // Behind another screen there is nobody to see it: signalUpdateInfo comes before this one is shown again.
-    if (controller_->currentMode() == mode_)
+    // The shell's current mode does not tell that: after a close that was called off there is none.
+    if (isOnView())
         reload();
     else
         stale_ = true;

@@ -40,6 +40,7 @@ private:
 
     // The shell drops all observers whenever a project is opened or a closing is given up.
     void observe();
+    bool isOnView() const;
     void reload();
     void showPlan(const GridRows& rows);
     void tellActions();

@@ -2,8 +2,8 @@
 #include "app/shell_assembly.h"
 #include "app/tx_application.h"
 #include "app/visual_style.h"
+#include "modules/program.h"
 #include "platform/files.h"
-#include "settings/program.h"
 
 #include <QFont>
 #include <QIcon>
@@ -49,11 +49,7 @@ static void prepare(Settings& settings, const QString& style)
 {
     QCoreApplication::setAttribute(Qt::AA_UseDesktopOpenGL, true);
     if (!QCoreApplication::testAttribute(Qt::AA_UseDesktopOpenGL))
-        showMessageBox(ModeNone,
-            L"На выбранной видеокарте ограничена поддержка технологии OpenGL.\n"
-            L"Не все режимы программы будут работать корректно!",
-            nullptr,
-            2);
+        showMessageBox(ModeNone, limitedOpenGlText, nullptr, 2);
     settings.initialise();
     loadTranslation();
     setSurfaceFormat();

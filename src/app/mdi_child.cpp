@@ -1,5 +1,6 @@
 #include "app/mdi_child.h"
 
+#include <QEvent>
 #include <QMdiArea>
 
 MdiChild::MdiChild(QMdiArea* area, TX_Modes mode, QWidget* widget)
@@ -12,4 +13,14 @@ MdiChild::MdiChild(QMdiArea* area, TX_Modes mode, QWidget* widget)
     showMaximized();
     widget->setParent(this);
     setWidget(widget);
+}
+
+// The sub-window takes up the title of the screen in it, whenever that changes: every form made in a designer
+// has one.
+bool MdiChild::event(QEvent* event)
+{
+    if (event->type() != QEvent::WindowTitleChange || windowTitle().isEmpty())
+        return QMdiSubWindow::event(event);
+    setWindowTitle(QString());
+    return true;
 }

@@ -16,6 +16,9 @@ public:
 
     TX_Modes mode() const { return mode_; }
 
+protected:
+    bool event(QEvent* event) override;
+
 private:
     TX_Modes mode_;
 };

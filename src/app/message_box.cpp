@@ -2,8 +2,8 @@
 
 #include "core/base/mexception.h"
 #include "dictionaries/modes.h"
+#include "modules/program.h"
 #include "platform/system_text.h"
-#include "settings/program.h"
 
 #include <QMessageBox>
 

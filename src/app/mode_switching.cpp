@@ -5,7 +5,9 @@
 #include "app/mdi_child.h"
 #include "app/message_box.h"
 #include "app/show_label.h"
+#include "app/splash_screen.h"
 #include "core/base/mexception.h"
+#include "ground/ground_controller.h"
 
 #include <QCoreApplication>
 #include <QMdiArea>
@@ -75,17 +77,19 @@ void MainController::createModeWindow(TX_Modes mode)
     if (mode == ModeStatic && project_ && project_->getSoundingFlags().empty()) {
         QSplashScreen splash(QPixmap(QStringLiteral(":/images/static.png")));
         splash.show();
-        splash.showMessage(QStringLiteral("Определение типа грунта для каждого ИГЭ\nПодождите пожалуйста..."),
-            Qt::AlignCenter,
-            Qt::black);
+        splash.showMessage(QString::fromWCharArray(soilTypeWaitText), Qt::AlignCenter, Qt::black);
         QCoreApplication::processEvents();
+        waitUntilPainted(splash);
         createSubWindow(mode);
         splash.close();
     } else {
         createSubWindow(mode);
     }
-    if (TXWidget* screen = screenOf(mode))
+    if (TXWidget* screen = screenOf(mode)) {
         connectScreen(mode, screen);
+        if (mode == ModeProjects)
+            loadProjects();
+    }
 }
 
 bool MainController::activateMode(TX_Modes mode)

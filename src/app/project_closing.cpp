@@ -32,7 +32,9 @@ void MainController::closeModeWindows()
         try {
             child->close();
         } catch (...) {
-            // A screen that fails on its way out must not keep the others open.
+            // A screen that fails on its way out must not keep the others open, and none of them may find the
+            // project again when the current one is asked to store.
+            takeProject({});
             updateActions();
             finishModeLeave();
         }
@@ -76,6 +78,7 @@ bool MainController::closeColumnPrompt()
         askToSave(QStringLiteral("Стратиграфическая колонка"), QStringLiteral("Сохранить текущую колонку?"));
     if (answer != QMessageBox::Yes && answer != QMessageBox::No)
         return false;
+    hintLabel_->hide();
     if (answer == QMessageBox::Yes)
         tell(ModeStratigraphic, &TXWidget::signalSaveColumn);
     closeModeWindows();

@@ -35,7 +35,7 @@ void MainController::resetFacade()
 void MainController::newProject()
 {
     projectPath_ = newProjectName;
-    // Its short name stays empty until the user names the project in the list of points.
+    // Its short name is TLXXXXX until the user names the project in the list of points.
     auto project = makeReference<DBProject>();
     project->setFilePath(projectPath_);
     project->setTypeObject(settings_->typeObject());

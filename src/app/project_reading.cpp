@@ -2,9 +2,9 @@
 
 #include "app/main_window.h"
 #include "core/base/mexception.h"
+#include "modules/program.h"
 #include "persistence/project_file.h"
 #include "platform/files.h"
-#include "settings/program.h"
 
 #include <QApplication>
 #include <QFile>

@@ -3,9 +3,9 @@
 #include "core/base/mexception.h"
 #include "modules/idbproject.h"
 #include "modules/isettings.h"
+#include "modules/program.h"
 #include "persistence/project_codec.h"
 #include "platform/files.h"
-#include "settings/program.h"
 
 std::wstring projectFolder(IDBProject& project, ISettings& settings)
 {

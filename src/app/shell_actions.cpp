@@ -16,7 +16,7 @@ const std::array<ActionRow, shellActionCount>& actionRows()
     // clang-format off
     static const std::array<ActionRow, shellActionCount> rows{{
         {A::Save,         "actSave",         L"Сохранить", L"Сохранить текущий проект",
-            "save.png", "document-save", "Ctrl+S", inFile, false, ModeNone, &C::saveByUser},
+            "save.png", "document-save", QKeySequence::Save, inFile, false, ModeNone, &C::saveByUser},
         {A::Close,        "actClose",        L"Закрыть текущий проект", nullptr,
             "close.png", "document-close", nullptr, inFile | MenuSeparator, false, ModeNone, &C::closeProject},
         {A::Report,       "actReport",       L"Генерация отчетной документации", nullptr,
@@ -25,7 +25,7 @@ const std::array<ActionRow, shellActionCount>& actionRows()
         {A::ExportOgm,    "actExportOgm",    L"Экспорт в ОГМ", nullptr,
             nullptr, nullptr, nullptr, InFileMenu | MenuSeparator, false, ModeNone, &C::exportOgm},
         {A::Exit,         "actExit",         L"Выход", L"Завершить работу Tellurix",
-            nullptr, "application-exit", "Ctrl+Q", InFileMenu, true, ModeNone, &C::leave},
+            nullptr, "application-exit", QKeySequence::Quit, InFileMenu, true, ModeNone, &C::leave},
         {A::About,        "actAbout",        L"О Tellurix...", nullptr,
             "about.png", nullptr, nullptr, InFileBar | BarSeparator, true, ModeNone, &C::showAbout},
         {A::Undo,         "actUndo",         L"Отменить(Ctrl+Z)", L"Отменить",

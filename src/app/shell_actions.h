@@ -67,6 +67,30 @@ enum ActionPlace : unsigned {
     BarSeparator = 1U << 9,
 };
 
+// The keys of an action: spelt out, those that the platform has for the purpose (which may be none), or none.
+class ActionKeys
+{
+public:
+    constexpr ActionKeys(std::nullptr_t) { } // NOLINT(google-explicit-constructor): cells of a table
+    constexpr ActionKeys(const char* text)
+        : text_(text)
+    {
+    }
+    constexpr ActionKeys(QKeySequence::StandardKey standard)
+        : standard_(standard)
+    {
+    }
+
+    QKeySequence sequence() const
+    {
+        return text_ ? QKeySequence(QString::fromLatin1(text_)) : QKeySequence(standard_);
+    }
+
+private:
+    const char* text_ = nullptr;
+    QKeySequence::StandardKey standard_ = QKeySequence::UnknownKey;
+};
+
 // One row an action; an empty cell is a null pointer.
 struct ActionRow {
     ShellAction action;
@@ -75,7 +99,7 @@ struct ActionRow {
     const wchar_t* tip; // the text, where empty
     const char* icon; // below :/images/
     const char* theme; // tried before the icon
-    const char* shortcut;
+    ActionKeys shortcut;
     unsigned places;
     bool on; // at the start
     TX_Modes mode; // changed to when triggered

@@ -2,7 +2,7 @@
 
 #include "app/main_controller.h"
 #include "app/main_window.h"
-#include "settings/program.h"
+#include "modules/program.h"
 
 static QString baseTitle()
 {

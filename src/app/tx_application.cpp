@@ -1,9 +1,9 @@
 #include "app/tx_application.h"
 
 #include "modules/isettings.h"
+#include "modules/program.h"
 #include "platform/system_text.h"
 #include "platform/utf8.h"
-#include "settings/program.h"
 
 #include <QFile>
 

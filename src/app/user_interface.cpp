@@ -70,8 +70,7 @@ QAction* MainController::makeAction(const ActionRow& row)
     made->setToolTip(tip);
     const QIcon icon = row.icon ? iconNamed(row.icon) : QIcon();
     made->setIcon(row.theme ? QIcon::fromTheme(QString::fromLatin1(row.theme), icon) : icon);
-    if (row.shortcut)
-        made->setShortcut(QKeySequence(QString::fromLatin1(row.shortcut)));
+    made->setShortcut(row.shortcut.sequence());
     made->setEnabled(row.on);
     QObject::connect(made, &QAction::triggered, mainWindow_, [this, &row] { trigger(row); });
     return made;

@@ -2,6 +2,7 @@
 
 #include "core/base/references.h"
 #include "db/db_stamp.h"
+#include "db/walk_order.h"
 #include "dialogs/records/inform_record.h"
 #include "section/db_section_editor.h"
 
@@ -67,22 +68,41 @@ void DBProject::addSoundingCalcRow(const SoundingCalcRow& row)
     soundingCalcRows_.push_back(row);
 }
 
+// Whether the names all compare in one way, this one among them. Only then does a key that was found stand
+// where a search for another spelling of it would put it.
+static bool haveOneOrder(const SoundingRegister& soundings, const SoundingKey& key)
+{
+    WalkOrder order;
+    return order.admits(key) && std::all_of(soundings.begin(), soundings.end(), [&](const auto& entry) {
+        return order.admits(entry.first);
+    });
+}
+
+// The rows stay where they are in memory. Returns whether the register took the new key.
+static bool giveKey(SoundingRegister& soundings, std::ptrdiff_t place, const SoundingKey& key)
+{
+    auto entry = soundings.extract(std::next(soundings.begin(), place));
+    entry.key() = key;
+    return soundings.insert(std::move(entry)).inserted;
+}
+
 void DBProject::moveSoundingKey(
     const std::wstring& pointName, const std::uint32_t& pointKind, const std::wstring& device)
 {
-    const auto found = soundings_.find(SoundingKey{pointName, pointKind, {}, L"01.01.2019"});
+    // The old date is dropped for this fixed one: that is how the operation works.
+    const SoundingKey key{pointName, pointKind, device, L"01.01.2019"};
+    const auto found = soundings_.find(key);
     if (found == soundings_.end())
         return;
-    // In a copy, so that the journal is still there if the ordering fails between erasing and inserting, or
-    // refuses the new spelling.
-    SoundingRegister moved = soundings_;
-    const auto entry = std::next(moved.begin(), std::distance(soundings_.begin(), found));
-    // The old date is dropped for this fixed one: that is how the operation works.
-    std::pair<const SoundingKey, std::vector<SoundingRow>> renamed{
-        SoundingKey{pointName, pointKind, device, L"01.01.2019"}, std::move(entry->second)};
-    moved.erase(entry);
-    if (moved.insert(std::move(renamed)).second)
-        soundings_.swap(moved);
+    const auto place = std::distance(soundings_.begin(), found);
+    // Numbers beside names with letters have no order that holds: the register may refuse the key, or fail on
+    // it, when the old one is gone. A copy tells, so that the journal is still there then.
+    if (!haveOneOrder(soundings_, key)) {
+        SoundingRegister trial = soundings_;
+        if (!giveKey(trial, place, key))
+            return;
+    }
+    giveKey(soundings_, place, key);
 }
 
 void DBProject::addLongInform(InformRecord* inform)

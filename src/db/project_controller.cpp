@@ -52,5 +52,8 @@ float DBProjectController::getLithologyBottom(const std::wstring& pointName)
 
 void DBProjectController::setSubsidenceCell(const std::wstring& pointName, const SubsidenceCell& cell)
 {
-    applySubsidenceCell(project_->getSubsidence(), pointName, cell);
+    // Through the setter, which is where a project of another class learns of the change.
+    SubsidenceMap subsidence = project_->getSubsidence();
+    applySubsidenceCell(subsidence, pointName, cell);
+    project_->setSubsidence(subsidence);
 }

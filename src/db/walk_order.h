@@ -79,8 +79,8 @@ public:
         const std::size_t before = rows_.size();
         if (ordered)
             rows_.insert(rows_.end(), std::forward<Entry>(entry));
-        else
-            rows_.insert(std::forward<Entry>(entry));
+        else // As the map's own row: given another pair the library searches in another way.
+            rows_.insert(typename Map::value_type(std::forward<Entry>(entry)));
         return rows_.size() != before;
     }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dialogs/tx_table.h"
+#include "modules/tx_table.h"
 
 class StudyController;
 class StudyModel;

@@ -10,6 +10,10 @@
 class IDBProject;
 class ISettings;
 
+// What to show while the soil type of every element of a project is determined, one after another.
+inline constexpr const wchar_t* soilTypeWaitText =
+    L"Определение типа грунта для каждого ИГЭ\nПодождите пожалуйста...";
+
 // Turns measured properties into classes of soil and their names in the report language. It takes the values
 // as the records hold them, leaves its answers in fields and hands those out; it owns nothing.
 //

@@ -4,5 +4,7 @@
 class IDBStamp
 {
 public:
-    virtual ~IDBStamp() = default;
+    virtual ~IDBStamp() = 0;
 };
+
+inline IDBStamp::~IDBStamp() = default;

@@ -161,7 +161,7 @@ void ReadArchive::subsidenceNames(std::string_view, SubsidenceNames& values)
             continue;
         }
         const std::wstring name = entry.first;
-        const auto [place, inserted] = values.insert(std::move(entry));
+        const auto [place, inserted] = values.insert(SubsidenceNames::value_type(std::move(entry)));
         if (inserted)
             byText.emplace(name, place);
         else

@@ -2,20 +2,22 @@
 
 GLBlockDB::~GLBlockDB()
 {
-    // Inner blocks that go with this one hand their objects over first: a chain of blocks of any depth, which
-    // a module may build, must not run down the stack.
-    std::vector<GLObjectDB*> waiting = std::move(data_.objects);
-    while (!waiting.empty()) {
-        GLObjectDB* object = waiting.back();
-        waiting.pop_back();
-        if (!object)
-            continue;
-        auto* block = dynamic_cast<GLBlockDB*>(object);
-        if (block && block->referenceCount() == 1) {
-            std::vector<GLObjectDB*>& inner = block->data_.objects;
-            waiting.insert(waiting.end(), inner.begin(), inner.end());
-            inner.clear();
-        }
-        object->release();
+    // A chain of blocks of any depth, which a module may build, must not run down the stack: a block that
+    // goes with another one hands its objects over to the outermost, which releases them next. So every
+    // object goes in the order in which it would without that. Blocks of different projects may go in threads
+    // of their own.
+    static thread_local std::vector<GLObjectDB*>* waiting = nullptr; // the next one last
+    if (waiting) {
+        waiting->insert(waiting->end(), data_.objects.rbegin(), data_.objects.rend());
+        return;
     }
+    std::vector<GLObjectDB*> objects(data_.objects.rbegin(), data_.objects.rend());
+    waiting = &objects;
+    while (!objects.empty()) {
+        GLObjectDB* next = objects.back();
+        objects.pop_back();
+        if (next)
+            next->release();
+    }
+    waiting = nullptr;
 }

@@ -86,8 +86,7 @@ private:
 bool hasOutline(const GLEllipseData& ellipse)
 {
     const auto small = [](float radius) { return std::fabs(radius) <= GLEllipseDB::largestOutlineRadius; };
-    return small(ellipse.radiusX) && small(ellipse.radiusY) && std::isfinite(ellipse.center.x)
-        && std::isfinite(ellipse.center.y);
+    return small(ellipse.radiusX) && small(ellipse.radiusY);
 }
 
 } // namespace

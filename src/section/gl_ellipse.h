@@ -15,8 +15,8 @@ struct GLEllipseData {
 class GLEllipseDB : public GLObjectDB
 {
 public:
-    // Beyond it, or where a radius or the centre is no finite number, there is no outline: in single
-    // precision whole steps stop moving such a point, and a record of forty bytes would ask for gigabytes.
+    // Beyond it, or where a radius is no finite number, there is no outline: in single precision whole steps
+    // stop moving such a point, and a record of forty bytes would ask for gigabytes.
     static constexpr float largestOutlineRadius = 100000.0F;
 
     GLEllipseDB(const GLEllipseData& data, const Uuid& id, const std::wstring& name, const Uuid& linkId)

@@ -1,7 +1,7 @@
 #include "settings/settings.h"
 
+#include "modules/program.h"
 #include "platform/safe_write.h"
-#include "settings/program.h"
 
 #include <QCoreApplication>
 #include <QFile>

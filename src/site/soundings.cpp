@@ -47,7 +47,8 @@ Number reading(
     return read.value;
 }
 
-// The borehole that lends its layers: the point's own, else the nearest by coordinates.
+// The borehole that lends its layers: the point's own, else the nearest by coordinates. A pit, which is
+// shallow, lends them only where no borehole does.
 const SiteLayers::Point* neighbourOf(std::wstring_view point,
     const SitePoint* place,
     const SiteLayers& layers,
@@ -59,13 +60,18 @@ const SiteLayers::Point* neighbourOf(std::wstring_view point,
         return nullptr;
     const SiteLayers::Point* nearest = nullptr;
     double least = std::numeric_limits<double>::infinity();
+    bool isBorehole = false;
     for (const SiteLayers::Point& candidate : layers.points()) {
         const auto found = places.find(candidate.name);
         if (candidate.layers.empty() || found == places.end() || !found->second->x || !found->second->y)
             continue;
         const double distance = std::hypot(*found->second->x - *place->x, *found->second->y - *place->y);
-        if (distance < least) {
+        const bool isBetterKind = found->second->kind == PointKind::Borehole && !isBorehole;
+        if (isBorehole && found->second->kind != PointKind::Borehole)
+            continue;
+        if (distance < least || isBetterKind) {
             least = distance;
+            isBorehole = found->second->kind == PointKind::Borehole;
             nearest = &candidate;
         }
     }

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -178,4 +179,129 @@ TEST_F(UndoManager, ACommandThatThrowsStaysWhereItIs)
     log.clear();
     EXPECT_FALSE(undo->undo());
     EXPECT_EQ(log, "-B");
+}
+
+namespace
+{
+
+// A command that comes back to its manager while it is at work.
+class BusyCommand : public LoggedCommand
+{
+public:
+    using LoggedCommand::LoggedCommand;
+    bool execute() override { return work(LoggedCommand::execute()); }
+    bool unexecute() override { return work(LoggedCommand::unexecute()); }
+
+    std::function<void()> meanwhile;
+
+private:
+    bool work(bool result)
+    {
+        if (meanwhile)
+            meanwhile();
+        return result;
+    }
+};
+
+using Busy = Counted<BusyCommand>;
+
+} // namespace
+
+TEST_F(UndoManager, WhatACommandAddsWhileAtWorkIsTakenWhenItIsDone)
+{
+    enum class Call { execute, undo, redo };
+    struct Case {
+        Call call;
+        std::string undone; // afterwards, all of it
+    };
+    // The newest addition is undone first; what was undone itself can come back no more.
+    for (const Case& row :
+        std::vector<Case>{{Call::execute, "-C-B-A"}, {Call::undo, "-C-B"}, {Call::redo, "-C-B-A"}}) {
+        const auto undo = manager();
+        const auto busy = makeReference<Busy>(alive, log, 'A');
+        if (row.call != Call::execute)
+            undo->add(busy.get());
+        if (row.call == Call::redo)
+            undo->undo();
+        busy->meanwhile = [&] {
+            undo->add(command('B').get());
+            EXPECT_FALSE(undo->undo()) << "the command at work is not undone a second time";
+            EXPECT_FALSE(undo->redo());
+            undo->execute(command('C').get());
+        };
+        log.clear();
+        if (row.call == Call::execute)
+            undo->execute(busy.get());
+        else
+            row.call == Call::undo ? undo->undo() : undo->redo();
+        EXPECT_EQ(log, row.call == Call::undo ? "-A+C" : "+A+C");
+        EXPECT_FALSE(undo->canRedo());
+        busy->meanwhile = {};
+        log.clear();
+        while (undo->canUndo())
+            undo->undo();
+        EXPECT_EQ(log, row.undone);
+    }
+    EXPECT_EQ(alive, 0);
+}
+
+TEST_F(UndoManager, ACommandThatFailsKeepsWhatItAdded)
+{
+    const auto undo = manager();
+    const auto busy = makeReference<Busy>(alive, log, 'A');
+    undo->add(busy.get());
+    busy->meanwhile = [&] {
+        undo->add(command('B').get());
+        throw std::runtime_error("half-way");
+    };
+    EXPECT_THROW(undo->undo(), std::runtime_error);
+    busy->meanwhile = {};
+    log.clear();
+    while (undo->undo()) { }
+    EXPECT_EQ(log, "-B-A");
+}
+
+TEST_F(UndoManager, LivesUntilTheCommandAtWorkIsDone)
+{
+    auto undo = manager();
+    {
+        const auto busy = makeReference<Busy>(alive, log, 'A');
+        undo->add(command('B').get());
+        undo->add(busy.get());
+        busy->meanwhile = [&] {
+            undo->add(command('C').get());
+            undo = {};
+        };
+    }
+    undo->undo();
+    EXPECT_EQ(log, "-A");
+    EXPECT_EQ(alive, 0);
+}
+
+TEST_F(UndoManager, ACommandMayComeBackWhenItGoes)
+{
+    class Parting : public LoggedCommand
+    {
+    public:
+        using LoggedCommand::LoggedCommand;
+        ~Parting() override
+        {
+            if (atEnd)
+                atEnd();
+        }
+        std::function<void()> atEnd;
+    };
+    const auto undo = manager();
+    {
+        const auto parting = makeReference<Parting>(log, 'A');
+        parting->atEnd = [&] { undo->add(command('D').get()); };
+        undo->add(command('B').get());
+        undo->add(parting.get());
+    }
+    undo->undo();
+    undo->undo();
+    undo->add(command('C').get()); // drops A and B, and A adds D
+    log.clear();
+    while (undo->undo()) { }
+    EXPECT_EQ(log, "-D-C");
 }

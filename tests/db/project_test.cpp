@@ -1,10 +1,13 @@
 #include "core/base/reference.h"
 #include "db/db_project.h"
 #include "db/project_controller.h"
+#include "modules/idb_stamp.h"
 
 #include <gtest/gtest.h>
 
+#include <set>
 #include <stdexcept>
+#include <type_traits>
 
 namespace
 {
@@ -137,6 +140,52 @@ TEST(Project, MovingASoundingChangesDeviceDateAndSpelling)
     EXPECT_EQ(rows.size(), 1U);
 }
 
+TEST(Project, MovingASoundingLeavesTheOthersWhereTheyAre)
+{
+    const auto project = makeReference<DBProject>();
+    for (const wchar_t* name : {L"1", L"2", L"3"})
+        project->addSounding({name, 3, L"C979", L"05.06.2020"}, {SoundingRow{name, {}}});
+    // A screen walks the register and moves keys on its way.
+    std::wstring depths;
+    SoundingRegister& soundings = project->getSoundings();
+    const auto* const last = &*soundings.rbegin();
+    for (auto next = soundings.begin(); next != soundings.end();) {
+        const auto& [key, rows] = *next++;
+        ASSERT_EQ(&*soundings.rbegin(), last) << "a screen holds on to it";
+        const SoundingRow& first = rows.front();
+        project->moveSoundingKey(key.pointName == L"2" ? L"02" : key.pointName, 1, L"УралТИСИЗ");
+        depths += first.depth;
+    }
+    EXPECT_EQ(depths, L"123");
+}
+
+// Numbers compare as numbers, a number with a name that has letters as text: there is no order in such a
+// register, and it may refuse a name that it held a moment ago.
+TEST(Project, MovingASoundingAmongMixedNamesLosesNone)
+{
+    for (const std::vector<std::wstring>& names : std::vector<std::vector<std::wstring>>{
+             {L"9", L"10", L"1A", L"100", L"2B", L"3"}, {L"А", L"№5", L"1"}, {L"0", L"1а", L"2"}}) {
+        SoundingRegister soundings;
+        for (const std::wstring& name : names)
+            soundings.insert({{name, 3, L"C979", L"05.06.2020"}, {SoundingRow{name, {}}}});
+        for (const std::wstring& from : names) {
+            const auto project = makeReference<DBProject>();
+            project->setSoundings(soundings);
+            try {
+                project->moveSoundingKey(L"0" + from, 1, L"УралТИСИЗ");
+            } catch (const std::logic_error&) {
+                // A name that is no number.
+            }
+            ASSERT_EQ(project->getSoundings().size(), soundings.size());
+            // Rows and keys stand in the copy as they stood, but for the one that moved.
+            std::set<std::wstring> depths;
+            for (const auto& [key, rows] : project->getSoundings())
+                depths.insert(rows.front().depth);
+            EXPECT_EQ(depths.size(), soundings.size());
+        }
+    }
+}
+
 TEST(Project, ElementsAnswerWithTheirNumbersOrTheKnownSentinels)
 {
     const auto project = makeReference<DBProject>();
@@ -191,9 +240,32 @@ TEST(ProjectController, SubsidenceCellsReplaceByCodeAndEmptyTextDeletes)
     controller.setSubsidenceCell(L"1", {4, L"a", L"t"});
     controller.setSubsidenceCell(L"1", {5, L"b", L"t"});
     controller.setSubsidenceCell(L"1", {4, L"c", L"t"});
-    const auto& cells = project->getSubsidence().at(L"1");
-    ASSERT_EQ(cells.size(), 2U);
-    EXPECT_EQ(cells[0].text + cells[1].text, L"bc");
-    controller.setSubsidenceCell(L"1", cells[1]);
-    EXPECT_EQ(cells.back().text, L"c");
+    const auto cells = [&]() -> auto&
+    {
+        return project->getSubsidence().at(L"1");
+    };
+    ASSERT_EQ(cells().size(), 2U);
+    EXPECT_EQ(cells()[0].text + cells()[1].text, L"bc");
+    controller.setSubsidenceCell(L"1", cells()[1]);
+    EXPECT_EQ(cells().back().text, L"c");
+}
+
+TEST(ProjectController, SubsidenceCellsReachTheProjectThroughItsSetter)
+{
+    // A project of another class may hold its rows elsewhere than in what its getter shows.
+    class Watched : public DBProject
+    {
+    public:
+        void setSubsidence(const SubsidenceMap& value) override
+        {
+            ++written;
+            DBProject::setSubsidence(value);
+        }
+        int written = 0;
+    };
+    const auto project = makeReference<Watched>();
+    DBProjectController(project.get()).setSubsidenceCell(L"1", {4, L"a", L"t"});
+    EXPECT_EQ(project->written, 1);
+    EXPECT_EQ(project->getSubsidence().at(L"1").size(), 1U);
+    static_assert(std::is_abstract_v<IDBStamp>);
 }

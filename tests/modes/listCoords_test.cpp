@@ -421,3 +421,18 @@ TEST(ListCoords, CommandsOutliveTheScreen)
     host.controller->redo();
     EXPECT_EQ(host.cell(0, 2), QStringLiteral("5"));
 }
+
+// A close that was called off leaves the shell without a current mode, and the screen in front of the user.
+TEST(ListCoords, FollowsAnUndoAfterACloseThatWasCalledOff)
+{
+    ListCoordsHost host(smallProject());
+    host.controller->detachAll();
+    host.controller->reset();
+    const QString before = host.cell(0, 2);
+    host.typeInto(0, 2, QStringLiteral("777"));
+    ASSERT_EQ(host.cell(0, 2), QStringLiteral("777"));
+    host.controller->undo();
+    EXPECT_EQ(host.cell(0, 2), before);
+    host.controller->redo();
+    EXPECT_EQ(host.cell(0, 2), QStringLiteral("777"));
+}

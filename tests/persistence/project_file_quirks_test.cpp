@@ -309,3 +309,12 @@ TEST(ProjectFile, NestingIsFollowedToTheLimitAndRefusedBeyond)
     damaged.insert(block, once.begin(), once.end());
     expectUnreadable(damaged, unreadable);
 }
+
+TEST(ProjectFile, RowsThatTheProjectTookComeBackWhateverTheirNames)
+{
+    // A name with a letter between numbers: the register took the three in this order, and so must a reader.
+    const auto project = emptyProject();
+    for (const wchar_t* name : {L"0", L"1а", L"2"})
+        ASSERT_TRUE(project->addLithology({name, L"1"}, {}));
+    EXPECT_EQ(reopened(*project)->getLithology().size(), 3U);
+}

@@ -60,6 +60,20 @@ void negativeMark(DBProject& project)
     project.addSectionPoint(L"Разрез 1-1'", {L"1", L"2", 0, 0, -4.2F, 3});
 }
 
+void frameBeyondAByte(DBProject& project)
+{
+    const InformRecord::Frame frame{1, 2, 3, 4, 5, 6, 7, 8, 256};
+    const auto inform = makeReference<InformRecord>(0,
+        Uuid(),
+        Uuid(),
+        frame,
+        std::vector<PropertyGridItem*>(),
+        std::vector<InformLink>(),
+        std::wstring(L"ИГЭ-1"),
+        Uuid());
+    project.addLongInform(inform.get());
+}
+
 struct Row {
     Kind kind;
     std::function<void(DBProject&)> spoil;
@@ -79,6 +93,7 @@ const Row rows[] = {
             project.addStrataElement(L"1", element);
         }},
     {Kind::byteCut, [](DBProject& project) { project.setTypeObject(256); }},
+    {Kind::byteCut, frameBeyondAByte},
     {Kind::markReplaced, negativeMark},
     {Kind::secondTitle, [](DBProject& project) { project.setCrossTextB(L"другой"); }},
     {Kind::sectionFlag, [](DBProject& project) { project.setSectionFlagB(true); }},

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -59,6 +60,33 @@ TEST_F(Blocks, GoAtAnyDepthWithoutRunningDownTheStack)
     EXPECT_EQ(alive, 300001);
     nested->release();
     EXPECT_EQ(alive, 0);
+}
+
+TEST_F(Blocks, ReleaseTheirObjectsInOrderThoseOfInnerBlocksInTheirPlace)
+{
+    std::string log;
+    class Named : public GLArcDB
+    {
+    public:
+        Named(std::string& log, char name)
+            : GLArcDB(GLArcData(), Uuid(), L"GLArcDB", Uuid())
+            , log_(log)
+            , name_(name)
+        {
+        }
+        ~Named() override { log_ += name_; }
+
+    private:
+        std::string& log_;
+        char name_;
+    };
+    const auto named = [&](char name) { return new Named(log, name); };
+    Block* shared = block({named('x')});
+    shared->addRef();
+    block({named('a'), block({named('b'), block({named('c')}), named('d')}), shared, named('e')})->release();
+    EXPECT_EQ(log, "abcde");
+    shared->release();
+    EXPECT_EQ(log, "abcdex");
 }
 
 TEST_F(Blocks, HaveNoColourOfTheirOwn)

@@ -181,8 +181,11 @@ TEST(EllipseOutline, EndsForEveryRadius)
         EXPECT_TRUE(ellipse(radius, 1)->outline().empty()) << radius;
         EXPECT_TRUE(ellipse(1, radius)->outline().empty()) << radius;
     }
-    EXPECT_TRUE(ellipse(1, 1, {notANumber, 0, 0})->outline().empty());
-    EXPECT_TRUE(ellipse(1, 1, {0, infinity, 0})->outline().empty());
+    // Where the ellipse stands has no part in it.
+    const auto nowhere = ellipse(1, 1, {notANumber, infinity, 0});
+    ASSERT_EQ(nowhere->outline().size(), 12U);
+    EXPECT_TRUE(std::isnan(nowhere->outline()[0].x));
+    EXPECT_EQ(nowhere->outline()[0].y, infinity);
 }
 
 TEST(Plane, NormalDistanceAndBoundsFollowFromTheCorners)

@@ -253,6 +253,9 @@ TEST_F(ActionStates, HaveTheirTextsIconsAndPlaces)
         EXPECT_EQ(places, row.action == A::About ? 2 : std::popcount(row.places & 0xFFU)) << row.name;
     }
     EXPECT_EQ(action(A::Undo)->shortcut(), QKeySequence(QStringLiteral("Ctrl+Z")));
+    // Those of the platform; some have none for leaving.
+    EXPECT_EQ(action(A::Save)->shortcut(), QKeySequence(QKeySequence::Save));
+    EXPECT_EQ(action(A::Exit)->shortcut(), QKeySequence(QKeySequence::Quit));
     EXPECT_EQ(action(A::Undo)->text(), QStringLiteral("Отменить(Ctrl+Z)"));
     EXPECT_TRUE(action(A::SampleSet)->isCheckable());
     EXPECT_EQ(shell.controller->sortAction(), action(A::Sort));

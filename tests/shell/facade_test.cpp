@@ -154,6 +154,37 @@ TEST_F(Facade, EachScreenStateHasItsOwnHistory)
     EXPECT_FALSE(facade->undoRedo()->execute(facade->undoContext(), nullptr));
 }
 
+TEST_F(Facade, ACommandMayDropTheHistoriesWhileItIsAtWork)
+{
+    class Dropping : public Step
+    {
+    public:
+        Dropping(TellurixController& facade, int& value)
+            : Step(value)
+            , facade_(facade)
+        {
+        }
+        bool unexecute() override
+        {
+            facade_.reset();
+            return Step::unexecute();
+        }
+
+    private:
+        TellurixController& facade_;
+    };
+    int value = 0;
+    facade->setCurrentMode(ModeListCoords);
+    const UndoContext context = facade->undoContext();
+    {
+        const auto step = makeReference<Dropping>(*facade, value);
+        facade->undoRedo()->execute(context, step.get());
+    }
+    facade->undo();
+    EXPECT_EQ(value, 0);
+    EXPECT_FALSE(facade->undoRedo()->canUndo(context) || facade->undoRedo()->canRedo(context));
+}
+
 TEST_F(Facade, ModulesAreKeptByTheModeOfTheirFile)
 {
     facade->addModule(QStringLiteral("waters19.dll"), std::make_unique<QLibrary>());

@@ -1,10 +1,13 @@
 #include "app/show_label.h"
 #include "shell/shell_test.h"
 
+#include <QElapsedTimer>
 #include <QMdiArea>
 #include <QSettings>
+#include <QSplashScreen>
 #include <QStatusBar>
 #include <QToolBar>
+#include <QWindow>
 
 namespace
 {
@@ -129,6 +132,93 @@ TEST_F(ModeSwitching, ClosedScreensAreMadeAnewAndConnectedAgain)
     controller().changeMode(ModeTests);
     Q_EMIT bus(ModeTests)->signalAddRecord(ModeTests, true);
     EXPECT_TRUE(action(ShellAction::Add)->isEnabled());
+}
+
+// The register of projects too, which the start makes in another way.
+TEST_F(ModeSwitching, RegisterOfProjectsMadeAnewFillsAndOpens)
+{
+    controller().findSubWindow(ModeProjects)->close();
+    ASSERT_EQ(screen(ModeProjects), nullptr);
+    controller().activateMode(ModeProjects);
+    EXPECT_EQ(heard(ModeProjects), list("signalLoadProjects"));
+    Q_EMIT bus(ModeProjects)->signalShowOpenProject();
+    EXPECT_NE(controller().dbProject(), nullptr);
+    EXPECT_EQ(shell.controller->currentMode(), ModeListCoords);
+    // Not once more for every visit.
+    controller().changeMode(ModeProjects);
+    heard(ModeProjects);
+    controller().changeMode(ModeProjects);
+    EXPECT_FALSE(heard(ModeProjects).contains(QStringLiteral("signalLoadProjects")));
+}
+
+// Every form of a designer has a title, and many change it.
+TEST_F(ModeSwitching, TitlesOfScreensStayOutOfTheWindows)
+{
+    open(QStringLiteral("LURGAN.TLX"), QStringLiteral("a.TLX"));
+    controller().changeMode(ModeTests);
+    const QString title = base() + QStringLiteral(" - [Пробы]");
+    EXPECT_EQ(shell.mainWindow->windowTitle(), title);
+    for (const char* word : {"Form", "Form2", "Form2"}) {
+        screen(ModeTests)->setWindowTitle(QString::fromLatin1(word));
+        EXPECT_EQ(controller().findSubWindow(ModeTests)->windowTitle(), QString());
+        EXPECT_EQ(shell.mainWindow->windowTitle(), title);
+        controller().changeMode(ModeWaters);
+        controller().changeMode(ModeTests);
+        EXPECT_EQ(shell.mainWindow->windowTitle(), title);
+    }
+    // One that had it before it came into its sub-window.
+    auto* titled = new QWidget;
+    titled->setWindowTitle(QStringLiteral("Form"));
+    auto* area = shell.mainWindow->findChild<QMdiArea*>();
+    area->addSubWindow(new MdiChild(area, ModeSectionEditor, titled));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(shell.mainWindow->windowTitle(), title);
+}
+
+TEST_F(ModeSwitching, ModeAskedForWhileTheWindowIsMinimisedShowsWhenItComesBack)
+{
+    open(QStringLiteral("LURGAN.TLX"), QStringLiteral("a.TLX"));
+    controller().changeMode(ModeTests);
+    shell.mainWindow->showMinimized();
+    QCoreApplication::processEvents();
+    controller().changeMode(ModeWaters);
+    shell.mainWindow->showMaximized();
+    QApplication::setActiveWindow(shell.mainWindow.get());
+    QCoreApplication::processEvents();
+    const QMdiSubWindow* wanted = controller().findSubWindow(ModeWaters);
+    auto* area = shell.mainWindow->findChild<QMdiArea*>();
+    EXPECT_EQ(area->activeSubWindow(), wanted);
+    EXPECT_EQ(area->subWindowList(QMdiArea::StackingOrder).constLast(), wanted);
+    EXPECT_TRUE(wanted->isVisible() && !wanted->visibleRegion().isEmpty());
+}
+
+TEST(Splash, IsPaintedBeforeTheWorkBegins)
+{
+    class Seen : public QSplashScreen
+    {
+    public:
+        using QSplashScreen::QSplashScreen;
+        int paintings = 0;
+
+    protected:
+        void drawContents(QPainter* painter) override
+        {
+            ++paintings;
+            QSplashScreen::drawContents(painter);
+        }
+    } splash(QPixmap(100, 100));
+    splash.show();
+    waitUntilPainted(splash);
+    EXPECT_GT(splash.paintings, 0);
+    EXPECT_TRUE(splash.windowHandle()->isExposed());
+
+    // A display that never makes room for it does not hold up the work for ever.
+    QSplashScreen hidden;
+    hidden.winId();
+    QElapsedTimer waited;
+    waited.start();
+    waitUntilPainted(hidden);
+    EXPECT_LT(waited.elapsed(), 5000);
 }
 
 TEST_F(ModeSwitching, TitlesOfSectionViewsAndUnknownModes)

@@ -6,6 +6,9 @@
 #include <QStatusBar>
 #include <QTimer>
 
+#include <stdexcept>
+#include <vector>
+
 namespace
 {
 
@@ -225,6 +228,40 @@ TEST_F(ProjectLifecycle, ClosingAsksAndDoesAsItIsTold)
     EXPECT_EQ(controller().dbProject(), nullptr);
 }
 
+// The program's application keeps what a handler throws; the toolkit's own doings on the way to it may fail
+// all the same.
+static const QObject* failingReceiver = nullptr;
+
+static bool failToClose(void** data)
+{
+    if (data[0] != failingReceiver || static_cast<const QEvent*>(data[1])->type() != QEvent::Close)
+        return false;
+    failingReceiver = nullptr;
+    throw std::runtime_error("on its way out");
+}
+
+TEST_F(ProjectLifecycle, ScreenThatFailsOnItsWayOutLeavesNoProjectToTheOthers)
+{
+    open(QStringLiteral("LURGAN.TLX"), QStringLiteral("a.TLX"));
+    controller().changeMode(ModeLitology);
+    controller().changeMode(ModeTests);
+    std::vector<bool> projectsSeen;
+    QObject::connect(bus(ModeTests), &TXWidget::signalUpdateDB, bus(ModeTests), [&] {
+        projectsSeen.push_back(shell.controller->project() != nullptr);
+        return true;
+    });
+    failingReceiver = controller().findSubWindow(ModeLitology);
+    QInternal::registerCallback(QInternal::EventNotifyCallback, failToClose);
+    const MessageAnswers answers({QMessageBox::No});
+    controller().closeProject();
+    QInternal::unregisterCallback(QInternal::EventNotifyCallback, failToClose);
+    ASSERT_EQ(failingReceiver, nullptr);
+    ASSERT_FALSE(projectsSeen.empty());
+    EXPECT_FALSE(projectsSeen.front());
+    EXPECT_EQ(screen(ModeTests), nullptr) << "the others close all the same";
+    EXPECT_EQ(controller().dbProject(), nullptr);
+}
+
 TEST_F(ProjectLifecycle, ProjectThatCannotBeSavedIsNotClosed)
 {
     open(QStringLiteral("LURGAN.TLX"), QStringLiteral("a.TLX"));
@@ -254,9 +291,16 @@ TEST_F(ProjectLifecycle, ColumnHasAQuestionOfItsOwn)
             std::vector<std::wstring>{L"Стратиграфическая колонка: Сохранить текущую колонку?"});
     }
     EXPECT_NE(screen(ModeStratigraphic), nullptr);
-    const MessageAnswers answers({QMessageBox::No});
-    EXPECT_TRUE(controller().closeColumnPrompt());
-    EXPECT_EQ(screen(ModeStratigraphic), nullptr);
+    for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
+        controller().changeMode(ModeStratigraphic);
+        auto* hint = shell.mainWindow->findChild<QWidget*>(QStringLiteral("hintLabel"));
+        ASSERT_FALSE(hint->isHidden());
+        shell.controller->setColumnModified(true);
+        const MessageAnswers answers({answer});
+        EXPECT_TRUE(controller().closeColumnPrompt());
+        EXPECT_EQ(screen(ModeStratigraphic), nullptr);
+        EXPECT_TRUE(hint->isHidden()) << "it speaks of records, and the register of projects has none";
+    }
     shell.controller->setColumnModified(false);
 }
 

@@ -1,5 +1,5 @@
 #include "core/base/reference.h"
-#include "settings/program.h"
+#include "modules/program.h"
 #include "settings/settings.h"
 
 #include <QCoreApplication>

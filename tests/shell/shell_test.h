@@ -2,7 +2,7 @@
 
 #include "app/mdi_child.h"
 #include "app/shell_assembly.h"
-#include "settings/program.h"
+#include "modules/program.h"
 #include "shell/message_answers.h"
 
 #include <QAction>

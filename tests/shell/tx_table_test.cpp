@@ -1,4 +1,4 @@
-#include "dialogs/tx_table.h"
+#include "modules/tx_table.h"
 
 #include <QLineEdit>
 #include <QStandardItemModel>

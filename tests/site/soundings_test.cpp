@@ -49,6 +49,8 @@ protected:
         point(L"Скв-1", 1, L"0", L"0", L"113.00");
         point(L"Скв-2", 1, L"100", L"0", L"112.00");
         point(L"ТСЗ-1", 3, L"90", L"10", L"112.50");
+        point(L"Ш-1", 2, L"91", L"10", L"112.50");
+        layer(L"Ш-1", L"3", 1, L"4");
         layer(L"Скв-1", L"9", 1, L"1");
         layer(L"Скв-2", L"2.0", 1, L"2");
         layer(L"Скв-2", L"3.5", 2, L"3");
@@ -70,7 +72,7 @@ TEST_F(SoundingsTest, LayersComeFromTheNearestBoreholeByMark)
     const SiteSoundings soundings(*project);
     const SiteSounding* sounding = soundings.find(L"ТСЗ-1");
     ASSERT_NE(sounding, nullptr);
-    EXPECT_EQ(sounding->borehole, L"Скв-2");
+    EXPECT_EQ(sounding->borehole, L"Скв-2"); // and not the pit beside it
     ASSERT_EQ(sounding->layers.size(), 3u);
     // The mouth is half a metre higher than the borehole's.
     EXPECT_DOUBLE_EQ(sounding->layers[0].from, 0.0);

@@ -1,34 +1,56 @@
 #include "core/base/undo_manager.h"
 
 #include "core/base/leak_checker.h"
+#include "core/base/reference.h"
 
+#include <utility>
+
+// Empties the list first: a command may come back to it when it goes.
 static void releaseCommands(std::deque<MUndoRedoCommand*>& commands)
 {
-    for (MUndoRedoCommand* command : commands)
+    const auto gone = std::exchange(commands, {});
+    for (MUndoRedoCommand* command : gone)
         command->release();
-    commands.clear();
 }
 
 MUndoRedoManager::~MUndoRedoManager()
 {
     releaseCommands(undoStack_);
     releaseCommands(redoStack_);
+    releaseCommands(waiting_);
 }
 
 bool MUndoRedoManager::execute(MUndoRedoCommand* command)
 {
     add(command);
-    return command->execute();
+    return carryOut(*command, &IMCommand::execute, [] {});
 }
 
 void MUndoRedoManager::add(MUndoRedoCommand* command)
 {
-    // First of all, since it may live in the stack that is emptied now.
+    // First of all, since it may live in the stack that is emptied by taking it.
     command->addRef();
-    releaseCommands(redoStack_);
+    if (atWork_)
+        waiting_.push_back(command);
+    else
+        take(command);
+}
+
+void MUndoRedoManager::take(MUndoRedoCommand* command)
+{
     if (static_cast<int>(undoStack_.size()) >= limit_ && !undoStack_.empty())
         dropOldest();
     undoStack_.push_front(command);
+    releaseCommands(redoStack_);
+}
+
+void MUndoRedoManager::takeWaiting()
+{
+    while (!atWork_ && !waiting_.empty()) {
+        MUndoRedoCommand* command = waiting_.front();
+        waiting_.pop_front();
+        take(command);
+    }
 }
 
 // The command that falls off the end keeps the manager's reference and lives until the process ends: screens
@@ -40,22 +62,43 @@ void MUndoRedoManager::dropOldest()
     undoStack_.pop_back();
 }
 
+template <class Then>
+bool MUndoRedoManager::carryOut(MUndoRedoCommand& command, bool (IMCommand::*work)(), Then then)
+{
+    const auto self = Reference<MUndoRedoManager>::share(this);
+    const bool wasAtWork = std::exchange(atWork_, true);
+    bool result = false;
+    try {
+        result = (command.*work)();
+    } catch (...) {
+        atWork_ = wasAtWork;
+        takeWaiting();
+        throw;
+    }
+    atWork_ = wasAtWork;
+    then();
+    takeWaiting();
+    return result;
+}
+
+bool MUndoRedoManager::move(Commands& from, Commands& to, bool (IMCommand::*work)())
+{
+    if (atWork_ || from.empty())
+        return false;
+    const auto self = Reference<MUndoRedoManager>::share(this);
+    carryOut(*from.front(), work, [&] {
+        to.push_front(from.front());
+        from.pop_front();
+    });
+    return !from.empty();
+}
+
 bool MUndoRedoManager::undo()
 {
-    if (undoStack_.empty())
-        return false;
-    undoStack_.front()->unexecute();
-    redoStack_.push_front(undoStack_.front());
-    undoStack_.pop_front();
-    return !undoStack_.empty();
+    return move(undoStack_, redoStack_, &IMCommand::unexecute);
 }
 
 bool MUndoRedoManager::redo()
 {
-    if (redoStack_.empty())
-        return false;
-    redoStack_.front()->execute();
-    undoStack_.push_front(redoStack_.front());
-    redoStack_.pop_front();
-    return !redoStack_.empty();
+    return move(redoStack_, undoStack_, &IMCommand::execute);
 }

@@ -19,6 +19,11 @@ class MUndoRedoCommand : public MObject, public IMCommand
 
 // Two stacks of commands. A command belongs to the manager from execute or add on, by one reference, wherever
 // it stands; the caller keeps and releases its own.
+//
+// A command may come back to the manager while it is at work, and may even cause the manager to be released,
+// which then goes when the command is done. What it adds is taken when the outermost call ends, in the order
+// in which it came and also where the command fails; one that it executes is carried out at once and taken
+// then. It cannot undo or redo: both answer false and do nothing.
 class MUndoRedoManager : public MObject
 {
 public:
@@ -43,9 +48,20 @@ public:
     bool canRedo() const { return !redoStack_.empty(); }
 
 private:
-    void dropOldest();
+    using Commands = std::deque<MUndoRedoCommand*>;
 
-    std::deque<MUndoRedoCommand*> undoStack_; // the newest in front
-    std::deque<MUndoRedoCommand*> redoStack_;
+    void take(MUndoRedoCommand* command);
+    void takeWaiting();
+    void dropOldest();
+    // Has the command do its work with the manager kept alive and closed to changes, then does what is left
+    // to do before the waiting ones are taken. Returns what the work returned.
+    template <class Then>
+    bool carryOut(MUndoRedoCommand& command, bool (IMCommand::*work)(), Then then);
+    bool move(Commands& from, Commands& to, bool (IMCommand::*work)());
+
+    Commands undoStack_; // the newest in front
+    Commands redoStack_;
+    Commands waiting_; // added by a command at work, the first in front
     int limit_;
+    bool atWork_ = false;
 };

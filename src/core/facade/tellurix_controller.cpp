@@ -2,9 +2,9 @@
 
 #include "core/base/mexception.h"
 #include "core/facade/mode_libraries.h"
+#include "modules/program.h"
 #include "persistence/project_file.h"
 #include "platform/files.h"
-#include "settings/program.h"
 
 #include <QCoreApplication>
 #include <QLibrary>

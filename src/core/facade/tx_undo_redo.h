@@ -11,6 +11,8 @@
 class TXUndoRedo : public ITXUndoRedo
 {
 public:
+    ~TXUndoRedo() override { clear(); }
+
     bool execute(const UndoContext& context, IMCommand* command) override;
     void add(const UndoContext& context, IMCommand* command) override;
     bool undo(const UndoContext& context) override { return managerFor(context).undo(); }

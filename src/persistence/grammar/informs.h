@@ -53,7 +53,7 @@ struct InformFields {
     std::int32_t kind = 0;
     Uuid frameFirst;
     Uuid frameSecond;
-    std::uint8_t frameByte = 0;
+    std::uint32_t frameByte = 0; // one byte in the file
     std::wstring text;
     Uuid boxA;
     Uuid boxB;
@@ -105,7 +105,7 @@ inline InformFields fieldsOf(const InformRecord& inform)
     fields.kind = inform.kind();
     fields.frameFirst = {{frame[0], frame[1], frame[2], frame[3]}};
     fields.frameSecond = {{frame[4], frame[5], frame[6], frame[7]}};
-    fields.frameByte = static_cast<std::uint8_t>(frame[8]);
+    fields.frameByte = frame[8];
     fields.text = inform.text();
     fields.boxA = inform.boxA();
     fields.boxB = inform.boxB();

@@ -4,8 +4,11 @@
 #include "modules/idbproject.h"
 #include "modules/itx_undo_redo.h"
 #include "modules/module_export.h"
+#include "modules/program.h"
+#include "modules/tx_table.h"
 #include "waters_screen.h"
 
+#include <QStringList>
 #include <QVariant>
 
 namespace
@@ -35,12 +38,26 @@ private:
     PointDepthKey key_;
 };
 
+class LevelTable : public TXTable
+{
+public:
+    using TXTable::TXTable;
+};
+
 } // namespace
 
 WatersScreen::WatersScreen(TX_Modes mode, ITellurixController* controller)
     : mode_(mode)
     , controller_(controller)
 {
+    new LevelTable(this);
+    setProperty("words",
+        QStringList{QString::fromWCharArray(soilTypeWaitText),
+            QString::fromWCharArray(singleThreadedOpenGlText),
+            convertorName,
+            columnConvertorName,
+            columnLibraryName,
+            supportFolder});
     connect(this, &TXWidget::signalUpdateInfo, this, &WatersScreen::refresh);
     connect(this, &TXWidget::signalUpdateMode, this, [this] { Q_EMIT signalAddRecord(mode_, true); });
     connect(this, &TXWidget::signalUpdateDB, this, &WatersScreen::store);
