@@ -191,7 +191,7 @@ TEST(ExampleProject, soundingsFollowTheLayers)
             SCOPED_TRACE(toUtf8(key.pointName + L", " + row.depth));
             const double cone = numberIn(row.cells[0]);
             const double sleeve = numberIn(row.cells[1]);
-            EXPECT_NEAR(numberIn(row.cells[2]), sleeve / cone / 10, 0.051);
+            EXPECT_TRUE(row.cells[2].empty()); // its probe has a sleeve
             const bool isSand = example().getStrataElementCode(row.cells[3]) == 1;
             EXPECT_EQ(cone > 5, isSand);
             EXPECT_EQ(sleeve / cone / 10 < 2, isSand);
@@ -202,6 +202,8 @@ TEST(ExampleProject, soundingsFollowTheLayers)
 TEST(ExampleProject, ionsOfTheWaterBalance)
 {
     for (const auto& [key, analysis] : example().getChemistry()) {
+        if (analysis.cells[29] == L"грунт")
+            continue;
         const auto equivalents = [&cells = analysis.cells](std::size_t cell, double weight) {
             return numberIn(cells[cell]) / weight;
         };
