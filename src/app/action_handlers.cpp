@@ -23,7 +23,7 @@
 void MainController::saveByUser()
 {
     if (saveProject())
-        warnOfLosses();
+        life_.warnOfLosses();
 }
 
 void MainController::printReport()
@@ -61,9 +61,9 @@ void MainController::redo()
 // Of the action and of the project register's signal alike.
 void MainController::showListCoords()
 {
-    if (openFailed_)
+    if (openFailed())
         return;
-    if (!project_)
+    if (!dbProject())
         newProject();
     changeMode(ModeListCoords);
 }
@@ -71,13 +71,13 @@ void MainController::showListCoords()
 void MainController::showColumn()
 {
     hintLabel_->show();
-    changeMode(project_ ? ModeStratigraphicIge : ModeStratigraphic);
+    changeMode(dbProject() ? ModeStratigraphicIge : ModeStratigraphic);
 }
 
 void MainController::showStudy()
 {
     syncMode(controller_->currentMode());
-    StudyDialog dialog(project_.get(), mainWindow_);
+    StudyDialog dialog(dbProject(), mainWindow_);
     addHelpKey(&dialog);
     dialog.exec();
 }

@@ -225,7 +225,7 @@ void MainController::updateActions()
     const TX_Modes mode = controller_->currentMode();
     const bool dataMode = !mdiArea_->subWindowList().isEmpty() && mode != ModeProjects && mode != ModeNone;
     const ScreenState state{
-        *controller_, project_.get(), mode, controller_->labMode(), modesAccessible_, dataMode};
+        *controller_, dbProject(), mode, controller_->labMode(), modesAccessible_, dataMode};
     for (const StateRow& row : stateRows)
         if (QAction* action = actions_[row.action])
             action->setEnabled(row.isEnabled(state));

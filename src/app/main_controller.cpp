@@ -2,11 +2,15 @@
 
 #include "app/main_window.h"
 #include "app/mdi_child.h"
+#include "app/message_box.h"
 #include "app/recovery_clock.h"
+#include "app/show_label.h"
 
+#include <QCloseEvent>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMdiArea>
+#include <QMessageBox>
 #include <QStatusBar>
 #include <QTimer>
 
@@ -29,7 +33,7 @@ void MainController::setMainWindow(MainWindow* window)
     mainWindow_ = window;
     autoSaveTimer_ = new QTimer(window);
     autoSaveTimer_->setObjectName(QStringLiteral("autoSave"));
-    QObject::connect(autoSaveTimer_, &QTimer::timeout, window, [this] { autoSave(); });
+    QObject::connect(autoSaveTimer_, &QTimer::timeout, window, [this] { life_.saveByTimer(); });
     setAutoSave();
     auto* signOfLife = new QTimer(window);
     QObject::connect(signOfLife, &QTimer::timeout, window, [this] { giveSignOfLife(); });
@@ -86,4 +90,54 @@ void MainController::showStatus(const QString& text, int milliseconds)
 {
     if (mainWindow_)
         mainWindow_->statusBar()->showMessage(text, milliseconds);
+}
+
+void MainController::hideHint()
+{
+    hintLabel_->hide();
+}
+
+void MainController::closeModeWindows(const std::function<void()>& afterFailure)
+{
+    const auto windows = mdiArea_->subWindowList();
+    for (QMdiSubWindow* window : windows) {
+        auto* child = dynamic_cast<MdiChild*>(window);
+        if (!child || child->mode() == ModeProjects)
+            continue;
+        try {
+            child->close();
+        } catch (...) {
+            // A screen that fails on its way out must not keep the others open.
+            afterFailure();
+        }
+    }
+}
+
+void MainController::closeProject()
+{
+    closeAllEditors();
+    if (life_.project())
+        life_.closePrompt();
+    else
+        life_.closeColumnPrompt();
+    life_.resetFacade();
+}
+
+void MainController::closeWindow(QCloseEvent* event)
+{
+    if (controller_->labState() == 8) {
+        event->ignore();
+        showMessageBox(ModeNone,
+            L"Необходмо закончить режим редактирования\n<Реестра проб>!",
+            mainWindow_,
+            QMessageBox::Warning);
+    } else if (life_.project() ? life_.closePrompt() : life_.closeColumnPrompt()) {
+        leaving_ = true;
+        mdiArea_->closeAllSubWindows();
+        QCoreApplication::exit(0);
+    } else {
+        event->ignore();
+    }
+    // Also where the window stays: the screens take up their work again without a current mode.
+    life_.resetFacade();
 }

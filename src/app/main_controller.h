@@ -1,7 +1,6 @@
 #pragma once
 
-#include "app/project_guard.h"
-#include "app/recovery_copy.h"
+#include "app/project_life.h"
 #include "app/shell_actions.h"
 #include "core/base/mobject.h"
 #include "core/base/reference.h"
@@ -22,18 +21,17 @@ class QCloseEvent;
 class QKeyEvent;
 class QMdiArea;
 class QMenu;
-class QMessageBox;
 class QProgressBar;
 class QTimer;
 class QToolBar;
 class ShowLabel;
 
-// The hub of the shell: it knows which modes are open and which one is current, owns the open project, and
-// joins actions and signals. It knows no screen's content; it speaks to the screens over the signal bus.
+// The hub of the shell: it knows which modes are open and which one is current, and joins actions and
+// signals. It knows no screen's content; it speaks to the screens over the signal bus. What becomes of the
+// open project is its ProjectLife's business; here stands what others may ask of it.
 //
 // Its parts: mode_switching.cpp, module_signals.cpp, titles.cpp, user_interface.cpp, action_states.cpp,
-// action_handlers.cpp, project_lifecycle.cpp, project_closing.cpp, project_codes.cpp,
-// project_safety.cpp.
+// action_handlers.cpp.
 class MainController : public MObject, public IMainController, public ICreateWidget
 {
 public:
@@ -42,15 +40,18 @@ public:
 
     // For the project register and the section editor.
     QMainWindow* mainWindow() override;
-    const std::wstring& projectPath() override { return projectPath_; }
-    void setProjectPath(const std::wstring& path) override { projectPath_ = path; }
-    IDBProject* project() override { return project_.get(); }
+    const std::wstring& projectPath() override { return life_.path(); }
+    void setProjectPath(const std::wstring& path) override { life_.setPath(path); }
+    IDBProject* project() override { return life_.project(); }
     ISettings* settings() override { return settings_; }
     ITellurixController* controller() override { return controller_; }
-    void openProject() override;
-    std::wstring projectCodeOf(const std::wstring& path) override;
-    void setProjectCodeOf(const std::wstring& path, const std::wstring& code) override;
-    DBProject* dbProject() override { return project_.get(); }
+    void openProject() override { life_.open(); }
+    std::wstring projectCodeOf(const std::wstring& path) override { return life_.codeOf(path); }
+    void setProjectCodeOf(const std::wstring& path, const std::wstring& code) override
+    {
+        life_.setCodeOf(path, code);
+    }
+    DBProject* dbProject() override { return life_.project(); }
     Settings* dbSettings() override { return settings_; }
 
     // Makes the screen of a mode through its library. Null where there is none, or no createWidget in it.
@@ -73,6 +74,8 @@ public:
     bool syncMode(TX_Modes mode);
     void changeMode(TX_Modes mode);
     void finishModeLeave();
+    // The area of the screens is on view, as after the window was minimised.
+    void comeBack();
     void updateTitle(TX_Modes mode);
     void updateLabTitle(TX_Lab_Modes labMode);
     void loadProjects();
@@ -81,24 +84,26 @@ public:
     QAction* action(ShellAction action) const { return actions_[action]; }
     bool modesAccessible() const { return modesAccessible_; }
 
-    // Project.
-    void newProject();
-    // False where the file could not be written, which the user has been told; the project stays in memory.
-    bool saveProject(SaveWay way = SaveWay::ByHand);
-    // Asks whether to save, then closes project or column; true where the closing may go on. A project that
-    // could not be saved stays open.
-    bool closeProjectPrompt();
-    bool closeColumnPrompt();
+    // Project, told in project_life.h.
+    void newProject() { life_.makeNew(); }
+    bool saveProject(SaveWay way = SaveWay::ByHand) { return life_.save(way); }
+    bool closeProjectPrompt() { return life_.closePrompt(); }
+    bool closeColumnPrompt() { return life_.closeColumnPrompt(); }
     void setAutoSave();
-    // Offers the copies of projects that a crash has left, and opens the one that the user chooses.
-    void offerRecovery();
-    // Brings the copy of the open project up to date; the time it took here and, the last time, in the
-    // thread.
-    std::chrono::milliseconds keepRecoveryCopy();
-    bool isCopying() const { return recovery_.isWriting(); }
-    // The lock and the copy show that the program lives.
-    void giveSignOfLife();
-    bool openFailed() const { return openFailed_; }
+    void offerRecovery() { life_.offerRecovery(); }
+    std::chrono::milliseconds keepRecoveryCopy() { return life_.keepCopy(); }
+    bool isCopying() const { return life_.isCopying(); }
+    void giveSignOfLife() { life_.giveSign(); }
+    bool openFailed() const { return life_.openFailed(); }
+
+    // For the project's life.
+    TellurixController& facade() const { return *controller_; }
+    // Emits the signal on the screen of the mode, where there is one.
+    void tell(TX_Modes mode, void (TXWidget::*signal)());
+    // Closes the screens of all modes but the register of projects; calls afterFailure where one fails.
+    void closeModeWindows(const std::function<void()>& afterFailure);
+    void hideHint();
+    void showStatus(const QString& text, int milliseconds);
 
     // Events of the main window.
     void closeWindow(QCloseEvent* event);
@@ -135,7 +140,6 @@ private:
     // The signal bus of a screen; null where the mode has no window or its widget is no screen.
     TXWidget* screenOf(TX_Modes mode) const;
     TXWidget* activeScreen() const;
-    void tell(TX_Modes mode, void (TXWidget::*signal)());
     void tellActive(void (TXWidget::*signal)());
     void closeAllEditors();
 
@@ -157,17 +161,6 @@ private:
     void applySetup();
     void emitPropertySet(bool isMain);
 
-    void takeProject(Reference<DBProject> project);
-    void resetFacade();
-    void autoSave();
-    bool writeOpenProject(SaveWay way);
-    void watchProject();
-    void dropProject();
-    void restoreProject(const std::wstring& copy);
-    void warnOfLosses();
-    void closeModeWindows();
-    int askToSave(const QString& title, const QString& text);
-    void showStatus(const QString& text, int milliseconds);
     void openHelp();
     void addHelpKey(QWidget* dialog);
 
@@ -180,14 +173,8 @@ private:
     ShowLabel* hintLabel_ = nullptr;
     QProgressBar* progressBar_ = nullptr;
     bool stampsEnabled_ = false; // nothing sets it
-    Reference<DBProject> project_;
     TellurixController* controller_ = nullptr;
     Settings* settings_ = nullptr;
-    ProjectGuard guard_;
-    RecoveryCopy recovery_;
-    std::wstring projectPath_;
-    bool openFailed_ = false;
+    ProjectLife life_{*this};
     bool leaving_ = false;
-    bool rowsWereRefused_ = false; // the open file holds rows that did not come in and would go with a save
-    std::wstring toldLosses_; // the last warning about what a save loses; not said twice
 };

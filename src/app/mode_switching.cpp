@@ -74,7 +74,7 @@ MdiChild* MainController::createSubWindow(TX_Modes mode)
 // The first look at the soundings classifies the soil of every element, which takes its time.
 void MainController::createModeWindow(TX_Modes mode)
 {
-    if (mode == ModeStatic && project_ && project_->getSoundingFlags().empty()) {
+    if (mode == ModeStatic && dbProject() && dbProject()->getSoundingFlags().empty()) {
         QSplashScreen splash(QPixmap(QStringLiteral(":/images/static.png")));
         splash.show();
         splash.showMessage(QString::fromWCharArray(soilTypeWaitText), Qt::AlignCenter, Qt::black);
@@ -184,8 +184,21 @@ void MainController::changeMode(TX_Modes mode)
         refreshMode(mode);
     }
     updateActions();
-    if (mdiArea_ && dynamic_cast<MdiChild*>(mdiArea_->activeSubWindow()))
+    const auto* active = mdiArea_ ? dynamic_cast<MdiChild*>(mdiArea_->activeSubWindow()) : nullptr;
+    // While the window is minimised the screen of before is still the active one; the new one is told when it
+    // comes on view.
+    if (active && (mdiArea_->isVisible() || active->mode() == mode))
         tellActive(&TXWidget::signalUpdateMode);
+}
+
+// A window that is minimised activates no screen: what was asked for meanwhile is made up for.
+void MainController::comeBack()
+{
+    MdiChild* child = controller_ ? findSubWindow(controller_->currentMode()) : nullptr;
+    if (!child || mdiArea_->activeSubWindow() == child)
+        return;
+    mdiArea_->setActiveSubWindow(child);
+    tellActive(&TXWidget::signalUpdateMode);
 }
 
 void MainController::finishModeLeave()

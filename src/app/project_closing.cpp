@@ -1,117 +1,72 @@
-// How a project, a column and the window are closed.
+// How a project and a column are closed.
 
 #include "app/main_controller.h"
-#include "app/main_window.h"
-#include "app/mdi_child.h"
-#include "app/message_box.h"
-#include "app/show_label.h"
 
-#include <QCloseEvent>
-#include <QCoreApplication>
-#include <QMdiArea>
 #include <QMessageBox>
 
-int MainController::askToSave(const QString& title, const QString& text)
+int ProjectLife::askToSave(const QString& title, const QString& text)
 {
     QMessageBox box(QMessageBox::Warning,
         title,
         text,
         QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
-        mainWindow_);
+        window());
     box.setDefaultButton(QMessageBox::Cancel);
     return box.exec();
 }
 
-void MainController::closeModeWindows()
+void ProjectLife::closeScreens()
 {
-    const auto windows = mdiArea_->subWindowList();
-    for (QMdiSubWindow* window : windows) {
-        auto* child = dynamic_cast<MdiChild*>(window);
-        if (!child || child->mode() == ModeProjects)
-            continue;
-        try {
-            child->close();
-        } catch (...) {
-            // A screen that fails on its way out must not keep the others open, and none of them may find the
-            // project again when the current one is asked to store.
-            takeProject({});
-            updateActions();
-            finishModeLeave();
-        }
-    }
+    shell_.closeModeWindows([this] {
+        // None of the others may find the project again when the current one is asked to store.
+        take({});
+        shell_.updateActions();
+        shell_.finishModeLeave();
+    });
 }
 
-bool MainController::closeProjectPrompt()
+bool ProjectLife::closePrompt()
 {
     if (!project_)
         return true;
     const int answer = askToSave(QStringLiteral("Проект"), QStringLiteral("Сохранить текущий проект?"));
     if (answer != QMessageBox::Yes && answer != QMessageBox::No)
         return false;
-    hintLabel_->hide();
+    shell_.hideHint();
     if (answer == QMessageBox::Yes) {
-        if (!saveProject())
+        if (!save(SaveWay::ByHand))
             return false;
         warnOfLosses();
     }
-    dropProject();
+    drop();
     return true;
 }
 
-void MainController::dropProject()
+void ProjectLife::drop()
 {
-    closeModeWindows();
-    updateActions();
-    finishModeLeave();
-    takeProject({});
+    closeScreens();
+    shell_.updateActions();
+    shell_.finishModeLeave();
+    take({});
     rowsWereRefused_ = false;
     guard_.release();
     // Also where the user did not want it saved: he threw it away knowingly.
     recovery_.remove();
 }
 
-bool MainController::closeColumnPrompt()
+bool ProjectLife::closeColumnPrompt()
 {
-    if (!controller_->columnModified())
+    if (!shell_.facade().columnModified())
         return true;
     const int answer =
         askToSave(QStringLiteral("Стратиграфическая колонка"), QStringLiteral("Сохранить текущую колонку?"));
     if (answer != QMessageBox::Yes && answer != QMessageBox::No)
         return false;
-    hintLabel_->hide();
+    shell_.hideHint();
     if (answer == QMessageBox::Yes)
-        tell(ModeStratigraphic, &TXWidget::signalSaveColumn);
-    closeModeWindows();
-    updateActions();
-    finishModeLeave();
+        shell_.tell(ModeStratigraphic, &TXWidget::signalSaveColumn);
+    closeScreens();
+    shell_.updateActions();
+    shell_.finishModeLeave();
     return true;
-}
-
-void MainController::closeProject()
-{
-    closeAllEditors();
-    if (project_)
-        closeProjectPrompt();
-    else
-        closeColumnPrompt();
-    resetFacade();
-}
-
-void MainController::closeWindow(QCloseEvent* event)
-{
-    if (controller_->labState() == 8) {
-        event->ignore();
-        showMessageBox(ModeNone,
-            L"Необходмо закончить режим редактирования\n<Реестра проб>!",
-            mainWindow_,
-            QMessageBox::Warning);
-    } else if (project_ ? closeProjectPrompt() : closeColumnPrompt()) {
-        leaving_ = true;
-        mdiArea_->closeAllSubWindows();
-        QCoreApplication::exit(0);
-    } else {
-        event->ignore();
-    }
-    // Also where the window stays: the screens take up their work again without a current mode.
-    resetFacade();
 }

@@ -4,7 +4,7 @@
 #include "app/project_reading.h"
 #include "app/project_writer.h"
 
-std::wstring MainController::projectCodeOf(const std::wstring& path)
+std::wstring ProjectLife::codeOf(const std::wstring& path)
 {
     std::wstring code;
     try {
@@ -14,23 +14,23 @@ std::wstring MainController::projectCodeOf(const std::wstring& path)
         // The register shows a file that cannot be read without a code.
     }
     resetFacade();
-    updateActions();
+    shell_.updateActions();
     return code;
 }
 
-void MainController::setProjectCodeOf(const std::wstring& path, const std::wstring& code)
+void ProjectLife::setCodeOf(const std::wstring& path, const std::wstring& code)
 {
     resetFacade();
     try {
         if (const auto project = readProjectFile(path)) {
             project->setProjectCode(code);
-            const std::wstring place = projectPlace(*project, *settings_);
+            const std::wstring place = projectPlace(*project, settings());
             // Held while it is written. What another one has open is not touched: the register, which reads
             // the file again, finds the old code and says so.
             const auto lock = ProjectLock::tryTake(place);
             if (lock.state == ProjectLock::State::HeldByOther && !isThisProgram(lock.owner))
                 return;
-            ProjectWriter(project.get(), settings_).write();
+            ProjectWriter(project.get(), &settings()).write();
         }
     } catch (...) {
         // The register reads the file again and shows what is in it.

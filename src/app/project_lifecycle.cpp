@@ -1,7 +1,6 @@
 // How a project comes to be in memory and reaches the disk.
 
 #include "app/main_controller.h"
-#include "app/main_window.h"
 #include "app/message_box.h"
 #include "app/project_reading.h"
 #include "app/project_writer.h"
@@ -10,6 +9,7 @@
 #include "persistence/save_losses.h"
 
 #include <QApplication>
+#include <QMainWindow>
 #include <QMessageBox>
 
 #include <algorithm>
@@ -17,34 +17,44 @@
 static constexpr int statusMilliseconds = 2000;
 static constexpr const wchar_t* newProjectName = L"TLXXXXX.TLX";
 
-void MainController::takeProject(Reference<DBProject> project)
+Settings& ProjectLife::settings() const
+{
+    return *shell_.dbSettings();
+}
+
+QWidget* ProjectLife::window() const
+{
+    return shell_.mainWindow();
+}
+
+void ProjectLife::take(Reference<DBProject> project)
 {
     project_ = std::move(project);
-    controller_->setProject(project_.get());
+    shell_.facade().setProject(project_.get());
     // The object type is the project's own while one is open.
-    settings_->setIsShowTypeObject(project_.get() == nullptr);
+    settings().setIsShowTypeObject(project_.get() == nullptr);
     toldLosses_.clear();
 }
 
-void MainController::resetFacade()
+void ProjectLife::resetFacade()
 {
-    controller_->detachAll();
-    controller_->reset();
+    shell_.facade().detachAll();
+    shell_.facade().reset();
 }
 
-void MainController::newProject()
+void ProjectLife::makeNew()
 {
-    projectPath_ = newProjectName;
+    path_ = newProjectName;
     // Its short name is TLXXXXX until the user names the project in the list of points.
     auto project = makeReference<DBProject>();
-    project->setFilePath(projectPath_);
-    project->setTypeObject(settings_->typeObject());
-    project->setLabValueC(settings_->newProjectMode());
-    project->setGranGost(settings_->granGostLaboratory());
+    project->setFilePath(path_);
+    project->setTypeObject(settings().typeObject());
+    project->setLabValueC(settings().newProjectMode());
+    project->setGranGost(settings().granGostLaboratory());
     rowsWereRefused_ = false;
-    takeProject(std::move(project));
+    take(std::move(project));
     guard_.release();
-    watchProject();
+    watch();
 }
 
 // Rows that did not come in stand in the file until it is saved for the first time: then they are gone.
@@ -60,25 +70,25 @@ static std::wstring refusalWarning(const ReadReport& report)
     return text + L"После сохранения этих строк в файле не будет. Сделайте копию файла, если они нужны.";
 }
 
-void MainController::openProject()
+void ProjectLife::open()
 {
     openFailed_ = false;
     resetFacade();
     std::wstring message;
     ReadReport report;
     try {
-        Reference<DBProject> project = readProjectFile(projectPath_, report);
+        Reference<DBProject> project = readProjectFile(path_, report);
         // An opening that the user calls off is one that failed without a word: the project that was open
         // stays, and a caller who goes on to the list of points does not find a new project made for him.
-        openFailed_ = !project || !guard_.mayOpen(projectPlace(*project, *settings_), mainWindow_);
+        openFailed_ = !project || !guard_.mayOpen(projectPlace(*project, settings()), window());
         if (!openFailed_) {
             rowsWereRefused_ = report.refusalCount > 0;
-            takeProject(std::move(project));
-            watchProject();
-            settings_->setTypeObject(project_->getTypeObject());
-            settings_->setGranGostLaboratory(project_->getGranGost());
+            take(std::move(project));
+            watch();
+            settings().setTypeObject(project_->getTypeObject());
+            settings().setGranGostLaboratory(project_->getGranGost());
             if (rowsWereRefused_)
-                showMessageBox(ModeNone, refusalWarning(report), mainWindow_, QMessageBox::Warning);
+                showMessageBox(ModeNone, refusalWarning(report), window(), QMessageBox::Warning);
         }
     } catch (const MException& failure) {
         openFailed_ = true;
@@ -87,33 +97,33 @@ void MainController::openProject()
         // A failure without words leaves the previous project open and says nothing.
     }
     if (!message.empty())
-        showMessageBox(ModeNone, message, mainWindow_, QMessageBox::Warning);
+        showMessageBox(ModeNone, message, window(), QMessageBox::Warning);
 }
 
-bool MainController::saveProject(SaveWay way)
+bool ProjectLife::save(SaveWay way)
 {
     if (!project_) {
-        tell(ModeStratigraphic, &TXWidget::signalSaveColumn);
+        shell_.tell(ModeStratigraphic, &TXWidget::signalSaveColumn);
         return true;
     }
-    showStatus(QStringLiteral("Сохранение проекта..."), statusMilliseconds);
+    shell_.showStatus(QStringLiteral("Сохранение проекта..."), statusMilliseconds);
     // Whatever the screen answers, what is stored is saved.
-    syncMode(controller_->currentMode());
-    return writeOpenProject(way);
+    shell_.syncMode(shell_.facade().currentMode());
+    return write(way);
 }
 
-bool MainController::writeOpenProject(SaveWay way)
+bool ProjectLife::write(SaveWay way)
 {
     bool written = false;
     std::uint64_t state = 0;
-    const std::wstring place = projectPlace(*project_, *settings_);
+    const std::wstring place = projectPlace(*project_, settings());
     try {
-        const ProjectWriter writer(project_.get(), settings_);
+        const ProjectWriter writer(project_.get(), &settings());
         const ByteBlocks bytes = writer.encode();
         state = contentHash(bytes.parts());
         if (writer.makeFolder()) {
-            if (!guard_.maySave(place, way, mainWindow_)) {
-                showStatus(guard_.reason(), 0);
+            if (!guard_.maySave(place, way, window())) {
+                shell_.showStatus(guard_.reason(), 0);
                 return false;
             }
             written = bool(writer.write(bytes.parts()));
@@ -129,15 +139,15 @@ bool MainController::writeOpenProject(SaveWay way)
     if (written) {
         rowsWereRefused_ = false;
         recovery_.saved(state);
-        showStatus(QStringLiteral("Готово."), 0);
+        shell_.showStatus(QStringLiteral("Готово."), 0);
     } else {
-        showMessageBox(ModeNone, L"Ошибка при сохранения проекта!", mainWindow_, QMessageBox::Warning);
+        showMessageBox(ModeNone, L"Ошибка при сохранения проекта!", window(), QMessageBox::Warning);
     }
     return written;
 }
 
 // What the file just written will not give back, once for each state of the project.
-void MainController::warnOfLosses()
+void ProjectLife::warnOfLosses()
 {
     if (!project_)
         return;
@@ -153,20 +163,21 @@ void MainController::warnOfLosses()
     toldLosses_ = text;
     showMessageBox(ModeNone,
         L"Проект записан, но не всё из него вернётся при открытии файла:\n" + text,
-        mainWindow_,
+        window(),
         QMessageBox::Warning);
 }
 
-void MainController::autoSave()
+void ProjectLife::saveByTimer()
 {
     // A question that is open may be about this very project.
     if (dynamic_cast<QMessageBox*>(QApplication::activeModalWidget()))
         return;
     if (rowsWereRefused_) {
-        showStatus(QStringLiteral("Автосохранение ждёт: в файле есть непрочитанные строки, которые исчезнут "
-                                  "при записи. Сохраните проект сами, если они не нужны."),
+        shell_.showStatus(
+            QStringLiteral("Автосохранение ждёт: в файле есть непрочитанные строки, которые исчезнут "
+                           "при записи. Сохраните проект сами, если они не нужны."),
             0);
         return;
     }
-    saveProject(SaveWay::ByTimer);
+    save(SaveWay::ByTimer);
 }

@@ -1,7 +1,6 @@
 // What keeps the open project from being lost: the copy that outlives a crash, and the signs of life.
 
 #include "app/main_controller.h"
-#include "app/main_window.h"
 #include "app/message_box.h"
 #include "app/project_writer.h"
 #include "app/recovery_dialog.h"
@@ -26,19 +25,20 @@ static std::optional<std::uint64_t> stateOf(IDBProject& project)
     }
 }
 
-void MainController::watchProject()
+void ProjectLife::watch()
 {
-    guard_.remember(projectPlace(*project_, *settings_));
+    guard_.remember(projectPlace(*project_, settings()));
     recovery_.begin(stateOf(*project_).value_or(0));
-    if (isRecoveryCopy(projectPath_, *settings_))
-        recovery_.adopt(projectPath_);
+    if (isRecoveryCopy(path_, settings()))
+        recovery_.adopt(path_);
 }
 
-milliseconds MainController::keepRecoveryCopy()
+milliseconds ProjectLife::keepCopy()
 {
     if (const std::wstring failure = recovery_.newFailure(); !failure.empty())
-        showStatus(QStringLiteral("Копия проекта на случай сбоя не записана: %1. Сохраняйте проект чаще.")
-                       .arg(QString::fromStdWString(failure)),
+        shell_.showStatus(
+            QStringLiteral("Копия проекта на случай сбоя не записана: %1. Сохраняйте проект чаще.")
+                .arg(QString::fromStdWString(failure)),
             0);
     if (!project_ || recovery_.isWriting())
         return {};
@@ -46,7 +46,7 @@ milliseconds MainController::keepRecoveryCopy()
     const auto start = steady_clock::now();
     try {
         recovery_.keep(
-            encodeProjectInBlocks(*project_), fileStem(project_->getFilePath()), recoveryFolders(*settings_));
+            encodeProjectInBlocks(*project_), fileStem(project_->getFilePath()), recoveryFolders(settings()));
     } catch (...) {
         // A project that cannot be encoded cannot be saved either, and the save tells. The copy of the last
         // state that could be stays.
@@ -54,49 +54,49 @@ milliseconds MainController::keepRecoveryCopy()
     return writing + duration_cast<milliseconds>(steady_clock::now() - start);
 }
 
-void MainController::giveSignOfLife()
+void ProjectLife::giveSign()
 {
     recovery_.giveSign();
     if (const QString taken = guard_.giveSign(); !taken.isEmpty())
-        showStatus(taken, 0);
+        shell_.showStatus(taken, 0);
 }
 
-void MainController::offerRecovery()
+void ProjectLife::offerRecovery()
 {
-    if (leaving_)
+    if (shell_.leaving())
         return;
-    std::vector<RecoveredProject> copies = findRecoveryCopies(*settings_);
+    std::vector<RecoveredProject> copies = findRecoveryCopies(settings());
     if (copies.empty())
         return;
     if (project_)
         std::stable_partition(copies.begin(),
             copies.end(),
-            [place = projectPlace(*project_, *settings_)](
+            [place = projectPlace(*project_, settings())](
                 const RecoveredProject& copy) { return copy.place == place; });
-    RecoveryDialog dialog(std::move(copies), settings_->projectPath(), mainWindow_);
+    RecoveryDialog dialog(std::move(copies), settings().projectPath(), window());
     if (dialog.exec() == QDialog::Accepted)
-        restoreProject(dialog.chosen());
+        restore(dialog.chosen());
 }
 
 // An ordinary opening: the copy is a project file, and what it saves to stands in it.
-void MainController::restoreProject(const std::wstring& copy)
+void ProjectLife::restore(const std::wstring& copy)
 {
     if (livingOwner(copy)) {
         showMessageBox(ModeNone,
             L"Этот проект уже восстановлен в другом окне программы.",
-            mainWindow_,
+            window(),
             QMessageBox::Warning);
         return;
     }
     // The command line's project, just opened, is in nobody's way; one that has been worked on is asked for.
     if (project_ && stateOf(*project_) == recovery_.savedState())
-        dropProject();
-    else if (!closeProjectPrompt())
+        drop();
+    else if (!closePrompt())
         return;
-    setProjectPath(copy);
-    openProject();
+    setPath(copy);
+    open();
     if (openFailed_)
         return;
-    showOpenProject();
-    showStatus(QStringLiteral("Проект восстановлен. Проверьте его и сохраните."), 0);
+    shell_.showOpenProject();
+    shell_.showStatus(QStringLiteral("Проект восстановлен. Проверьте его и сохраните."), 0);
 }
