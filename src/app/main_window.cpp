@@ -10,7 +10,7 @@
 MainWindow::MainWindow(MainController* controller)
     : controller_(controller)
 {
-    auto* area = new ModeArea(this);
+    auto* area = new ModeArea([controller] { controller->comeBack(); }, this);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     // Screens are maximised from the start; without this each change of mode would resize both four times.

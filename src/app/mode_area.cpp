@@ -11,3 +11,11 @@ bool ModeArea::eventFilter(QObject* watched, QEvent* event)
     }
     return QMdiArea::eventFilter(watched, event);
 }
+
+bool ModeArea::event(QEvent* event)
+{
+    const bool isTaken = QMdiArea::event(event);
+    if (event->type() == QEvent::Show)
+        onView_();
+    return isTaken;
+}
