@@ -1,8 +1,7 @@
-#include "common/sheet_screen.h"
-#include "common/sheets/sheets.h"
+#include "laboratory/laboratory_screen.h"
 #include "modules/module_export.h"
 
 TELLURIX_MODULE QWidget* createWidget(const TX_Modes* mode, ITellurixController* controller)
 {
-    return new SheetScreen(*mode, controller, laboratorySheets());
+    return new LaboratoryScreen(*mode, controller);
 }

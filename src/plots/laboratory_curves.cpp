@@ -1,6 +1,7 @@
 #include "plots/laboratory_curves.h"
 
 #include "plots/chart.h"
+#include "site/elements.h"
 
 #include <algorithm>
 #include <cmath>
@@ -284,4 +285,63 @@ Drawing shrinkageCurve(const Shrinkage& shrinkage, const CurveLook& look)
         + L", по диаметру " + withUnit(shrinkage.diameterStrain, 3, L"") + L", по объёму "
         + withUnit(shrinkage.volumeStrain, 3, L""));
     return drawChart(chart);
+}
+
+namespace
+{
+
+double greatestStrain(const SiteLaboratory& site)
+{
+    double most = 0;
+    for (const SiteSample& sample : site.samples())
+        for (const CompressionResult& test : sample.result.compression)
+            for (const OedometerRow& row : test.oedometer.rows)
+                most = std::max({most, row.strain.value_or(0), row.soakedStrain.value_or(0)});
+    return most;
+}
+
+double greatestDiameter(const SiteLaboratory& site)
+{
+    double most = 1;
+    for (const SiteSample& sample : site.samples())
+        if (!sample.result.grading.curve.empty())
+            most = std::max(most, sample.result.grading.curve.front().diameter);
+    return most;
+}
+
+} // namespace
+
+std::optional<Drawing> curveOfTest(const SiteLaboratory& site,
+    const SiteSample& sample,
+    TX_Lab_Modes test,
+    int method,
+    const LabCurveSettings& settings,
+    const CurveSize& size)
+{
+    const SampleResult& result = sample.result;
+    CurveLook look;
+    look.width = size.width;
+    look.height = size.height;
+    look.isSmooth = test == LabGranulometry ? settings.smoothGrading : settings.smoothSwelling;
+    if (test == LabGranulometry && !result.grading.curve.empty()) {
+        if (settings.oneScaleOfGrading)
+            look.coarsest = greatestDiameter(site);
+        return gradingCurve(result, look);
+    }
+    if (test == LabCompression)
+        for (const CompressionResult& each : result.compression)
+            if (each.oedometer.test == method && !each.oedometer.rows.empty()) {
+                if (settings.oneScaleOfCompression)
+                    look.strainTo = greatestStrain(site);
+                return compressionCurve(each, look);
+            }
+    if (test == LabShear)
+        for (std::size_t i = 0; i < result.shear.size(); ++i)
+            if (result.shear[i].method == method && !result.input.shear[i].readings.empty())
+                return shearCurve(result.input.shear[i], result.shear[i], look);
+    if (test == LabSwell && !result.swelling.rows.empty())
+        return swellingCurve(result.swelling, look);
+    if (test == LabShrink && !result.shrinkage.points.empty())
+        return shrinkageCurve(result.shrinkage, look);
+    return std::nullopt;
 }

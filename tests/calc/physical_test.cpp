@@ -1,4 +1,5 @@
 #include "calc/number_support.h"
+#include "calc/parallel_determinations.h"
 #include "calc/physical.h"
 
 #include <random>
@@ -162,4 +163,22 @@ TEST(PhysicalProperties, PhaseRelationsInvertEachOther)
         EXPECT_NEAR(*physical.saturation, moisture / *physical.fullMoisture, 1e-9);
         EXPECT_NEAR(*physical.dryDensity * (1 + *physical.fullMoisture), *physical.saturatedDensity, 1e-9);
     }
+}
+
+TEST(ParallelDeterminations, MeanAndPermittedDifference)
+{
+    const Number first = moistureOf({20.0, 52.4, 46.7});
+    expectNumber(first, 5.7 / 26.7, 1e-9);
+    EXPECT_FALSE(moistureOf({20.0, 52.4, 19.0}).has_value());
+    EXPECT_FALSE(moistureOf({20.0, {}, 46.7}).has_value());
+    const ParallelMean close = parallelMean({.210, .230}, 0, false);
+    expectNumber(close.mean, .22, 1e-12);
+    EXPECT_TRUE(close.agrees); // two points of a moisture above 10 %
+    EXPECT_FALSE(parallelMean({.210, .2305}, 0, false).agrees);
+    EXPECT_FALSE(parallelMean({.02, .0221}, 0, false).agrees);
+    EXPECT_TRUE(parallelMean({1.90, 1.94}, 1, true).agrees);
+    EXPECT_FALSE(parallelMean({1.90, 1.94}, 1, false).agrees);
+    EXPECT_TRUE(parallelMean({2.76, 2.79}, 2, false).agrees);
+    EXPECT_FALSE(parallelMean({.3}, 3, false).agrees);
+    EXPECT_FALSE(parallelMean({{}, {}}, 3, false).mean.has_value());
 }
