@@ -1,5 +1,6 @@
 #include "common/paged_screen.h"
 
+#include "common/document_output.h"
 #include "common/page.h"
 #include "common/view_settings.h"
 
@@ -215,8 +216,9 @@ void PagedScreen::printReport()
 
 void PagedScreen::handOver(const Document& document)
 {
-    say(QStringLiteral("Отчёт «%1» составлен, но сохранять отчёты программа пока не умеет.")
-            .arg(QString::fromStdWString(document.title)));
+    const QString file = saveDocument(this, document);
+    if (!file.isEmpty())
+        say(QStringLiteral("Отчет записан: %1").arg(file));
 }
 
 void PagedScreen::say(const QString& text)
