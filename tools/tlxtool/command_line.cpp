@@ -32,6 +32,7 @@ struct Arguments {
     std::string folder;
     std::string language = "ru";
     bool compact = false;
+    DrawRequest draw;
 };
 
 CLI::App& addCommand(CLI::App& tool, const std::string& name, const std::string& text)
@@ -53,8 +54,27 @@ void addName(CLI::App& command, const std::string& name, std::string& value, con
     command.add_option(name, value, text)->required()->option_text(" ");
 }
 
+void addDraw(CLI::App& tool, DrawRequest& draw)
+{
+    CLI::App& command = addCommand(tool, "draw", "чертежи в файлы PDF, SVG, DXF, PNG (по расширению)");
+    addName(command, "FILE", draw.file, "файл проекта");
+    addName(command, "WHAT", draw.what, "что чертить: column (колонка)");
+    const auto option = [&command](const char* name, auto& value, const char* text, const char* hint) {
+        return command.add_option(name, value, text)->option_text(hint)->group("Ключи");
+    };
+    option("--point", draw.point, "имя точки", "NAME");
+    command.add_flag("--all", draw.allPoints, "все точки проекта")->group("Ключи");
+    option("--out", draw.out, "файл; несколько листов SVG, DXF, PNG получают номера", "PATH")->required();
+    option("--scale", draw.scale, "вертикальный масштаб 1:N, от 10 до 500; без ключа по листу", "N");
+    option("--sheet", draw.sheet, "формат листа: A4, A3, A2, A1, A4x3, A3x3 …", "NAME");
+    command.add_flag("--landscape", draw.isLandscape, "лист поперёк")->group("Ключи");
+    option("--language", draw.language, "язык надписей: ru или uk", "ru|uk");
+    option("--dpi", draw.dotsPerInch, "точек на дюйм для PNG", "N");
+}
+
 void addCommands(CLI::App& tool, Arguments& arguments)
 {
+    addDraw(tool, arguments.draw);
     addFiles(
         addCommand(tool, "info", "таблица: шифр, наименование, версия, размер, число записей"), arguments);
     addFiles(addCommand(tool,
@@ -135,6 +155,8 @@ int runCommand(const std::string& name, const Arguments& given, Output& output)
         return runResave(given.first, given.second);
     if (name == "diff")
         return runDiff(output, given.first, given.second);
+    if (name == "draw")
+        return runDraw(output, given.draw);
     if (name == "calc")
         return runCalc(output, given.first, given.language);
     return runExport(output, given.first, given.folder);

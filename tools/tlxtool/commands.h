@@ -28,3 +28,18 @@ int runDiff(Output& output, const std::string& a, const std::string& b);
 int runExport(Output& output, const std::string& file, const std::string& folder);
 // All results as one JSON object; language "ru" or "uk".
 int runCalc(Output& output, const std::string& file, const std::string& language);
+
+// What to draw and how; texts as they stand on the command line.
+struct DrawRequest {
+    std::string file;
+    std::string what; // "column"
+    std::string point; // a name
+    bool allPoints = false;
+    std::string out; // the format by its suffix
+    int scale = 0; // 1:n; 0: fitting
+    std::string sheet = "A4";
+    bool isLandscape = false;
+    std::string language = "ru";
+    double dotsPerInch = 300;
+};
+int runDraw(Output& output, const DrawRequest& request);
