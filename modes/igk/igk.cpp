@@ -1,8 +1,7 @@
-#include "common/sheet_drawings.h"
-#include "common/sheets/sheets.h"
+#include "igk/igk_screen.h"
 #include "modules/module_export.h"
 
 TELLURIX_MODULE QWidget* createWidget(const TX_Modes* mode, ITellurixController* controller)
 {
-    return new SheetScreen(*mode, controller, columnSheets(), {{"igk/points", columnDrawing(controller)}});
+    return new IgkScreen(*mode, controller);
 }
