@@ -1,11 +1,7 @@
-#include "common/sheet_drawings.h"
-#include "common/sheets/sheets.h"
 #include "modules/module_export.h"
+#include "stratigraphic/stratigraphic_screen.h"
 
 TELLURIX_MODULE QWidget* createWidget(const TX_Modes* mode, ITellurixController* controller)
 {
-    return new SheetScreen(*mode,
-        controller,
-        stratigraphicColumnSheets(),
-        {{"stratigraphic/columns", columnDrawing(controller)}});
+    return new StratigraphicScreen(*mode, controller);
 }

@@ -1,8 +1,7 @@
-#include "common/sheet_screen.h"
-#include "common/sheets/sheets.h"
 #include "modules/module_export.h"
+#include "stratigraphicIge/element_column_screen.h"
 
 TELLURIX_MODULE QWidget* createWidget(const TX_Modes* mode, ITellurixController* controller)
 {
-    return new SheetScreen(*mode, controller, stratigraphicOrderSheets());
+    return new ElementColumnScreen(*mode, controller);
 }

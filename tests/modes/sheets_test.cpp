@@ -232,7 +232,7 @@ TEST(SheetScreens, filterCountCopyAndTabs)
 TEST(SheetScreens, detailsFollowTheCurrentRow)
 {
     const auto project = sample(L"PORTADOWN.TLX");
-    SheetHost host(sheetModules[8], project.get());
+    SheetHost host(stratigraphicColumnSheets(), ModeStratigraphic, project.get());
     QTableView* columns = host.table("stratigraphic/columns");
     QTableView* layers = host.table("stratigraphic/layers");
     EXPECT_EQ(layers->model()->rowCount(), 5);
@@ -249,7 +249,7 @@ TEST(SheetScreens, followTheProject)
     const auto project = makeReference<DBProject>();
     for (const wchar_t* name : {L"С-1", L"С-2", L"С-3"})
         project->addLithology({name, L"2"}, {L"aQ", L"Песок"});
-    SheetHost host(sheetModules[9], project.get());
+    SheetHost host(stratigraphicOrderSheets(), ModeStratigraphicIge, project.get());
     QTableView* layers = host.table("stratigraphicIge/layers");
     layers->setFocus();
     QTest::keyClick(layers, Qt::Key_Down);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/sheet_screen.h"
 #include "core/facade/mode_libraries.h"
 #include "core/facade/tellurix_controller.h"
 #include "modules/icreate_widget.h"
@@ -25,12 +26,9 @@ inline constexpr SheetModule sheetModules[] = {
     {"ige19.dll", ModeIge},
     {"static19.dll", ModeStatic},
     {"section19.dll", ModeSection},
-    {"igk19.dll", ModeIgk},
     {"subsidence19.dll", ModeSubsidence},
     {"chemistry19.dll", ModeChemistry},
     {"consolidated19.dll", ModeConsolidated},
-    {"stratigraphic19.dll", ModeStratigraphic},
-    {"stratigraphicIge19.dll", ModeStratigraphicIge},
 };
 
 // Such a screen as the shell makes it, over the real facade.
@@ -55,9 +53,14 @@ public:
         screen.reset(dynamic_cast<TXWidget*>(made));
         if (!screen)
             qFatal("%s: %s", module.file, qPrintable(library_.errorString()));
-        screen->resize(1100, 600);
-        screen->show();
-        QApplication::setActiveWindow(screen.get());
+        show();
+    }
+    // The same of sheets that no module shows alone.
+    SheetHost(const std::vector<Sheet>& sheets, TX_Modes mode, DBProject* project)
+        : controller(settings.get(), project)
+        , screen(new SheetScreen(mode, &controller, sheets))
+    {
+        show();
     }
 
     QLineEdit* filter() const { return screen->findChild<QLineEdit*>(QStringLiteral("filter")); }
@@ -86,6 +89,12 @@ public:
     TellurixController controller;
 
 private:
+    void show() const
+    {
+        screen->resize(1100, 600);
+        screen->show();
+        QApplication::setActiveWindow(screen.get());
+    }
     // What a screen puts off, it puts off until it is painted at most.
     static void look() { QCoreApplication::sendPostedEvents(); }
 

@@ -1,0 +1,324 @@
+#include "stratigraphic/stratigraphic_screen.h"
+
+#include "common/column_look.h"
+#include "common/drawing_view.h"
+#include "common/edit_grid.h"
+#include "common/view_settings.h"
+#include "core/base/mexception.h"
+#include "core/base/typed_number.h"
+#include "modules/idb_hatch.h"
+#include "modules/isettings.h"
+#include "site/soil_hatches.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QSplitter>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace
+{
+
+enum Cell { Index, Thickness, Hatch, Description };
+
+const QString fileFilter = QStringLiteral("Стратиграфическая колонка (*.json)");
+
+QVector<GridColumn> gridColumns(const Hatches& hatches)
+{
+    QStringList names;
+    for (const auto& [number, tile] : hatches)
+        names.append(QStringLiteral("%1 %2").arg(number).arg(QString::fromStdWString(tile.name)));
+    return {{QStringLiteral("Индекс"), GridColumn::Text, 70},
+        {QStringLiteral("Мощность,\nм"), GridColumn::Number, 80},
+        {QStringLiteral("Штриховка"), GridColumn::Choice, 130, names},
+        {QStringLiteral("Описание"), GridColumn::Text, 260, {}, false, true}};
+}
+
+Number thicknessOf(const StrataLayer& layer)
+{
+    const Number thickness = readNumber(layer.thickness.toStdWString());
+    return thickness && *thickness > 0 ? thickness : std::nullopt;
+}
+
+} // namespace
+
+StratigraphicScreen::StratigraphicScreen(TX_Modes mode, ITellurixController* controller, QWidget* parent)
+    : ModeScreen(mode, controller, parent)
+    , title_(new QLineEdit)
+    , fileName_(new QLabel)
+    , view_(new DrawingView)
+{
+    if (controller->hatch())
+        hatches_ = readHatches(controller->hatch()->getHatches());
+    grid_ = new EditGrid(QStringLiteral("stratigraphic/layers"), gridColumns(hatches_));
+    grid_->setEmptyText(QStringLiteral("Слоёв нет.\nНачните вводить верхний слой."));
+    title_->setObjectName(QStringLiteral("stratigraphic/title"));
+    view_->setObjectName(QStringLiteral("stratigraphic/view"));
+    auto* splitter = new QSplitter;
+    splitter->addWidget(makeEditor());
+    splitter->addWidget(view_);
+    splitter->setStretchFactor(1, 1);
+    keepSplitter(splitter, QStringLiteral("stratigraphic/splitter"), {520, 600});
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(4, 4, 4, 4);
+    layout->addWidget(splitter);
+    connect(grid_, &EditGrid::edited, this, &StratigraphicScreen::take);
+    connect(grid_, &EditGrid::currentRowChanged, this, [this](qint64 id) {
+        view_->canvas().setCurrent(ids_.indexOf(id) + 1);
+    });
+    connect(view_, &DrawingView::clicked, this, [this](qint64 layer) {
+        if (layer > 0 && layer <= ids_.size())
+            grid_->showRow(ids_[static_cast<int>(layer) - 1]);
+    });
+    connect(title_, &QLineEdit::textEdited, this, [this](const QString& text) {
+        column_.title = text;
+        setModified(true);
+        drawColumn();
+    });
+    setColumn({}, QString());
+}
+
+StratigraphicScreen::~StratigraphicScreen()
+{
+    controller()->setColumnModified(false);
+}
+
+QWidget* StratigraphicScreen::makeEditor()
+{
+    auto* bar = new QToolBar;
+    bar->addAction(QStringLiteral("Новая"), this, [this] { attempt([this] { startNew(); }); });
+    bar->addAction(QStringLiteral("Открыть…"), this, [this] { attempt([this] { askOpen(); }); });
+    bar->addAction(QStringLiteral("Сохранить"), this, [this] { attempt([this] { saveColumn(); }); });
+    bar->addAction(QStringLiteral("Сохранить как…"), this, [this] { attempt([this] { saveAs(); }); });
+    auto* editor = new QWidget;
+    auto* layout = new QVBoxLayout(editor);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(bar);
+    layout->addWidget(fileName_);
+    title_->setPlaceholderText(QStringLiteral("Заголовок колонки"));
+    layout->addWidget(title_);
+    layout->addWidget(grid_, 1);
+    return editor;
+}
+
+void StratigraphicScreen::setColumn(const StrataColumn& column, const QString& file)
+{
+    column_ = column;
+    file_ = file;
+    ids_.clear();
+    for (int layer = 0; layer < column_.layers.size(); ++layer)
+        ids_.append(nextId_++);
+    title_->setText(column_.title);
+    setModified(false);
+    showRows();
+    drawColumn();
+}
+
+void StratigraphicScreen::setModified(bool isModified)
+{
+    isModified_ = isModified;
+    controller()->setColumnModified(isModified);
+    const QString name = file_.isEmpty() ? QStringLiteral("Новая колонка") : QFileInfo(file_).fileName();
+    fileName_->setText(isModified ? name + QStringLiteral(" — не сохранена") : name);
+    fileName_->setToolTip(file_);
+    Q_EMIT signalUpdateMenus();
+}
+
+QString StratigraphicScreen::hatchText(int number) const
+{
+    const auto found = hatches_.find(static_cast<std::uint32_t>(number));
+    if (number == 0 || found == hatches_.end())
+        return number == 0 ? QString() : QString::number(number);
+    return QStringLiteral("%1 %2").arg(number).arg(QString::fromStdWString(found->second.name));
+}
+
+// By the number in front; a name alone is looked for.
+int StratigraphicScreen::hatchNumber(const QString& text) const
+{
+    const int number = text.section(QLatin1Char(' '), 0, 0).toInt();
+    if (number > 0)
+        return number;
+    for (const auto& [known, tile] : hatches_)
+        if (QString::fromStdWString(tile.name).compare(text.trimmed(), Qt::CaseInsensitive) == 0)
+            return static_cast<int>(known);
+    return 0;
+}
+
+GridRow StratigraphicScreen::rowOf(int layer) const
+{
+    const StrataLayer& stored = column_.layers[layer];
+    GridRow row;
+    row.id = ids_[layer];
+    row.cells = {stored.index, stored.thickness, hatchText(stored.hatch), stored.description};
+    row.warnings = QVector<QString>(row.cells.size());
+    if (!thicknessOf(stored))
+        row.warnings[Thickness] = QStringLiteral(
+            "Мощность — число больше нуля, в метрах. Пока её нет, слой чертится высотой в 1 м.");
+    return row;
+}
+
+void StratigraphicScreen::showRows()
+{
+    GridRows rows;
+    for (int layer = 0; layer < column_.layers.size(); ++layer)
+        rows.append(rowOf(layer));
+    grid_->setRows(rows);
+}
+
+void StratigraphicScreen::take(const GridRows& rows)
+{
+    column_.layers.clear();
+    ids_.clear();
+    for (const GridRow& row : rows) {
+        const auto cell = [&row](int number) { return row.cells.value(number); };
+        column_.layers.append({cell(Index), cell(Thickness), hatchNumber(cell(Hatch)), cell(Description)});
+        ids_.append(row.id ? row.id : nextId_++);
+    }
+    setModified(true);
+    showRows();
+    drawColumn();
+}
+
+void StratigraphicScreen::drawColumn()
+{
+    if (column_.layers.isEmpty()) {
+        view_->setPages({}, hatches_, QString());
+        view_->setMessage(
+            QStringLiteral("Введите слои колонки слева: сверху вниз, с мощностью и описанием."));
+        return;
+    }
+    ColumnData data;
+    double top = 0;
+    for (const StrataLayer& stored : qAsConst(column_.layers)) {
+        ColumnLayer layer;
+        layer.id = static_cast<std::int64_t>(data.layers.size()) + 1;
+        layer.top = top;
+        layer.bottom = top + thicknessOf(stored).value_or(1);
+        layer.thickness = stored.thickness.toStdWString();
+        layer.index = stored.index.toStdWString();
+        layer.description = stored.description.toStdWString();
+        layer.hatch = stored.hatch != 0 ? static_cast<std::uint32_t>(stored.hatch)
+                                        : hatchOfDescription(std::wstring_view(layer.description));
+        top = layer.bottom;
+        data.layers.push_back(std::move(layer));
+    }
+    data.depth = top;
+    attempt([&] {
+        ColumnLook look = columnLookOf(*settings(), nullptr);
+        look.heading = column_.title.isEmpty() ? L"Стратиграфическая колонка" : column_.title.toStdWString();
+        look.lanes = {{column_lane::Index, true, 16},
+            {column_lane::Strip, false, 30},
+            {column_lane::Thickness, true, 16},
+            {column_lane::Description, false}};
+        view_->setPages(columnOf(data, look),
+            hatches_,
+            file_.isEmpty() ? QStringLiteral("Стратиграфическая колонка")
+                            : QFileInfo(file_).completeBaseName());
+    });
+}
+
+void StratigraphicScreen::readProject(IDBProject*)
+{
+    drawColumn();
+}
+
+void StratigraphicScreen::settingsChanged()
+{
+    drawColumn();
+}
+
+void StratigraphicScreen::closeEditors()
+{
+    grid_->closeEditor();
+}
+
+void StratigraphicScreen::becomeCurrent()
+{
+    tellActions(true, true);
+    grid_->setFocus();
+}
+
+void StratigraphicScreen::addRecord()
+{
+    grid_->addRow();
+}
+
+void StratigraphicScreen::deleteRecords()
+{
+    grid_->deleteSelectedRows();
+}
+
+void StratigraphicScreen::printReport()
+{
+    view_->print();
+}
+
+void StratigraphicScreen::open(const QString& file)
+{
+    setColumn(readStrataColumn(file), file);
+}
+
+void StratigraphicScreen::saveTo(const QString& file)
+{
+    writeStrataColumn(file, column_);
+    file_ = file;
+    setModified(false);
+}
+
+void StratigraphicScreen::saveColumn()
+{
+    if (file_.isEmpty())
+        saveAs();
+    else
+        saveTo(file_);
+}
+
+void StratigraphicScreen::saveAs()
+{
+    closeEditors();
+    QString file = QFileDialog::getSaveFileName(this,
+        QStringLiteral("Сохранить колонку"),
+        file_.isEmpty() ? QStringLiteral("Колонка.json") : file_,
+        fileFilter);
+    if (file.isEmpty())
+        return;
+    if (QFileInfo(file).suffix().isEmpty())
+        file += QStringLiteral(".json");
+    saveTo(file);
+}
+
+// Whether what is not in its file may be lost.
+bool StratigraphicScreen::mayDrop()
+{
+    closeEditors();
+    if (!isModified_)
+        return true;
+    const int answer = QMessageBox::question(this,
+        QStringLiteral("Стратиграфическая колонка"),
+        QStringLiteral("Сохранить текущую колонку?"),
+        QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+    if (answer == QMessageBox::Yes)
+        saveColumn();
+    return answer == QMessageBox::No || (answer == QMessageBox::Yes && !isModified_);
+}
+
+void StratigraphicScreen::startNew()
+{
+    if (mayDrop())
+        setColumn({}, QString());
+}
+
+void StratigraphicScreen::askOpen()
+{
+    if (!mayDrop())
+        return;
+    const QString file =
+        QFileDialog::getOpenFileName(this, QStringLiteral("Открыть колонку"), file_, fileFilter);
+    if (!file.isEmpty())
+        open(file);
+}

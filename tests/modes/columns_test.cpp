@@ -1,0 +1,189 @@
+#include "common/drawing_view.h"
+#include "common/edit_grid.h"
+#include "core/base/mexception.h"
+#include "db/db_project.h"
+#include "drawing/text_layout.h"
+#include "modes/support/sheets_host.h"
+#include "paint/drawing_files.h"
+#include "paint/drawing_fonts.h"
+#include "persistence/project_file.h"
+#include "stratigraphic/stratigraphic_screen.h"
+#include "support/temporary_folder.h"
+
+#include <QComboBox>
+#include <QFile>
+#include <QFontMetricsF>
+#include <QListWidget>
+#include <QWheelEvent>
+#include <gtest/gtest.h>
+
+static const QString words = QStringLiteral("Суглинок №1 тугопластичный, α ≤ 0,5 м² — ґрунт (x/y)");
+
+TEST(DrawingFonts, AreAsWideAsTheTableSays)
+{
+    EXPECT_EQ(missingFonts().toStdString(), "");
+    for (const Font font : {Font::Plain, Font::Bold, Font::Italic, Font::Narrow}) {
+        const QFontMetricsF metrics(drawingFont(font));
+        const double height = drawingFontPixels / emOfHeight(font, 1);
+        EXPECT_NEAR(metrics.horizontalAdvance(words),
+            textWidth(words.toStdWString(), font, height),
+            metrics.horizontalAdvance(words) * 0.006)
+            << static_cast<int>(font);
+        EXPECT_NEAR(metrics.capHeight(), height, height * 0.02);
+    }
+}
+
+static Drawing simpleSheet()
+{
+    Drawing drawing;
+    drawing.width = 100;
+    drawing.height = 50;
+    drawing.title = L"Лист";
+    drawing.items.push_back({Layer::Frame, 7, Line{{{10, 10}, {30, 10}, {30, 30}, {10, 30}}, {1, {255, 0, 0}}, true}});
+    return drawing;
+}
+
+TEST(DrawingFiles, PictureIsAsLargeAsThePaper)
+{
+    const QImage image = toImage(simpleSheet(), {}, 254);
+    EXPECT_EQ(image.size(), QSize(1000, 500));
+    EXPECT_EQ(image.pixelColor(100, 200), QColor(255, 0, 0));
+    EXPECT_EQ(image.pixelColor(500, 250), QColor(255, 255, 255));
+    Drawing large;
+    large.width = 100000;
+    EXPECT_THROW(toImage(large, {}, 300), MException);
+}
+
+TEST(DrawingFiles, NothingHalfIsLeftAndTheReasonTold)
+{
+    const TemporaryFolder folder;
+    const std::wstring inside = folder.file(L"лист.pdf");
+    EXPECT_EQ(writeDrawings(inside, {simpleSheet(), simpleSheet()}, {}), 1U);
+    EXPECT_EQ(writeDrawings(folder.file(L"лист.dxf"), {simpleSheet(), simpleSheet()}, {}), 2U);
+    std::size_t asked = 0;
+    EXPECT_EQ(writeDrawings(folder.file(L"нет.pdf"), {simpleSheet()}, {}, [&asked](std::size_t) {
+        ++asked;
+        return false;
+    }), 0U);
+    EXPECT_EQ(asked, 1U);
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "нет.pdf"));
+    EXPECT_TRUE(std::filesystem::exists(folder.path() / "лист_2.dxf"));
+    EXPECT_THROW(writeDrawings(folder.file(L"нет папки\\лист.pdf"), {simpleSheet()}, {}), MException);
+    EXPECT_THROW(writeDrawings(folder.file(L"лист.doc"), {simpleSheet()}, {}), MException);
+}
+
+TEST(DrawingCanvas, ZoomsToTheCursorAndFindsByClick)
+{
+    DrawingCanvas canvas;
+    canvas.resize(600, 400);
+    canvas.setDrawing(simpleSheet(), {});
+    canvas.show();
+    const QPointF place(200, 150);
+    const Spot before = canvas.spotAt(place);
+    QWheelEvent wheel(place, canvas.mapToGlobal(place.toPoint()), {}, {0, 240}, Qt::NoButton, Qt::NoModifier,
+        Qt::NoScrollPhase, false);
+    const double zoom = canvas.zoom();
+    QCoreApplication::sendEvent(&canvas, &wheel);
+    EXPECT_NEAR(canvas.zoom(), zoom * 1.44, 1e-9);
+    EXPECT_NEAR(canvas.spotAt(place).x, before.x, 1e-9);
+    EXPECT_NEAR(canvas.spotAt(place).y, before.y, 1e-9);
+    canvas.fit();
+    qint64 clicked = -1;
+    QObject::connect(&canvas, &DrawingCanvas::clicked, &canvas, [&clicked](qint64 id) { clicked = id; });
+    const double scale = canvas.zoom() * canvas.logicalDpiX() / 25.4;
+    const Spot corner = canvas.spotAt({0, 0});
+    QTest::mouseClick(&canvas, Qt::LeftButton, {}, {qRound((20 - corner.x) * scale), qRound((20 - corner.y) * scale)});
+    EXPECT_EQ(clicked, 7);
+    QTest::mouseClick(&canvas, Qt::LeftButton, {}, {qRound((60 - corner.x) * scale), qRound((20 - corner.y) * scale)});
+    EXPECT_EQ(clicked, 0);
+}
+
+static Reference<DBProject> twoHoles()
+{
+    auto project = makeReference<DBProject>();
+    PointRow row;
+    row.absoluteMark = L"152.35";
+    for (const wchar_t* name : {L"Скв-1", L"Скв-2"})
+        project->addPointRegisterEntry({name, 1}, {row});
+    project->addLithology({L"Скв-1", L"1.2"}, {L"tQ_IV", L"Насыпной грунт"});
+    project->addLithology({L"Скв-1", L"4.6"}, {L"aQ_III", L"Суглинок"});
+    StrataElement element;
+    project->addStrataElement(L"1", element);
+    project->addNumberedLink(L"Скв-1:2", L"1");
+    return project;
+}
+
+TEST(ColumnScreen, ShowsThePointsAndTheChosenColumn)
+{
+    const auto project = twoHoles();
+    SheetHost host({"igk19.dll", ModeIgk}, project.get());
+    host.labels();
+    auto* points = host.screen->findChild<QListWidget*>(QStringLiteral("igk/points"));
+    auto* lanes = host.screen->findChild<QListWidget*>(QStringLiteral("igk/lanes"));
+    ASSERT_TRUE(points && lanes);
+    ASSERT_EQ(points->count(), 2);
+    EXPECT_EQ(points->currentItem()->text(), QStringLiteral("Скв-1"));
+    EXPECT_EQ(lanes->count(), 10);
+    const QPixmap full = host.screen->grab();
+    points->setCurrentRow(1);
+    EXPECT_NE(host.screen->grab().toImage(), full.toImage());
+    for (int lane = 0; lane < lanes->count(); ++lane)
+        lanes->item(lane)->setCheckState(Qt::Unchecked);
+    EXPECT_NE(host.labels().find("Отметьте хотя бы одну графу"), std::string::npos);
+}
+
+TEST(ColumnScreen, ElementsNeedElements)
+{
+    const auto project = twoHoles();
+    SheetHost host({"stratigraphicIge19.dll", ModeStratigraphicIge}, project.get());
+    EXPECT_EQ(host.labels().find("В проекте нет ИГЭ"), std::string::npos);
+    const auto bare = makeReference<DBProject>();
+    SheetHost other({"stratigraphicIge19.dll", ModeStratigraphicIge}, bare.get());
+    EXPECT_NE(other.labels().find("В проекте нет ИГЭ"), std::string::npos);
+}
+
+TEST(StratigraphicColumn, IsEditedSavedAndOpened)
+{
+    const TemporaryFolder folder;
+    const auto settings = makeReference<Settings>();
+    TellurixController controller(settings.get(), nullptr);
+    const QString file = QString::fromStdWString(folder.file(L"колонка.json"));
+    StrataColumn written;
+    {
+        StratigraphicScreen screen(ModeStratigraphic, &controller);
+        screen.resize(1100, 600);
+        screen.show();
+        EXPECT_FALSE(controller.columnModified());
+        auto* grid = screen.findChild<EditGrid*>();
+        grid->rows().setData(grid->rows().index(0, 0), QStringLiteral("J_3"), Qt::EditRole);
+        EXPECT_TRUE(controller.columnModified());
+        grid->rows().setData(grid->rows().index(0, 1), QStringLiteral("12,5"), Qt::EditRole);
+        grid->rows().setData(grid->rows().index(0, 3), QStringLiteral("Глина серая"), Qt::EditRole);
+        screen.saveTo(file);
+        EXPECT_FALSE(controller.columnModified());
+        written = screen.column();
+        EXPECT_THROW(screen.saveTo(QString::fromStdWString(folder.file(L"нет\\к.json"))), MException);
+    }
+    ASSERT_EQ(written.layers.size(), 1);
+    EXPECT_EQ(written.layers[0].index, QStringLiteral("J_3"));
+    StratigraphicScreen screen(ModeStratigraphic, &controller);
+    screen.open(file);
+    EXPECT_TRUE(screen.column() == written);
+    QFile damaged(QString::fromStdString((folder.path() / "колонка.json").string()));
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    damaged.write("{\"format\":");
+    damaged.close();
+    EXPECT_THROW(screen.open(file), MException);
+    EXPECT_TRUE(screen.column() == written) << "what is open stays";
+}
+
+TEST(StratigraphicColumn, LeavesNoFlagBehind)
+{
+    const auto settings = makeReference<Settings>();
+    TellurixController controller(settings.get(), nullptr);
+    {
+        StratigraphicScreen screen(ModeStratigraphic, &controller);
+        controller.setColumnModified(true);
+    }
+    EXPECT_FALSE(controller.columnModified());
+}
