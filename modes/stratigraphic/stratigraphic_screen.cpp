@@ -192,11 +192,11 @@ void StratigraphicScreen::drawColumn()
             QStringLiteral("Введите слои колонки слева: сверху вниз, с мощностью и описанием."));
         return;
     }
-    ColumnData data;
+    ColumnData drawn;
     double top = 0;
     for (const StrataLayer& stored : qAsConst(column_.layers)) {
         ColumnLayer layer;
-        layer.id = static_cast<std::int64_t>(data.layers.size()) + 1;
+        layer.id = static_cast<std::int64_t>(drawn.layers.size()) + 1;
         layer.top = top;
         layer.bottom = top + thicknessOf(stored).value_or(1);
         layer.thickness = stored.thickness.toStdWString();
@@ -205,9 +205,9 @@ void StratigraphicScreen::drawColumn()
         layer.hatch = stored.hatch != 0 ? static_cast<std::uint32_t>(stored.hatch)
                                         : hatchOfDescription(std::wstring_view(layer.description));
         top = layer.bottom;
-        data.layers.push_back(std::move(layer));
+        drawn.layers.push_back(std::move(layer));
     }
-    data.depth = top;
+    drawn.depth = top;
     attempt([&] {
         ColumnLook look = columnLookOf(*settings(), nullptr);
         look.heading = column_.title.isEmpty() ? L"Стратиграфическая колонка" : column_.title.toStdWString();
@@ -215,7 +215,7 @@ void StratigraphicScreen::drawColumn()
             {column_lane::Strip, false, 30},
             {column_lane::Thickness, true, 16},
             {column_lane::Description, false}};
-        view_->setPages(columnOf(data, look),
+        view_->setPages(columnOf(drawn, look),
             hatches_,
             file_.isEmpty() ? QStringLiteral("Стратиграфическая колонка")
                             : QFileInfo(file_).completeBaseName());

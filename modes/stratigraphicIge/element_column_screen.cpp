@@ -59,8 +59,8 @@ void ElementColumnScreen::printReport()
 
 void ElementColumnScreen::drawElements()
 {
-    const ColumnData data = project() ? elementsColumn(*project(), isByDepth_) : ColumnData();
-    if (data.layers.empty()) {
+    const ColumnData elements = project() ? elementsColumn(*project(), isByDepth_) : ColumnData();
+    if (elements.layers.empty()) {
         view_->setPages({}, hatches_, QString());
         view_->setMessage(
             QStringLiteral("В проекте нет ИГЭ.\nВыделите их в режиме «Инженерно-геологический элемент»."));
@@ -77,6 +77,6 @@ void ElementColumnScreen::drawElements()
             {column_lane::Strip, false, 30},
             {column_lane::Element, true, 12},
             {column_lane::Description, false}};
-        view_->setPages(columnOf(data, look), hatches_, QStringLiteral("Колонка ИГЭ"));
+        view_->setPages(columnOf(elements, look), hatches_, QStringLiteral("Колонка ИГЭ"));
     });
 }
