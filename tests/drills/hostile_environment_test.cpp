@@ -65,7 +65,7 @@ struct Day {
         for (const auto& entry : fs::directory_iterator(own))
             if (entry.path().extension() == ".dll")
                 link(entry.path(), program / entry.path().filename());
-        for (const char* data : {"hatch", "igkPreset"})
+        for (const char* data : {"fonts", "hatch", "igkPreset"})
             fs::copy(own / data, program / data, fs::copy_options::recursive);
     }
     // Where the sample is saved.
