@@ -1,5 +1,6 @@
 #include "laboratory/register_page.h"
 
+#include "common/document_output.h"
 #include "common/edit_grid.h"
 #include "common/mode_screen.h"
 #include "db/exact_key.h"
@@ -110,7 +111,7 @@ RegisterPage::RegisterPage(ModeScreen& screen)
     auto* bar = new QHBoxLayout;
     filter_->setPlaceholderText(QStringLiteral("Фильтр: точка, код, ИГЭ, грунт…"));
     filter_->setClearButtonEnabled(true);
-    filter_->setMaximumWidth(280);
+    filter_->setFixedWidth(240);
     connect(
         filter_, &QLineEdit::textChanged, this, [this](const QString& text) { grid_->setFilterText(text); });
     bar->addWidget(filter_);
@@ -131,6 +132,13 @@ RegisterPage::RegisterPage(ModeScreen& screen)
     addButton(QStringLiteral("Взять из реестра проб"),
         QStringLiteral("Завести лабораторную пробу для каждой отобранной, которой здесь еще нет"),
         [](RegisterPage& page) { page.takeFromRegister(); });
+    addButton(QStringLiteral("Сводная ведомость…"),
+        QStringLiteral("Физико-механические свойства всех проб одной таблицей"),
+        [](RegisterPage& page) {
+            page.closeEditors();
+            if (const std::optional<Document> document = page.report())
+                saveDocument(&page, *document);
+        });
     addButton(QStringLiteral("Новая проба"), QStringLiteral("Ins"), [](RegisterPage& page) {
         page.closeEditors();
         page.grid_->addRow();

@@ -1,5 +1,6 @@
 #include "laboratory/test_page.h"
 
+#include "common/document_output.h"
 #include "common/drawing_view.h"
 #include "common/edit_grid.h"
 #include "common/mode_screen.h"
@@ -143,7 +144,7 @@ void TestPage::makeBar(QVBoxLayout* layout)
     filter_ = new QLineEdit(this);
     filter_->setPlaceholderText(QStringLiteral("Фильтр: точка, проба, ИГЭ…"));
     filter_->setClearButtonEnabled(true);
-    filter_->setMaximumWidth(240);
+    filter_->setFixedWidth(190);
     connect(filter_, &QLineEdit::textChanged, this, [this](const QString& text) {
         if (grid_)
             grid_->setFilterText(text);
@@ -156,6 +157,16 @@ void TestPage::makeBar(QVBoxLayout* layout)
             screen_.attempt([this] { openParallels(); });
         });
         bar->addWidget(parallels_);
+        auto* passports = new QPushButton(QStringLiteral("Паспорта…"), this);
+        passports->setToolTip(QStringLiteral("Физические свойства, по листу на пробу"));
+        connect(passports, &QPushButton::clicked, this, [this] {
+            screen_.attempt([this] {
+                closeEditors();
+                if (const std::optional<Document> document = report())
+                    saveDocument(this, *document);
+            });
+        });
+        bar->addWidget(passports);
     }
     recalculate_ = new QPushButton(QStringLiteral("Пересчитать все"), this);
     recalculate_->setToolTip(QStringLiteral("Заменить и введенные производные значения вычисленными"));

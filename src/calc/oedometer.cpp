@@ -218,7 +218,8 @@ OedometerInterval intervalOf(const Oedometer& test, double from, double to)
     const Branch branch = mainBranch(test);
     const Number before = strainAt(test, from, branch);
     const Number after = strainAt(test, to, branch);
-    if (before && after && test.voidRatio)
+    // A specimen that rises under a greater load was read wrongly: it has no compressibility.
+    if (before && after && *after >= *before - 1e-12 && test.voidRatio)
         interval.compressibility = (*after - *before) * (1 + *test.voidRatio) / (to - from);
     interval.oedometricModulus = slopeOf(from, to, before, after);
     interval.modulus = times(interval.oedometricModulus, test.beta);
