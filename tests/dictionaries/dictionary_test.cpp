@@ -3,7 +3,6 @@
 #include "dictionaries/pile_coefficients.h"
 #include "dictionaries/properties.h"
 #include "dictionaries/rock_names.h"
-#include "dictionaries/scale_lists.h"
 #include "dictionaries/section_captions.h"
 #include "dictionaries/soil_names.h"
 #include "dictionaries/test_loads.h"
@@ -80,55 +79,6 @@ TEST(Dictionary, RefusesAKeyThatStandsTwice)
     using Numbers = Dictionary<int, int, 3>;
     EXPECT_THROW((Numbers({Numbers::Entry{3, 0}, {1, 0}, {3, 1}})), std::logic_error);
     EXPECT_THROW((NameDictionary<2>({BilingualRow{4, L"а", L"б"}, {4, L"в", L"г"}})), std::logic_error);
-}
-
-template <class Texts, class Ids>
-void expectInverse(const Texts& texts, const Ids& ids)
-{
-    EXPECT_EQ(texts.size(), ids.size());
-    for (const auto& entry : texts)
-        EXPECT_EQ(ids.at(entry.value), entry.key);
-}
-
-TEST(Dictionary, ReverseMapsLeadBack)
-{
-    expectInverse(sampleKinds, sampleKindIds);
-    expectInverse(soilCategories, soilCategoryIds);
-    expectInverse(soilCategoriesShort, soilCategoryShortIds);
-    expectInverse(compressionLoads, compressionLoadIds);
-    expectInverse(shearLoads, shearLoadIds);
-    expectInverse(swellLoads, swellLoadIds);
-
-    for (const int language : {languageRussian, languageUkrainian}) {
-        for (const BilingualRow& row : plasticSoilNames)
-            EXPECT_EQ(plasticSoilIds.at(*row.name(language), language), row.number);
-        for (int number = 1; number <= 10; ++number)
-            EXPECT_EQ(sectionColumnIds.at(sectionColumnCaptions.at(language, number), language), number);
-    }
-    EXPECT_EQ(plasticSoilIds.size(), 10U);
-    EXPECT_EQ(sectionColumnIds.size(), 20U);
-}
-
-template <class Scales, class Ids>
-void expectScales(const Scales& scales, const Ids& ids)
-{
-    float before = 0;
-    for (const auto& entry : scales) {
-        EXPECT_EQ(std::to_wstring(static_cast<int>(entry.value.value)), entry.value.text);
-        EXPECT_LT(before, entry.value.value);
-        EXPECT_EQ(ids.at(entry.value.text), entry.key);
-        before = entry.value.value;
-    }
-}
-
-TEST(Dictionary, AScaleIsTheNumberOfItsText)
-{
-    expectScales(scaleList100, scaleList100Ids);
-    expectScales(scaleList10, scaleList10Ids);
-    expectScales(scaleList2, scaleList2Ids);
-    expectScales(scaleList5, scaleList5Ids);
-    EXPECT_EQ(scaleList10.at(4).value, 500.0F);
-    EXPECT_EQ(scaleList100.size() + scaleList10.size() + scaleList2.size() + scaleList5.size(), 22U);
 }
 
 } // namespace
