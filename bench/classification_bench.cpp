@@ -3,17 +3,15 @@
 #include "db/db_project.h"
 #include "ground/grading.h"
 #include "ground/ground_controller.h"
-#include "straight_ground.h"
 #include "support/plain_settings.h"
 
 #include <benchmark/benchmark.h>
 
 #include <array>
 #include <random>
-#include <stdexcept>
 #include <vector>
 
-// A million soils classified: by the ladders in tables, and by the same ladders written out.
+// Soils classified whole, up to a million of them.
 
 namespace
 {
@@ -26,14 +24,14 @@ struct Soil {
     GroundController::Fractions fractions;
 };
 
-class Tables : public GroundController
+class Ground : public GroundController
 {
 public:
-    Tables(ISettings& settings, IDBProject& project)
+    Ground(ISettings& settings, IDBProject& project)
         : GroundController(&settings, &project)
     {
     }
-    virtual ~Tables() = default;
+    virtual ~Ground() = default;
 };
 
 // Values spread over all rungs of their ladders, in hundredths, with a gap in twenty.
@@ -67,7 +65,6 @@ std::vector<Soil> soils()
     return made;
 }
 
-template <class Ground>
 void classify(Ground& ground, const Soil& soil)
 {
     const auto& r = soil.rock;
@@ -78,20 +75,12 @@ void classify(Ground& ground, const Soil& soil)
     ground.determineFrozenGrades(f[0], f[1], f[2], f[3], f[4], f[5], f[6]);
 }
 
-bool same(Tables& a, const StraightGround& b)
+void classifyAll(benchmark::State& state)
 {
-    return a.soilName() == b.soilName && a.consistencyName() == b.consistencyName
-        && a.densityGrade() == b.densityGrade && a.permeabilityGrade() == b.permeabilityGrade
-        && a.strengthGrade() == b.strengthGrade && a.weatheringGrade() == b.weatheringGrade
-        && a.softeningGrade() == b.softeningGrade && a.solubilityGrade() == b.solubilityGrade
-        && a.salinityGrade() == b.salinityGrade
-        && (b.groupName.empty()
-            || (a.groupName() == b.groupName && a.frozenStateName() == b.frozenStateName));
-}
-
-template <class Ground>
-void measure(benchmark::State& state, Ground& ground)
-{
+    PlainSettings settings;
+    const auto project = makeReference<DBProject>();
+    project->setGranGost(gradingScale200);
+    Ground ground(settings, *project);
     const std::vector<Soil> made = soils();
     const auto determinations = static_cast<std::size_t>(state.range(0));
     while (state.KeepRunning())
@@ -100,51 +89,13 @@ void measure(benchmark::State& state, Ground& ground)
     state.SetItemsProcessed(state.range(0) * static_cast<std::int64_t>(state.iterations()));
 }
 
-struct Tabled {
-    PlainSettings settings;
-    Reference<DBProject> project = makeReference<DBProject>();
-    Tables ground{settings, *project};
-};
-
-void checkAgreement()
-{
-    Tabled tabled;
-    tabled.project->setGranGost(gradingScale200);
-    StraightGround straight(tabled.settings);
-    for (const Soil& soil : soils()) {
-        classify(tabled.ground, soil);
-        classify(straight, soil);
-        if (!same(tabled.ground, straight))
-            throw std::runtime_error("the ladders written out classify otherwise than the tables");
-    }
-}
-
-void byTables(benchmark::State& state)
-{
-    checkAgreement();
-    Tabled tabled;
-    tabled.project->setGranGost(gradingScale200);
-    measure(state, tabled.ground);
-}
-
-void writtenOut(benchmark::State& state)
-{
-    PlainSettings settings;
-    StraightGround straight(settings);
-    measure(state, straight);
-}
-
 } // namespace
 
 void addClassificationBenchmarks()
 {
-    const auto add = [](const char* name, void (*run)(benchmark::State&)) {
-        benchmark::RegisterBenchmark(name, run)
-            ->RangeMultiplier(10)
-            ->Range(1000, 1000000)
-            ->Iterations(1)
-            ->Unit(benchmark::kMillisecond);
-    };
-    add("classification/tables", byTables);
-    add("classification/written_out", writtenOut);
+    benchmark::RegisterBenchmark("classification/tellurix", classifyAll)
+        ->RangeMultiplier(10)
+        ->Range(1000, 1000000)
+        ->Iterations(1)
+        ->Unit(benchmark::kMillisecond);
 }

@@ -7,8 +7,11 @@
 #include <benchmark/benchmark.h>
 
 #include <chrono>
-#include <malloc.h>
 #include <sstream>
+
+#ifdef TELLURIX_MIMALLOC
+#include <mimalloc.h>
+#endif
 
 // Opening and saving whole projects beside peers, from and into the same records. Only the operation itself
 // is timed, not the dropping of what it made. Memory and allocations are measured once, in a process of its
@@ -27,7 +30,9 @@ double secondsSince(Clock::time_point start)
 // Hands free memory back, so that every operation begins as in a program just started.
 void forgetMemory()
 {
-    malloc_trim(0);
+#ifdef TELLURIX_MIMALLOC
+    mi_collect(true);
+#endif
 }
 
 void report(benchmark::State& state, const ProjectFile& file, const HeapUse& use)
