@@ -114,36 +114,32 @@ bool ProjectLife::save(SaveWay way)
 
 bool ProjectLife::write(SaveWay way)
 {
-    bool written = false;
-    std::uint64_t state = 0;
+    WrittenProject written{{FileStep::Write, {}, false}, 0, 0};
     const std::wstring place = projectPlace(*project_, settings());
     try {
         const ProjectWriter writer(project_.get(), &settings());
-        const ByteBlocks bytes = writer.encode();
-        state = contentHash(bytes.parts());
         if (writer.makeFolder()) {
             if (!guard_.maySave(place, way, window())) {
                 shell_.showStatus(guard_.reason(), 0);
                 return false;
             }
-            written = bool(writer.write(bytes.parts()));
+            written = writer.write();
             if (written)
-                guard_.wrote(place, bytes.size(), state);
+                guard_.wrote(place, written.size, written.state);
             else // half a file is our own doing too
                 guard_.remember(place);
         }
     } catch (...) {
         // What it was does not help the user; that nothing is on the disk does.
-        written = false;
     }
     if (written) {
         rowsWereRefused_ = false;
-        recovery_.saved(state);
+        recovery_.saved(written.state);
         shell_.showStatus(QStringLiteral("Готово."), 0);
     } else {
         showMessageBox(ModeNone, L"Ошибка при сохранения проекта!", window(), QMessageBox::Warning);
     }
-    return written;
+    return bool(written);
 }
 
 // What the file just written will not give back, once for each state of the project.

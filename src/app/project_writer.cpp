@@ -1,11 +1,15 @@
 #include "app/project_writer.h"
 
+#include "core/base/content_hash.h"
 #include "core/base/mexception.h"
 #include "modules/idbproject.h"
 #include "modules/isettings.h"
 #include "modules/program.h"
 #include "persistence/project_codec.h"
 #include "platform/files.h"
+#include "platform/safe_write.h"
+
+#include <optional>
 
 std::wstring projectFolder(IDBProject& project, ISettings& settings)
 {
@@ -36,19 +40,6 @@ ProjectWriter::ProjectWriter(IDBProject* project, ISettings* settings)
         throw MException(L"Invalid settings");
 }
 
-FileResult ProjectWriter::write() const
-{
-    const ByteBlocks bytes = encode();
-    if (FileResult made = makeFolder(); !made)
-        return made;
-    return write(bytes.parts());
-}
-
-ByteBlocks ProjectWriter::encode() const
-{
-    return encodeProjectInBlocks(*project_);
-}
-
 FileResult ProjectWriter::makeFolder() const
 {
     if (fileExists(projectPlace(*project_, *settings_)))
@@ -56,16 +47,41 @@ FileResult ProjectWriter::makeFolder() const
     return createFolder(projectFolder(*project_, *settings_));
 }
 
-FileResult ProjectWriter::write(FileParts bytes) const
+static FileResult keepBackup(const std::wstring& place, const std::wstring& backup)
+{
+    return fileExists(place) ? copyFile(place, backup) : FileResult{};
+}
+
+WrittenProject ProjectWriter::write() const
 {
     const std::wstring place = projectPlace(*project_, *settings_);
     const std::wstring backup = withExtension(place, L".bak");
-    if (fileExists(place))
-        if (FileResult kept = copyFile(place, backup); !kept)
-            return kept;
-    FileResult written = replaceFileWithParts(place, bytes);
+    WrittenProject written{makeFolder(), 0, 0};
+    if (!written)
+        return written;
+
+    ContentHash hash;
+    std::optional<FileReplacement> file;
+    const ByteBlocks bytes = encodeProjectInBlocks(*project_, [&](FileParts parts) {
+        // The first piece comes at once: the older file is copied while the rest is being encoded.
+        if (written && !file) {
+            written.result = keepBackup(place, backup);
+            if (written)
+                file.emplace(place);
+        }
+        if (!file)
+            return;
+        file->add(parts);
+        for (const auto part : parts)
+            hash.add(part);
+    });
+    if (!file)
+        return written;
+    written.result = file->finish(bytes.parts());
     // Else the next save would take half a project for the one to keep.
-    if (written.targetDamaged && fileExists(backup))
-        written.targetDamaged = !copyFile(backup, place);
+    if (written.result.targetDamaged && fileExists(backup))
+        written.result.targetDamaged = !copyFile(backup, place);
+    written.size = bytes.size();
+    written.state = hash.value();
     return written;
 }

@@ -5,7 +5,11 @@
 #include "persistence/read_archive.h"
 #include "persistence/write_archive.h"
 
+#include <condition_variable>
+#include <deque>
 #include <exception>
+#include <mutex>
+#include <optional>
 
 void decodeProject(
     std::span<const std::uint8_t> bytes, IDBProject& project, ReadReport& report, const WorkSharing& sharing)
@@ -31,9 +35,8 @@ static void headBytes(WriteArchive& archive, const format::Head& head)
     archive.word("version", head.version);
 }
 
-ByteBlocks encodeProjectInBlocks(IDBProject& project, const WorkSharing& sharing)
+static ByteBlocks encodeInto(WriteArchive& archive, IDBProject& project)
 {
-    WriteArchive archive(sharing);
     headBytes(archive, format::projectHead);
     try {
         projectFields(archive, project);
@@ -42,6 +45,99 @@ ByteBlocks encodeProjectInBlocks(IDBProject& project, const WorkSharing& sharing
             + L" уровней: такой файл нельзя будет открыть.\nРазберите вложенные блоки и сохраните снова.");
     }
     return archive.takeBlocks();
+}
+
+ByteBlocks encodeProjectInBlocks(IDBProject& project, const WorkSharing& sharing)
+{
+    WriteArchive archive(sharing);
+    return encodeInto(archive, project);
+}
+
+namespace
+{
+
+// Pieces from the thread that encodes to the one that hands them on.
+class PieceQueue
+{
+public:
+    void add(WriteArchive::Piece piece)
+    {
+        {
+            const std::lock_guard lock(mutex_);
+            pieces_.push_back(std::move(piece));
+        }
+        changed_.notify_one();
+    }
+    void end()
+    {
+        {
+            const std::lock_guard lock(mutex_);
+            isEnded_ = true;
+        }
+        changed_.notify_one();
+    }
+    // None behind the last.
+    std::optional<WriteArchive::Piece> next()
+    {
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, [this] { return isEnded_ || !pieces_.empty(); });
+        if (pieces_.empty())
+            return {};
+        WriteArchive::Piece piece = std::move(pieces_.front());
+        pieces_.pop_front();
+        return piece;
+    }
+
+private:
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::deque<WriteArchive::Piece> pieces_;
+    bool isEnded_ = false;
+};
+
+// However the encoding ends, the other thread is told.
+class QueueEnd
+{
+public:
+    explicit QueueEnd(PieceQueue& queue)
+        : queue_(queue)
+    {
+    }
+    ~QueueEnd() { queue_.end(); }
+    QueueEnd(const QueueEnd&) = delete;
+    QueueEnd& operator=(const QueueEnd&) = delete;
+
+private:
+    PieceQueue& queue_;
+};
+
+ByteBlocks handOver(PieceQueue& queue, const TakeParts& takeParts)
+{
+    ByteBlocks all;
+    const auto take = [&](ByteBlocks blocks) {
+        takeParts(blocks.parts());
+        all.append(std::move(blocks));
+    };
+    while (auto piece = queue.next()) {
+        take(std::move(piece->blocks));
+        if (piece->next.valid())
+            take(piece->next.get());
+    }
+    return all;
+}
+
+} // namespace
+
+ByteBlocks encodeProjectInBlocks(IDBProject& project, const TakeParts& takeParts, const WorkSharing& sharing)
+{
+    PieceQueue queue;
+    auto taken = inAnotherThread([&] { return handOver(queue, takeParts); });
+    {
+        const QueueEnd end(queue);
+        WriteArchive archive([&queue](WriteArchive::Piece piece) { queue.add(std::move(piece)); }, sharing);
+        encodeInto(archive, project);
+    }
+    return taken.valid() ? taken.get() : handOver(queue, takeParts);
 }
 
 std::vector<std::uint8_t> encodeProject(IDBProject& project, const WorkSharing& sharing)

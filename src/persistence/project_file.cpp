@@ -44,7 +44,9 @@ Reference<DBProject> readProject(
 
 FileResult writeProjectFile(const std::wstring& path, IDBProject& project)
 {
-    return replaceFileWithParts(path, encodeProjectInBlocks(project).parts());
+    FileReplacement file(path);
+    const ByteBlocks bytes = encodeProjectInBlocks(project, [&file](FileParts parts) { file.add(parts); });
+    return file.finish(bytes.parts());
 }
 
 template <class Factory, class Library, class CheckHead>

@@ -29,8 +29,9 @@ ProjectFileState lookAtProjectFile(const std::wstring& path, std::vector<std::ui
 Reference<DBProject> readProject(
     const std::wstring& path, const std::vector<std::uint8_t>& bytes, ReadReport& report);
 
-// Encodes the project in memory, then replaces the file, the old one staying whole where the system can keep
-// it so. Throws what encodeProject throws, before the disk is touched.
+// Replaces the file, the old one staying whole where the system can keep it so. What is encoded is written to
+// the temporary file while the rest is being encoded. Throws what encodeProject throws; then the file is as
+// it was and nothing stands beside it.
 FileResult writeProjectFile(const std::wstring& path, IDBProject& project);
 
 // The library in a file; null where the suffix is not DAT or the head is another's, without a message. Throws

@@ -8,12 +8,13 @@
 
 ByteBlocks WriteArchive::takeBlocks()
 {
+    keep({takeLast(), {}});
     ByteBlocks all;
     for (Piece& piece : std::exchange(pieces_, {})) {
         all.append(std::move(piece.blocks));
-        all.append(piece.next.get());
+        if (piece.next.valid())
+            all.append(piece.next.get());
     }
-    all.append(takeLast());
     return all;
 }
 
@@ -26,25 +27,35 @@ ByteBlocks WriteArchive::takeLast()
 
 void WriteArchive::leaveTo(std::future<ByteBlocks> thread)
 {
-    pieces_.push_back({takeLast(), std::move(thread)});
+    keep({takeLast(), std::move(thread)});
+}
+
+void WriteArchive::keep(Piece piece)
+{
+    piecesSize_ += piece.blocks.size();
+    if (takePiece_)
+        takePiece_(std::move(piece));
+    else
+        pieces_.push_back(std::move(piece));
 }
 
 void WriteArchive::openBlock(std::size_t count)
 {
+    constexpr std::size_t worthTaking = 1U << 20U;
     blocks_.close(at_);
     const std::span<std::uint8_t> opened = blocks_.open(count);
     at_ = opened.data();
     end_ = at_ + opened.size();
+    // The one just opened holds nothing yet.
+    if (takePiece_ && blocks_.size() >= worthTaking)
+        keep({blocks_.takeAllButLast(), {}});
 }
 
 // Of what is written here; the bytes of threads at work do not count.
 std::size_t WriteArchive::size()
 {
     blocks_.close(at_);
-    std::size_t size = blocks_.size();
-    for (const Piece& piece : pieces_)
-        size += piece.blocks.size();
-    return size;
+    return piecesSize_ + blocks_.size();
 }
 
 void WriteArchive::guid(std::string_view, const Uuid& value)

@@ -17,6 +17,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <functional>
 #include <future>
 #include <iterator>
 #include <string>
@@ -33,8 +34,21 @@ public:
     static constexpr bool reading = false;
     static constexpr bool binary = true;
 
+    // What is written, or by whom what follows it is being written.
+    struct Piece {
+        ByteBlocks blocks;
+        std::future<ByteBlocks> next;
+    };
+
     explicit WriteArchive(const WorkSharing& sharing = {})
         : sharing_(sharing)
+    {
+    }
+    // Hands over its pieces as soon as they are large enough; the last one comes with takeBlocks, which
+    // returns nothing then.
+    WriteArchive(std::function<void(Piece)> takePiece, const WorkSharing& sharing)
+        : takePiece_(std::move(takePiece))
+        , sharing_(sharing)
     {
     }
 
@@ -202,12 +216,11 @@ private:
     void writeRecords(const std::vector<Record*>& records);
     void writeCount(std::size_t count) { writeWord(static_cast<std::uint32_t>(count)); }
 
-    // What is written, and by whom what follows it is being written.
-    struct Piece {
-        ByteBlocks blocks;
-        std::future<ByteBlocks> next;
-    };
+    void keep(Piece piece);
+
+    std::function<void(Piece)> takePiece_;
     std::vector<Piece> pieces_;
+    std::size_t piecesSize_ = 0;
     ByteBlocks blocks_; // behind all of them
     std::uint8_t* at_ = nullptr; // in the last block
     std::uint8_t* end_ = nullptr;

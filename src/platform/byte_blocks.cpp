@@ -8,7 +8,8 @@ std::span<std::uint8_t> ByteBlocks::open(std::size_t atLeast)
 {
     // A row takes little, a project few of them, and what is not used of the last one is never touched.
     constexpr std::size_t smallest = 512;
-    constexpr std::size_t largest = 16 * largePage;
+    // What is written goes on its way to the disk block by block.
+    constexpr std::size_t largest = 2 * largePage;
     constexpr std::size_t growth = 8;
     const std::size_t next =
         blocks_.empty() ? smallest : std::min(growth * blocks_.back().room.size(), largest);
@@ -35,6 +36,16 @@ void ByteBlocks::append(ByteBlocks&& others)
 {
     std::move(others.blocks_.begin(), others.blocks_.end(), std::back_inserter(blocks_));
     others.blocks_.clear();
+}
+
+ByteBlocks ByteBlocks::takeAllButLast()
+{
+    ByteBlocks taken;
+    if (blocks_.size() > 1) {
+        std::move(blocks_.begin(), std::prev(blocks_.end()), std::back_inserter(taken.blocks_));
+        blocks_.erase(blocks_.begin(), std::prev(blocks_.end()));
+    }
+    return taken;
 }
 
 std::size_t ByteBlocks::size() const

@@ -20,6 +20,8 @@ public:
     void close(const std::uint8_t* end);
     // The bytes of others go behind those that are here.
     void append(ByteBlocks&& others);
+    // The blocks that are full.
+    ByteBlocks takeAllButLast();
 
     std::size_t size() const;
     std::vector<std::span<const std::uint8_t>> parts() const;

@@ -101,6 +101,11 @@ FileResult failedWithLastError(FileStep step)
     return failedWithCode(step, GetLastError());
 }
 
+FileHandle::FileHandle()
+    : handle_(INVALID_HANDLE_VALUE)
+{
+}
+
 FileHandle::operator bool() const
 {
     return handle_ != INVALID_HANDLE_VALUE;

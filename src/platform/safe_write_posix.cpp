@@ -118,13 +118,9 @@ void copyOwnerAndMode(const struct stat& model, int file)
     ::fchmod(file, model.st_mode & permissions);
 }
 
-FileResult writeAndFlush(Descriptor& file, const ContentWriter& content)
+FileResult flushed(const Descriptor& file)
 {
-    if (FileResult result = content(file.get()); !result)
-        return result;
-    if (!flush(file.get()))
-        return failedWithErrno(FileStep::Flush);
-    return {};
+    return flush(file.get()) ? FileResult{} : failedWithErrno(FileStep::Flush);
 }
 
 // In a folder where nothing may be made or renamed, the file itself may still be open to us.
@@ -139,7 +135,9 @@ FileResult writeInPlace(const std::string& path, const ContentWriter& content)
     Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666));
     if (!file)
         return failedWithErrno(FileStep::Open);
-    FileResult result = writeAndFlush(file, content);
+    FileResult result = content(file.get());
+    if (result)
+        result = flushed(file);
     const off_t end = ::lseek(file.get(), 0, SEEK_CUR);
     if (result && (::ftruncate(file.get(), end) != 0 || !file.close()))
         result = failedWithErrno(FileStep::Write);
@@ -195,47 +193,78 @@ Temporary makeTemporary(const std::string& folder)
             break;
     }
     // Tells the programs of other machines that the file is not abandoned, where the file system can.
-    if (temporary.file)
+    if (!temporary.file)
+        temporary.path.clear();
+    else
         ::flock(temporary.file.get(), LOCK_EX | LOCK_NB);
     return temporary;
 }
 
-FileResult writeTemporary(
-    Temporary& temporary, const std::optional<struct stat>& model, const ContentWriter& content)
+// A file on its way into the target's place. Where the folder takes no new file the target itself is to be
+// overwritten, which waits for the end, when all of the content is there.
+class Replacement
 {
-    if (model)
-        copyOwnerAndMode(*model, temporary.file.get());
-    if (FileResult result = writeAndFlush(temporary.file, content); !result)
-        return result;
-    if (!temporary.file.close())
-        return failedWithErrno(FileStep::Write);
-    return {};
-}
-
-// The permissions are those of the model, or those of any new file.
-FileResult writeBesideAndReplace(
-    const std::string& path, const std::optional<struct stat>& model, const ContentWriter& content)
-{
-    const std::string folder = folderOf(path);
-    Temporary temporary = makeTemporary(folder);
-    if (!temporary.file)
-        return onlyTargetIsWritable(temporary.error)
-            ? writeInPlace(path, content)
-            : failedWithErrno(FileStep::CreateTemporary, temporary.error);
-
-    FileResult result = writeTemporary(temporary, model, content);
-    if (!result) {
-        ::unlink(temporary.path.c_str());
-        return result;
+public:
+    // The permissions are those of the model, or those of any new file.
+    Replacement(std::string target, const std::optional<struct stat>& model)
+        : target_(std::move(target))
+        , temporary_(makeTemporary(folderOf(target_)))
+    {
+        if (temporary_.file && model)
+            copyOwnerAndMode(*model, temporary_.file.get());
+        else if (!temporary_.file && !onlyTargetIsWritable(temporary_.error))
+            failure_ = failedWithErrno(FileStep::CreateTemporary, temporary_.error);
     }
-    if (::rename(temporary.path.c_str(), path.c_str()) != 0) {
+    explicit Replacement(const FileResult& failure)
+        : failure_(failure)
+    {
+    }
+    ~Replacement() { remove(); }
+    Replacement(const Replacement&) = delete;
+    Replacement& operator=(const Replacement&) = delete;
+
+    // What fails is told at the end; the disk has its room back at once.
+    void add(const ContentWriter& content)
+    {
+        if (!failure_ || !temporary_.file)
+            return;
+        failure_ = content(temporary_.file.get());
+        if (!failure_)
+            remove();
+    }
+
+    FileResult finish(const ContentWriter& whole)
+    {
+        if (!failure_)
+            return failure_;
+        if (!temporary_.file)
+            return writeInPlace(target_, whole);
+        if (FileResult result = flushed(temporary_.file); !result)
+            return result;
+        if (!temporary_.file.close())
+            return failedWithErrno(FileStep::Write);
+        if (::rename(temporary_.path.c_str(), target_.c_str()) == 0) {
+            temporary_ = {};
+            return flushFolder(folderOf(target_));
+        }
         const int error = errno;
-        ::unlink(temporary.path.c_str());
-        return onlyTargetIsWritable(error) ? writeInPlace(path, content)
+        remove();
+        return onlyTargetIsWritable(error) ? writeInPlace(target_, whole)
                                            : failedWithErrno(FileStep::Replace, error);
     }
-    return flushFolder(folder);
-}
+
+private:
+    void remove()
+    {
+        if (!temporary_.path.empty())
+            ::unlink(temporary_.path.c_str());
+        temporary_ = {};
+    }
+
+    std::string target_;
+    Temporary temporary_;
+    FileResult failure_;
+};
 
 // Leaves existing empty where no file stands there yet.
 FileResult examineTarget(const std::string& path, std::optional<struct stat>& existing)
@@ -251,21 +280,34 @@ FileResult examineTarget(const std::string& path, std::optional<struct stat>& ex
 
 } // namespace
 
-FileResult replaceFile(const std::wstring& path, std::span<const std::uint8_t> bytes)
-{
-    return replaceFileWithParts(path, FileParts(&bytes, 1));
-}
+struct FileReplacement::State {
+    Replacement replacement;
+};
 
-FileResult replaceFileWithParts(const std::wstring& path, FileParts parts)
+FileReplacement::FileReplacement(const std::wstring& path)
 {
     const std::string target = withoutLinks(posixPath(path));
     std::optional<struct stat> existing;
-    if (FileResult result = examineTarget(target, existing); !result)
-        return result;
+    FileResult result = examineTarget(target, existing);
     // Replacing asks only the folder for permission; the user who took it from the file means the file.
-    if (existing && !Descriptor(::open(target.c_str(), O_WRONLY | O_CLOEXEC)))
-        return failedWithErrno(FileStep::Open);
-    return writeBesideAndReplace(target, existing, [parts](int file) { return writeParts(file, parts); });
+    if (result && existing && !Descriptor(::open(target.c_str(), O_WRONLY | O_CLOEXEC)))
+        result = failedWithErrno(FileStep::Open);
+    if (result)
+        state_.reset(new State{Replacement(target, existing)});
+    else
+        state_.reset(new State{Replacement(result)});
+}
+
+FileReplacement::~FileReplacement() = default;
+
+void FileReplacement::add(FileParts parts)
+{
+    state_->replacement.add([parts](int file) { return writeParts(file, parts); });
+}
+
+FileResult FileReplacement::finish(FileParts all)
+{
+    return state_->replacement.finish([all](int file) { return writeParts(file, all); });
 }
 
 FileResult copyFile(const std::wstring& from, const std::wstring& to)
@@ -280,9 +322,12 @@ FileResult copyFile(const std::wstring& from, const std::wstring& to)
     std::optional<struct stat> existing;
     if (FileResult result = examineTarget(target, existing); !result)
         return result;
-    return writeBesideAndReplace(target, model, [&source](int file) {
+    Replacement replacement(target, model);
+    const auto content = [&source](int file) {
         // The second attempt, in place, starts anew.
         ::lseek(source.get(), 0, SEEK_SET);
         return writeCopy(source.get(), file);
-    });
+    };
+    replacement.add(content);
+    return replacement.finish(content);
 }

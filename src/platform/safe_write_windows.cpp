@@ -105,14 +105,17 @@ FileResult writeAll(FileHandle& file, std::span<const std::uint8_t> bytes)
     return {};
 }
 
-FileResult writeAndFlush(FileHandle& file, FileParts parts)
+FileResult writeParts(FileHandle& file, FileParts parts)
 {
     for (const auto part : parts)
         if (FileResult result = writeAll(file, part); !result)
             return result;
-    if (FlushFileBuffers(file.get()) == 0)
-        return failedWithLastError(FileStep::Flush);
     return {};
+}
+
+FileResult flushed(FileHandle& file)
+{
+    return FlushFileBuffers(file.get()) != 0 ? FileResult{} : failedWithLastError(FileStep::Flush);
 }
 
 // In a folder where nothing may be made or renamed, or while another program reads the file, the file itself
@@ -146,7 +149,9 @@ FileResult writeInPlace(const std::wstring& target, FileParts parts)
     FileHandle file = openFile(target, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_ALWAYS);
     if (!file)
         return failedWithLastError(FileStep::Open);
-    FileResult result = writeAndFlush(file, parts);
+    FileResult result = writeParts(file, parts);
+    if (result)
+        result = flushed(file);
     if (result && SetEndOfFile(file.get()) == 0)
         result = failedWithLastError(FileStep::Write);
     result.targetDamaged = !result;
@@ -171,41 +176,84 @@ FileResult copyInPlace(const std::wstring& source, const std::wstring& target)
 
 } // namespace
 
-FileResult replaceFile(const std::wstring& path, std::span<const std::uint8_t> bytes)
+struct FileReplacement::State {
+    std::wstring target;
+    DWORD attributes = INVALID_FILE_ATTRIBUTES;
+    std::wstring temporary;
+    FileHandle file;
+    bool inPlace = false;
+    FileResult failure;
+
+    void remove()
+    {
+        if (temporary.empty())
+            return;
+        file.close();
+        DeleteFileW(temporary.c_str());
+        temporary.clear();
+    }
+};
+
+FileReplacement::FileReplacement(const std::wstring& path)
+    : state_(std::make_unique<State>())
 {
-    return replaceFileWithParts(path, FileParts(&bytes, 1));
+    State& state = *state_;
+    state.target = withoutLinks(windowsPath(path));
+    state.attributes = attributesOf(state.target);
+    if (has(state.attributes, FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE)) {
+        state.failure = {FileStep::NotARegularFile, {}};
+    } else if (has(state.attributes, FILE_ATTRIBUTE_READONLY)) {
+        state.failure = failedWithCode(FileStep::Open, ERROR_ACCESS_DENIED);
+    } else {
+        state.temporary = temporaryBeside(state.target);
+        state.file = openFile(state.temporary, GENERIC_WRITE, 0, CREATE_NEW);
+        if (state.file)
+            return;
+        const DWORD error = GetLastError();
+        state.temporary.clear();
+        state.inPlace = onlyTargetIsWritable(error);
+        if (!state.inPlace)
+            state.failure = failedWithCode(FileStep::CreateTemporary, error);
+    }
 }
 
-FileResult replaceFileWithParts(const std::wstring& path, FileParts parts)
+FileReplacement::~FileReplacement()
 {
-    const std::wstring target = withoutLinks(windowsPath(path));
-    const DWORD attributes = attributesOf(target);
-    if (has(attributes, FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE))
-        return {FileStep::NotARegularFile, {}};
-    if (has(attributes, FILE_ATTRIBUTE_READONLY))
-        return failedWithCode(FileStep::Open, ERROR_ACCESS_DENIED);
+    state_->remove();
+}
 
-    const std::wstring temporary = temporaryBeside(target);
-    FileHandle file = openFile(temporary, GENERIC_WRITE, 0, CREATE_NEW);
-    if (!file) {
-        const DWORD error = GetLastError();
-        return onlyTargetIsWritable(error) ? writeInPlace(target, parts)
-                                           : failedWithCode(FileStep::CreateTemporary, error);
-    }
-    FileResult result = writeAndFlush(file, parts);
-    if (!file.close() && result)
+void FileReplacement::add(FileParts parts)
+{
+    State& state = *state_;
+    if (!state.failure || state.inPlace)
+        return;
+    state.failure = writeParts(state.file, parts);
+    // The disk has its room back at once.
+    if (!state.failure)
+        state.remove();
+}
+
+FileResult FileReplacement::finish(FileParts all)
+{
+    State& state = *state_;
+    if (!state.failure)
+        return state.failure;
+    if (state.inPlace)
+        return writeInPlace(state.target, all);
+    FileResult result = flushed(state.file);
+    if (!state.file.close() && result)
         result = failedWithLastError(FileStep::Write);
-    if (!result) {
-        DeleteFileW(temporary.c_str());
+    if (!result)
         return result;
-    }
-    if (attributes != INVALID_FILE_ATTRIBUTES)
-        SetFileAttributesW(temporary.c_str(), attributes);
-    const DWORD error = moveIntoPlace(temporary, target);
-    if (error == 0)
+    if (state.attributes != INVALID_FILE_ATTRIBUTES)
+        SetFileAttributesW(state.temporary.c_str(), state.attributes);
+    const DWORD error = moveIntoPlace(state.temporary, state.target);
+    if (error == 0) {
+        state.temporary.clear();
         return {};
-    DeleteFileW(temporary.c_str());
-    return onlyTargetIsWritable(error) ? writeInPlace(target, parts)
+    }
+    state.remove();
+    return onlyTargetIsWritable(error) ? writeInPlace(state.target, all)
                                        : failedWithCode(FileStep::Replace, error);
 }
 

@@ -3,6 +3,7 @@
 #include "platform/file_result.h"
 
 #include <string>
+#include <utility>
 
 // What the Windows files of this folder share. Without the system's own header, so that this one compiles on
 // every system.
@@ -19,12 +20,17 @@ std::wstring windowsPath(const std::wstring& path);
 class FileHandle
 {
 public:
+    FileHandle(); // none
     explicit FileHandle(void* handle)
         : handle_(handle)
     {
     }
     FileHandle(const FileHandle&) = delete;
-    FileHandle& operator=(const FileHandle&) = delete;
+    FileHandle& operator=(FileHandle&& other) noexcept
+    {
+        std::swap(handle_, other.handle_);
+        return *this;
+    }
     ~FileHandle() { close(); }
 
     void* get() const { return handle_; }

@@ -41,14 +41,15 @@ std::optional<Bytes> contentOf(const fs::path& path)
     return Bytes{std::istreambuf_iterator<char>(file), {}};
 }
 
-// Two states of one project and their bytes; encoding is not what is to be killed.
+// Two states of one project and their bytes.
+using Writers = std::array<ProjectWriter, 2>;
 using Contents = std::array<Bytes, 2>;
 
 // Another process, saving the two states in turn to the same place, which says so after each save.
 class Saver
 {
 public:
-    Saver(const ProjectWriter& writer, const Contents& contents, std::size_t next)
+    Saver(const Writers& writers, std::size_t next)
     {
         if (::pipe(pipe_.data()) != 0)
             return;
@@ -56,7 +57,7 @@ public:
         if (process_ != 0)
             return;
         for (;; next = 1 - next)
-            if (!save(writer, contents[next]) || ::write(pipe_[1], ".", 1) != 1)
+            if (!writers[next].write() || ::write(pipe_[1], ".", 1) != 1)
                 ::_exit(1);
     }
     ~Saver()
@@ -78,12 +79,6 @@ public:
         int status = 0;
         return ::kill(process_, SIGKILL) == 0 && ::waitpid(process_, &status, 0) == process_
             && WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
-    }
-
-    static bool save(const ProjectWriter& writer, const Bytes& bytes)
-    {
-        const std::span<const std::uint8_t> part(bytes);
-        return writer.makeFolder() && writer.write(FileParts(&part, 1));
     }
 
 private:
@@ -136,7 +131,7 @@ protected:
         std::vector<steady_clock::duration> times;
         for (int i = 0; i < 9; ++i) {
             const auto start = steady_clock::now();
-            EXPECT_TRUE(Saver::save(writer, contents[static_cast<std::size_t>(i % 2)]));
+            EXPECT_TRUE(writers[static_cast<std::size_t>(i % 2)].write());
             times.push_back(steady_clock::now() - start);
         }
         std::sort(times.begin(), times.end());
@@ -145,9 +140,11 @@ protected:
 
     const TemporaryFolder folder;
     PlainSettings settings;
-    const Reference<DBProject> project = site(200);
-    const ProjectWriter writer{project.get(), &settings};
-    const Contents contents = {encodeProject(*project), encodeProject(*site(330))};
+    // Large enough to be written while they are being encoded.
+    const std::array<Reference<DBProject>, 2> sites = {site(500), site(700)};
+    const Writers writers = {
+        ProjectWriter{sites[0].get(), &settings}, ProjectWriter{sites[1].get(), &settings}};
+    const Contents contents = {encodeProject(*sites[0]), encodeProject(*sites[1])};
 };
 
 } // namespace
@@ -167,7 +164,7 @@ TEST_F(KillDrill, ProjectOrItsBackupIsWholeWheneverTheProgramDies)
             emptyWorkFolder();
         // What a save has finished differs from the backup only if it differs from what was there before.
         const std::size_t next = contentOf(file()) == contents[0] ? 1 : 0;
-        Saver saver(writer, contents, next);
+        Saver saver(writers, next);
         if (!isFirstSave) {
             ASSERT_TRUE(saver.waitForSave()) << "what the last kill left disturbs the next save, kill " << i;
         }
@@ -204,7 +201,7 @@ TEST_F(KillDrill, ProjectOrItsBackupIsWholeWheneverTheProgramDies)
     // How long each step takes is the disk's business; that steps were hit at all is ours.
     EXPECT_GE(hits, kills / 10);
 
-    ASSERT_TRUE(Saver::save(writer, contents[1]));
+    ASSERT_TRUE(writers[1].write());
     EXPECT_EQ(contentOf(file()), contents[1]);
     EXPECT_EQ(temporaries(), 0) << "the last save takes away what the dead left";
 }
