@@ -85,6 +85,8 @@ TEST(Orderings, ANameThatReadsAsZeroComparesAsTextInNumericTexts)
             {L"0", L"00", "<"},
             {L"0", L"5", "<"},
             {L"0", L"-5", ">"},
+            {L"0", L"+5", ">"},
+            {L"+5", L"2", ">"},
             {L"ИГЭ-10", L"ИГЭ-9", "<"},
             {L"2", L"ИГЭ", "<"},
             {L"", L"2", noInt},

@@ -32,32 +32,6 @@ std::string failureOf(const std::function<void()>& act)
 
 } // namespace
 
-TEST(Project, NewOneHasTheDefaults)
-{
-    const auto project = makeReference<DBProject>();
-    EXPECT_EQ(project->getProjectCode(), L"ШифрXXXX");
-    EXPECT_EQ(project->getProjectName(), L"Новый");
-    EXPECT_EQ(project->getFileStem(), L"TLXXXXX");
-    EXPECT_EQ(project->getFilePath(), L"");
-    EXPECT_EQ(project->getGranGost(), 1);
-    EXPECT_EQ(project->getTypeObject(), 1);
-    EXPECT_EQ(project->getLabValueC(), 1);
-    EXPECT_EQ(project->getLabTriple(), (LabTriple{2.5F, 2.5F, 0}));
-    EXPECT_EQ(project->getSoundingValueB(), 2);
-    EXPECT_EQ(project->getSoundingRatioB(), 0.0357F);
-    EXPECT_EQ(project->getSoundingRatioE(), 0.8F);
-    EXPECT_EQ(project->getTerrainGraphLayer(), L"Разрез_график");
-    EXPECT_EQ(project->getLongGraphLayer(), L"Продольный_геология_график");
-    EXPECT_EQ(project->getCrossTextLayer(), L"Поперечный_геология_текст");
-    const RegisterHeader header{{2018, 1, 1}, {2018, 1, 1}, 10, 10, 0};
-    for (const RegisterHeader& each : {project->getPointRegisterHeader(),
-             project->getLithologyHeader(),
-             project->getSamplesHeader(),
-             project->getWaterHeader(),
-             project->getLabHeader()})
-        EXPECT_EQ(each, header);
-}
-
 TEST(Project, AddKeepsTheOldValueAndTellsWhetherItInserted)
 {
     const auto project = makeReference<DBProject>();
@@ -97,20 +71,6 @@ TEST(Project, RatioKeepsItsValueWhereTheTextIsNoNumber)
     EXPECT_EQ(project->getSoundingRatioA(), 0.0357F);
     project->setSoundingRatioA(L"0.5");
     EXPECT_EQ(project->getSoundingRatioA(), 0.5F);
-}
-
-TEST(Project, TemplatesAreSortedByIdAndStayInOrderAmongEqualIds)
-{
-    const auto project = makeReference<DBProject>();
-    const std::vector<SwellingCell> given = {
-        {5, L"a", L"", L""}, {1, L"b", L"", L""}, {5, L"c", L"", L""}, {3, L"d", L"", L""}};
-    project->setSwellingTemplate(given);
-    std::wstring walk;
-    for (const SwellingCell& cell : project->getSwellingTemplate())
-        walk += cell.textA;
-    EXPECT_EQ(walk, L"bdac");
-    project->setSwellingTemplate(project->getSwellingTemplate());
-    EXPECT_EQ(project->getSwellingTemplate().size(), 4U);
 }
 
 TEST(Project, LayersOfAPointGoByExactName)
@@ -226,6 +186,7 @@ TEST(ProjectController, MarksAndBottoms)
     project->addPointRegisterEntry({L"1", 1}, {row});
     project->addPointRegisterEntry({L"2", 1}, {});
     EXPECT_EQ(controller.getPointMark(L"1"), 101.25F);
+    EXPECT_EQ(controller.getPointMark(L"01"), 0) << "the ordering takes it for 1, the question does not";
     EXPECT_EQ(controller.getPointMark(L"3"), 0);
     EXPECT_EQ(failureOf([&] { controller.getPointMark(L"2"); }), "invalid stof argument");
 }
