@@ -15,6 +15,7 @@
 #include "dictionaries/student_coefficients.h"
 #include "dictionaries/test_loads.h"
 #include "platform/utf8.h"
+#include "support/row_hash.h"
 
 #include <gtest/gtest.h>
 
@@ -33,14 +34,6 @@
 
 namespace
 {
-
-std::uint64_t hashOf(const std::string& bytes)
-{
-    std::uint64_t hash = 0xcbf29ce484222325;
-    for (const char byte : bytes)
-        hash = (hash ^ static_cast<std::uint8_t>(byte)) * 0x100000001b3;
-    return hash;
-}
 
 std::wstring cell(std::wstring_view text)
 {
@@ -252,5 +245,5 @@ const HashedTable tables[] = {
 TEST(DictionaryTables, HoldEveryLetterAndEveryNumber)
 {
     for (const HashedTable& table : tables)
-        EXPECT_EQ(hashOf(table.text), table.hash) << table.name << ":\n" << table.text;
+        EXPECT_EQ(rowHash(table.text), table.hash) << table.name << ":\n" << table.text;
 }

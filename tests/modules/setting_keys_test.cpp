@@ -1,86 +1,84 @@
-#include "support/plain_settings.h"
+#include "modules/isettings.h"
+#include "support/row_hash.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <string_view>
+#include <cmath>
+#include <iterator>
+#include <string>
+#include <vector>
 
 namespace
 {
 
+std::string shown(bool value)
+{
+    return value ? "true" : "false";
+}
+std::string shown(int value)
+{
+    return std::to_string(value);
+}
+std::string shown(double value)
+{
+    return std::to_string(std::lround(value * 10000));
+}
+std::string shown(int red, int green, int blue)
+{
+    return shown(red) + ',' + shown(green) + ',' + shown(blue);
+}
+std::string shown(const wchar_t* ascii)
+{
+    const std::wstring text = ascii;
+    return std::string(text.begin(), text.end());
+}
+
 struct KeyRow {
     int save;
-    std::string_view group;
-    std::string_view key;
+    std::string group;
+    std::string key;
+    std::string type;
+    std::string initial;
     int slots; // operations of ISettings
 };
 
 // Rows of the table in slot order, the two without a key included.
 const KeyRow rows[] = {
-#define SETTING_PATH(save, group, key, Key) {save, group, #key, 2},
-#define SETTING_STYLE(save, group, key, initial) {save, group, #key, 1},
-#define SETTING_BOOL(save, group, key, Key, initial) {save, group, #key, 2},
-#define SETTING_INT(save, group, key, Key, initial) {save, group, #key, 2},
-#define SETTING_DOUBLE(save, group, key, Key, initial) {save, group, #key, 2},
-#define SETTING_COLOR(save, group, key, Key, red, green, blue) {save, group, #key, 4},
-#define SETTING_LAUNCH_FLAG(key) {0, "", #key, 1},
-#define SETTING_NEW_PROJECT_MODE(key, Key, initial) {0, "", #key, 2},
+#define SETTING_PATH(save, group, key, Key) {save, group, #key, "string", "", 2},
+#define SETTING_STYLE(save, group, key, initial) {save, group, #key, "string", shown(initial), 1},
+#define SETTING_BOOL(save, group, key, Key, initial) {save, group, #key, "bool", shown(initial), 2},
+#define SETTING_INT(save, group, key, Key, initial) {save, group, #key, "int", shown(initial), 2},
+#define SETTING_DOUBLE(save, group, key, Key, initial) {save, group, #key, "double", shown(initial), 2},
+#define SETTING_COLOR(save, group, key, Key, r, g, b) {save, group, #key, "color", shown(r, g, b), 4},
+#define SETTING_LAUNCH_FLAG(key) {0, "", #key, "", "", 1},
+#define SETTING_NEW_PROJECT_MODE(key, Key, initial) {0, "", #key, "", "", 2},
 #include "modules/setting_keys.def"
 };
 
-int slotOf(std::string_view key)
-{
-    int slot = 0;
-    for (const KeyRow& row : rows) {
-        if (row.key == key)
-            return slot;
-        slot += row.slots;
-    }
-    return slot;
-}
-
 } // namespace
 
-TEST(SettingKeys, StandInTheSlotsThatModulesCall)
+// Group, key, type, initial value (a colour as red, green, blue; a fraction in ten thousandths) and the first
+// of the operations by which modules call it, parted by '|', a line a setting in the order in which the file
+// is saved. The hash was computed by another program from the settings as they were agreed upon with those
+// who write modules.
+TEST(SettingKeys, KeepTheirNamesPlacesAndInitialValues)
 {
-    EXPECT_EQ(slotOf("visualStyleName"), 2);
-    EXPECT_EQ(slotOf("launchFlag"), 9);
-    EXPECT_EQ(slotOf("chooseBackgroundSectionColor"), 48);
-    EXPECT_EQ(slotOf("isSectionEditorActivated"), 52);
-    EXPECT_EQ(slotOf("backgroundSectionEditor"), 56);
-    EXPECT_EQ(slotOf("patternSectionColorSand"), 80);
-    EXPECT_EQ(slotOf("isStaticGraphProfileCheck"), 102);
-    EXPECT_EQ(slotOf("staticGraphProfileValues"), 104);
-    EXPECT_EQ(slotOf("newProjectMode"), 138);
-    EXPECT_EQ(slotOf("typeGraphStatic"), 140);
-    EXPECT_EQ(slotOf("isSmoothingGraphSubsidence"), 224);
-    EXPECT_EQ(slotOf("behind the last"), 226);
-}
-
-TEST(SettingKeys, SaveOrderNumbersEveryKeyOnceAndKeepsGroupsTogether)
-{
-    std::vector<KeyRow> saved;
-    std::copy_if(std::begin(rows), std::end(rows), std::back_inserter(saved), [](const KeyRow& row) {
-        return row.save != 0;
-    });
-    std::sort(saved.begin(), saved.end(), [](const KeyRow& a, const KeyRow& b) { return a.save < b.save; });
-    ASSERT_EQ(saved.size(), 93U);
-    std::vector<std::string_view> groups;
-    for (std::size_t i = 0; i < saved.size(); ++i) {
-        EXPECT_EQ(saved[i].save, static_cast<int>(i + 1));
-        if (groups.empty() || groups.back() != saved[i].group)
-            groups.push_back(saved[i].group);
+    std::vector<std::pair<int, std::string>> lines;
+    int slot = 0;
+    for (const KeyRow& row : rows) {
+        if (row.save != 0)
+            lines.emplace_back(row.save,
+                row.group + '|' + row.key + '|' + row.type + '|' + row.initial + '|' + std::to_string(slot)
+                    + '\n');
+        slot += row.slots;
     }
-    const std::vector<std::string_view> expected = {"",
-        "Section",
-        "PatternSection",
-        "CrossSection",
-        "ScaleHatching",
-        "DigitalModel",
-        "Laboratory",
-        "Static",
-        "Ige",
-        "Igk",
-        "CommonSubsidence"};
-    EXPECT_EQ(groups, expected);
+    EXPECT_EQ(slot, 226) << "and the destructor behind them";
+    std::sort(lines.begin(), lines.end());
+    std::string text;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        EXPECT_EQ(lines[i].first, static_cast<int>(i + 1));
+        text += lines[i].second;
+    }
+    EXPECT_EQ(rowHash(text), 0x32fa4765eb8a3192U) << text;
 }
