@@ -1,3 +1,6 @@
+#include "core/base/mexception.h"
+#include "persistence/format.h"
+#include "section/gl_block.h"
 #include "support/opening.h"
 #include "support/project_bytes.h"
 #include "support/random_project.h"
@@ -5,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <stdexcept>
 
 // However many threads read or write a project, and wherever that divides a register: the same project, the
 // same bytes, the same report, and in a damaged file the same failure at the same place.
@@ -45,6 +49,40 @@ TEST(WorkSharing, ThreadsChangeNothingInSamplesAndGeneratedProjects)
             EXPECT_EQ(Opening(bytes, sharing), expected);
             EXPECT_EQ(encodeProject(*openBytes(bytes), sharing), encodeProject(*openBytes(bytes), alone));
         }
+}
+
+TEST(WorkSharing, PiecesHandedOverMeanwhileAreTheFile)
+{
+    for (const std::size_t length : {8U, 2000U})
+        for (const std::size_t threads : {1U, 2U, 4U}) {
+            const auto project = layers(3000, length);
+            const Bytes expected = encodeProject(*project, alone);
+            Bytes handed;
+            int pieces = 0;
+            const ByteBlocks all = encodeProjectInBlocks(
+                *project,
+                [&](std::span<const std::span<const std::uint8_t>> parts) {
+                    ++pieces;
+                    for (const auto part : parts)
+                        handed.insert(handed.end(), part.begin(), part.end());
+                },
+                WorkSharing{threads, 0, 0});
+            EXPECT_TRUE(handed == expected && all.joined() == expected) << length << ' ' << threads;
+            EXPECT_GE(pieces, length > 1000 ? 2 : 1);
+        }
+}
+
+TEST(WorkSharing, AFailureOnEitherSideReachesTheCaller)
+{
+    const auto fine = layers(3000, 2000);
+    EXPECT_THROW(
+        encodeProjectInBlocks(*fine, [](auto) { throw std::runtime_error("no room"); }), std::runtime_error);
+    const auto deep = layers(3000, 2000);
+    Reference<GLObjectDB> object = makeReference<GLBlockDB>(GLBlockData(), Uuid(), L"0", Uuid());
+    for (int level = 0; level < 2 * format::nestingLimit; ++level)
+        object = makeReference<GLBlockDB>(GLBlockData{{object.detach()}}, Uuid(), L"1", Uuid());
+    deep->setLongGlObjects({object.detach()});
+    EXPECT_THROW(encodeProjectInBlocks(*deep, [](auto) {}), MException);
 }
 
 TEST(WorkSharing, DamagedFilesFailAlike)

@@ -32,6 +32,27 @@ TEST(Files, ContentGoesAndComesBack)
     EXPECT_EQ(folder.content(), std::vector<std::wstring>{L"Площадка №1.TLX"});
 }
 
+TEST(Files, WhatIsNotFinishedLeavesTheOldFileAlone)
+{
+    const TemporaryFolder folder;
+    const std::wstring path = folder.file(L"a.TLX");
+    const Bytes old = {1, 2, 3};
+    const Bytes half(3'000'000, 7);
+    const std::span<const std::uint8_t> part(half);
+    Bytes read;
+    ASSERT_TRUE(replaceFile(path, old));
+    {
+        FileReplacement file(path);
+        file.add(FileParts(&part, 1));
+        EXPECT_EQ(folder.content().size(), 2U) << "the disk is at it already";
+        ASSERT_TRUE(readFile(path, read));
+        EXPECT_EQ(read, old);
+    }
+    EXPECT_EQ(folder.content(), std::vector<std::wstring>{L"a.TLX"});
+    ASSERT_TRUE(readFile(path, read));
+    EXPECT_EQ(read, old);
+}
+
 TEST(Files, InfoTellsKindSizeAndTime)
 {
     const TemporaryFolder folder;
