@@ -22,8 +22,10 @@
 
 void MainController::saveByUser()
 {
-    if (saveProject())
-        life_.warnOfLosses();
+    if (!saveProject())
+        return;
+    life_.warnOfLosses();
+    tellUnsavedCells();
 }
 
 void MainController::printReport()

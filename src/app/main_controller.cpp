@@ -1,6 +1,7 @@
 #include "app/main_controller.h"
 
 #include "app/main_window.h"
+#include "app/show_label.h"
 #include "app/mdi_child.h"
 #include "app/message_box.h"
 #include "app/recovery_clock.h"
@@ -86,8 +87,24 @@ void MainController::pressKey(QKeyEvent* event)
         openHelp();
 }
 
+// A text that has to be read is not cut by the hint beside it; the next short one brings the hint back.
+void MainController::makeRoomForStatus(const QString& text)
+{
+    if (!mainWindow_ || !hintLabel_)
+        return;
+    const QStatusBar* bar = mainWindow_->statusBar();
+    const bool fits = bar->fontMetrics().horizontalAdvance(text) < bar->width() - hintLabel_->width() - 150;
+    if (!fits && hintLabel_->isVisible()) {
+        hintLabel_->hide();
+        hintMadeRoom_ = true;
+    } else if (fits && std::exchange(hintMadeRoom_, false)) {
+        hintLabel_->show();
+    }
+}
+
 void MainController::showStatus(const QString& text, int milliseconds)
 {
+    makeRoomForStatus(text);
     if (mainWindow_)
         mainWindow_->statusBar()->showMessage(text, milliseconds);
 }

@@ -10,6 +10,9 @@
 #include "modules/imain_controller.h"
 #include "modules/tx_widget.h"
 
+#include <QString>
+#include <QVector>
+
 #include <chrono>
 #include <functional>
 #include <string>
@@ -31,7 +34,7 @@ class ShowLabel;
 // open project is its ProjectLife's business; here stands what others may ask of it.
 //
 // Its parts: mode_switching.cpp, module_signals.cpp, titles.cpp, user_interface.cpp, action_states.cpp,
-// action_handlers.cpp.
+// action_handlers.cpp, unsaved_cells.cpp.
 class MainController : public MObject, public IMainController, public ICreateWidget
 {
 public:
@@ -105,6 +108,16 @@ public:
     void hideHint();
     void showStatus(const QString& text, int milliseconds);
 
+    // A cell that a screen could not store: its number among those of the screen, where it is and why.
+    struct UnsavedCell {
+        TX_Modes mode = ModeNone;
+        int number = 0;
+        QString text;
+    };
+    QVector<UnsavedCell> unsavedCells() const;
+    // Before a closing: whether the user lets them go.
+    bool mayDropUnsavedCells();
+
     // Events of the main window.
     void closeWindow(QCloseEvent* event);
     void pressKey(QKeyEvent* event);
@@ -161,6 +174,10 @@ private:
     void applySetup();
     void emitPropertySet(bool isMain);
 
+    // After a save by hand: names what did not come into the project, and shows it.
+    void tellUnsavedCells();
+    void showUnsavedCell(const UnsavedCell& cell);
+    void makeRoomForStatus(const QString& text);
     void openHelp();
     void addHelpKey(QWidget* dialog);
 
@@ -171,6 +188,7 @@ private:
     ShellActions actions_;
     bool modesAccessible_ = true; // false while a laboratory sample is edited
     ShowLabel* hintLabel_ = nullptr;
+    bool hintMadeRoom_ = false;
     QProgressBar* progressBar_ = nullptr;
     bool stampsEnabled_ = false; // nothing sets it
     TellurixController* controller_ = nullptr;

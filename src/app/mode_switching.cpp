@@ -177,6 +177,7 @@ void MainController::changeMode(TX_Modes mode)
     const SwitchRow& row = switchRowOf(mode);
     if (hintLabel_)
         hintLabel_->setVisible(showsHint(row.hint, current));
+    hintMadeRoom_ = false;
     const bool existed = activateMode(mode);
     if (existed || row.refresh == Refresh::always) {
         if (row.resetsLabPage)

@@ -29,6 +29,8 @@ bool ProjectLife::closePrompt()
 {
     if (!project_)
         return true;
+    if (!shell_.mayDropUnsavedCells())
+        return false;
     const int answer = askToSave(QStringLiteral("Проект"), QStringLiteral("Сохранить текущий проект?"));
     if (answer != QMessageBox::Yes && answer != QMessageBox::No)
         return false;
