@@ -427,9 +427,24 @@ static bool isPlain(const QKeyEvent& event, std::initializer_list<int> keys)
     return held == Qt::NoModifier && std::find(keys.begin(), keys.end(), event.key()) != keys.end();
 }
 
+void EditGrid::endEntering()
+{
+    entered_ = 0;
+    beganIn_ = -1;
+}
+
+void EditGrid::mousePressEvent(QMouseEvent* event)
+{
+    endEntering();
+    TableView::mousePressEvent(event);
+}
+
 void EditGrid::keyPressEvent(QKeyEvent* event)
 {
     event->accept();
+    const bool jumps = event->key() >= Qt::Key_Home && event->key() <= Qt::Key_PageDown;
+    if (jumps && event->modifiers() & Qt::ControlModifier)
+        endEntering();
     if (event->matches(QKeySequence::Paste))
         return paste();
     if (event->matches(QKeySequence::Cut))

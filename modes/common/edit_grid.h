@@ -63,6 +63,7 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     using TableView::edit;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
@@ -119,6 +120,9 @@ private:
     void goDown(const Place& from, int column);
     void goNext(const Place& from, const QModelIndex& cell);
     static Way wayOf(int key, Qt::KeyboardModifiers modifiers);
+
+    // The user goes elsewhere of his own: no new row is being entered any more.
+    void endEntering();
 
     void toggleFlag();
     void copy() { copySelection(); }

@@ -143,6 +143,19 @@ void TableView::copySelection(bool withHeads) const
     QGuiApplication::clipboard()->setMimeData(cells);
 }
 
+QItemSelectionModel::SelectionFlags TableView::selectionCommand(
+    const QModelIndex& index, const QEvent* event) const
+{
+    if (event && event->type() == QEvent::KeyPress) {
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        const bool moves = key.key() >= Qt::Key_Home && key.key() <= Qt::Key_PageDown;
+        if (moves && key.modifiers() & Qt::ControlModifier)
+            return key.modifiers() & Qt::ShiftModifier ? QItemSelectionModel::SelectCurrent
+                                                       : QItemSelectionModel::ClearAndSelect;
+    }
+    return QTableView::selectionCommand(index, event);
+}
+
 bool TableView::holdsNumbers(int column) const
 {
     return proxy_->index(0, column).data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight;

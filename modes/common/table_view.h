@@ -43,6 +43,9 @@ protected:
     void sortBy(int column, Qt::SortOrder order);
     int sortedColumn() const { return sortedColumn_; }
 
+    // The selection follows the cursor also where Ctrl is held: nobody deletes a row that he has left.
+    QItemSelectionModel::SelectionFlags selectionCommand(
+        const QModelIndex& index, const QEvent* event) const override;
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     // Another style may draw wider heads.

@@ -66,6 +66,9 @@ protected:
     QString path_;
     QStringList done_; // the last acts, for the report
     int refusals_ = 0;
+    MeantRecords beforeLast_; // before the last cell was typed
+    std::size_t stepsBeforeLast_ = 0;
+    int lastColumn_ = -1;
 
     int number(int from, int to) { return std::uniform_int_distribution<int>(from, to)(random_); }
     bool chance(int percent) { return number(1, 100) <= percent; }
@@ -83,6 +86,11 @@ protected:
     {
         QWidget* focus = QApplication::focusWidget();
         ASSERT_NE(focus, nullptr) << "nobody has the keyboard";
+        if (qEnvironmentVariableIsSet("TELLURIX_TALK"))
+            std::fprintf(stderr,
+                "  %s on %s\n",
+                qPrintable(QKeySequence(key | int(held)).toString()),
+                focus->metaObject()->className());
         QTest::keyClick(focus, Qt::Key(key), held);
     }
     static void typeText(const QString& text)
@@ -121,12 +129,18 @@ protected:
 
     // What was meant
 
+    static const RobotScreen& screenOf(const Place& place)
+    {
+        return *std::find_if(std::begin(robotScreens), std::end(robotScreens), [&](const RobotScreen& each) {
+            return each.mode == place.first;
+        });
+    }
     Place place() { return {on_->mode, point_}; }
     MeantRecords& records() { return meant_[place()]; }
     void step() { steps_.push_back(records()); }
     int keyColumn() const { return on_->table->key; }
 
-    bool isTaken(const RobotScreen& screen, const MeantRecord& record) const
+    static bool isTaken(const RobotScreen& screen, const MeantRecord& record)
     {
         const auto key = record.find(screen.table->key);
         if (key == record.end() || key->second.isEmpty() || key->second.startsWith(QLatin1Char('?')))
@@ -239,6 +253,9 @@ protected:
 
     void typeCell(MeantRecord& record, int column)
     {
+        beforeLast_ = records();
+        stepsBeforeLast_ = steps_.size();
+        lastColumn_ = column;
         if (isFlag(column)) {
             press(Qt::Key_Space);
             const MeantRecords before = records();
@@ -247,6 +264,12 @@ protected:
             return;
         }
         const QString text = textFor(column);
+        if (qEnvironmentVariableIsSet("TELLURIX_TALK"))
+            std::fprintf(stderr,
+                "  \"%s\" into %d, %d\n",
+                qPrintable(text),
+                view()->currentIndex().row(),
+                view()->currentIndex().column());
         typeText(shortened(column, text));
         put(record, column, text);
     }
@@ -270,7 +293,7 @@ protected:
             const bool isLastOfAll = i + 1 == count;
             const bool canTab = at == lastStop();
             if (isLastOfAll && chance(30))
-                return leaveOpen();
+                return leaveOpen(at == lastColumn_ && !isFlag(at));
             press(canTab && chance(50) ? Qt::Key_Tab : Qt::Key_Return);
             check();
         }
@@ -292,31 +315,45 @@ protected:
                                            : 1;
     }
     // An open cell, and something else is done.
-    void leaveOpen()
+    void leaveOpen(bool isOpen)
     {
         switch (number(0, 2)) {
         case 0:
-            press(Qt::Key_S, Qt::ControlModifier);
+            save();
             break;
         case 1:
-            press(Qt::Key_Escape); // gives up an open cell
-            press(Qt::Key_Escape);
-            undoLast();
-            view()->setFocus();
+            if (isOpen) {
+                press(Qt::Key_Escape); // gives the text up
+                records() = beforeLast_;
+                steps_.resize(stepsBeforeLast_);
+            }
             break;
         default:
             changeScreen();
         }
     }
-    // After Escape the last text was not taken, where a cell was open.
-    void undoLast() { reread(); }
-
-    // What the project holds now is what is meant from here on: only where the robot cannot know better.
-    void reread()
+    // Whether something typed is not in the project; a row that nobody typed into does not count.
+    bool waits() const
     {
-        press(Qt::Key_Down);
-        records() = current(*on_, point_);
-        steps_.clear();
+        const auto isWaiting = [](const RobotScreen& screen, const MeantRecord& record) {
+            const bool isBlank = std::all_of(
+                record.begin(), record.end(), [](const auto& cell) { return cell.second.isEmpty(); });
+            return !isBlank && !isTaken(screen, record);
+        };
+        return std::any_of(meant_.begin(), meant_.end(), [&](const auto& entry) {
+            return std::any_of(entry.second.begin(), entry.second.end(), [&](const MeantRecord& record) {
+                return isWaiting(screenOf(entry.first), record);
+            });
+        });
+    }
+    void save()
+    {
+        const MessageAnswers answers({QMessageBox::Ok});
+        press(Qt::Key_S, Qt::ControlModifier);
+        // A window manager gives the keyboard back by itself.
+        QApplication::setActiveWindow(shell.mainWindow.get());
+        EXPECT_EQ(answers.boxes().size(), waits() ? 1U : 0U) << "a save names what is not stored";
+        checkFile();
     }
 
     void newRows()
@@ -563,20 +600,15 @@ protected:
 
     void closeAndOpen()
     {
-        bool waiting = false;
-        for (auto& [where, all] : meant_) {
-            const RobotScreen& screen = *std::find_if(std::begin(robotScreens),
-                std::end(robotScreens),
-                [&](const RobotScreen& each) { return each.mode == where.first; });
-            const MeantRecords stored = taken(screen, all);
-            waiting = waiting || stored.size() != all.size();
-            all = stored;
-        }
+        const bool waiting = waits();
+        for (auto& [where, all] : meant_)
+            all = taken(screenOf(where), all);
         {
             const MessageAnswers answers(waiting
                     ? std::deque<QMessageBox::StandardButton>{QMessageBox::No, QMessageBox::Yes}
                     : std::deque<QMessageBox::StandardButton>{QMessageBox::Yes});
             action(ShellAction::Close)->trigger();
+            QApplication::setActiveWindow(shell.mainWindow.get());
             EXPECT_EQ(answers.boxes().size(), waiting ? 2U : 1U) << "the closing names what is not stored";
         }
         refusals_ = 0;
@@ -587,6 +619,7 @@ protected:
         point_.clear();
         steps_.clear();
         view()->setFocus();
+        changeScreen();
     }
 
     // Against the project
@@ -600,15 +633,21 @@ protected:
     {
         ASSERT_EQ(toldInOrder(*on_->table, current(*on_, point_)).toStdString(),
             toldInOrder(*on_->table, taken(*on_, records())).toStdString())
-            << on_->table->name.toStdString() << ", point " << point_.toStdString();
+            << on_->table->name.toStdString() << ", point " << point_.toStdString() << ", not stored: "
+            << screen(on_->mode)
+                   ->property("tellurixUnsavedCells")
+                   .toStringList()
+                   .join(QLatin1Char('\n'))
+                   .toStdString()
+            << "\nThe cursor is on: " << view()->currentIndex().row() << ", "
+            << view()->currentIndex().column() << " "
+            << view()->currentIndex().data().toString().toStdString();
     }
     void checkFile()
     {
         const Reference<DBProject> stored = storedProject(path_);
         for (auto& [where, all] : meant_) {
-            const RobotScreen& screen = *std::find_if(std::begin(robotScreens),
-                std::end(robotScreens),
-                [&, mode = where.first](const RobotScreen& each) { return each.mode == mode; });
+            const RobotScreen& screen = screenOf(where);
             const MeantRecords held =
                 screen.read ? screen.read(*stored, where.second.toStdWString()) : pointsIn(*stored);
             EXPECT_EQ(toldInOrder(*screen.table, held).toStdString(),
@@ -645,6 +684,7 @@ protected:
         on_ = &robotScreens[0];
         view()->setFocus();
         meant_[{ModeListCoords, QString()}] = pointsIn(*controller().dbProject());
+        changeScreen();
     }
 
     void act()
@@ -664,8 +704,9 @@ protected:
             {"refused", 3, &TypingRobot::refused},
             {"undo", 12, &TypingRobot::undoAndRedo},
             {"sort, filter", 4, &TypingRobot::sortOrFilter},
-            {"screen", 7, &TypingRobot::changeScreen},
-            {"close", 3, &TypingRobot::closeAndOpen}};
+            {"screen", 6, &TypingRobot::changeScreen},
+            {"save", 2, &TypingRobot::save},
+            {"close", 2, &TypingRobot::closeAndOpen}};
         int left = number(1, 100);
         for (const Act& each : acts)
             if ((left -= each.weight) <= 0) {
