@@ -13,7 +13,7 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QListView>
-#include <QMdiArea>
+#include <QPointer>
 
 #include <functional>
 #include <random>
@@ -734,8 +734,12 @@ TEST_F(TypingRobot, TheProjectHoldsWhatWasTyped)
         begin(unsigned(seed));
         // A box that nobody expects would stand for ever.
         QTimer watch;
-        QObject::connect(&watch, &QTimer::timeout, &watch, [] {
-            if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+        QPointer<QWidget> before;
+        QObject::connect(&watch, &QTimer::timeout, &watch, [&before] {
+            QWidget* const modal = QApplication::activeModalWidget();
+            const bool stands = modal && before == modal;
+            before = modal;
+            if (auto* dialog = stands ? qobject_cast<QDialog*>(modal) : nullptr) {
                 const auto* box = qobject_cast<QMessageBox*>(dialog);
                 ADD_FAILURE()
                     << "a box: "
