@@ -15,9 +15,9 @@ seconds=$2
 shift 2
 
 # Longest input of each target in bytes: what its records need, since short inputs run faster.
-declare -A longest=([project]=16384 [hatch_library]=512 [preset_library]=512 [build_json]=16384 [ground]=512)
+declare -A longest=([project]=16384 [hatch_library]=512 [preset_library]=512 [build_json]=16384 [ground]=512 [sounding_file]=4096)
 targets=("$@")
-[ ${#targets[@]} -gt 0 ] || targets=(project hatch_library preset_library build_json ground)
+[ ${#targets[@]} -gt 0 ] || targets=(project hatch_library preset_library build_json ground sounding_file)
 
 # Short stacks and a small quarantine: allocations are what these programs spend their time on.
 export ASAN_OPTIONS=malloc_context_size=2:quarantine_size_mb=16${ASAN_OPTIONS:+:$ASAN_OPTIONS}
