@@ -1,8 +1,7 @@
-#include "common/sheet_screen.h"
-#include "common/sheets/sheets.h"
 #include "modules/module_export.h"
+#include "static/sounding_screen.h"
 
 TELLURIX_MODULE QWidget* createWidget(const TX_Modes* mode, ITellurixController* controller)
 {
-    return new SheetScreen(*mode, controller, soundingSheets());
+    return new SoundingScreen(*mode, controller);
 }

@@ -94,7 +94,8 @@ wchar_t separatorOf(const std::vector<std::wstring_view>& lines)
     for (const wchar_t separator : {L';', L'\t', L' ', L','}) {
         std::size_t good = 0;
         for (std::size_t i = 0; i < lines.size() && i < 500; ++i)
-            good += numbersIn(cellsOf(lines[i], separator)) >= 2 ? 1 : 0;
+            if (numbersIn(cellsOf(lines[i], separator)) >= 2)
+                ++good;
         if (good > most) {
             most = good;
             best = separator;

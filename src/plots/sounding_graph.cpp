@@ -1,6 +1,7 @@
 #include "plots/sounding_graph.h"
 
 #include "drawing/text_layout.h"
+#include "site/points.h"
 
 #include <algorithm>
 #include <cmath>
@@ -71,6 +72,15 @@ double roundStep(double perMillimetre, double least)
         if (factor * power >= wanted * 0.999)
             return factor * power;
     return 10.0 * power;
+}
+
+// Without zeros behind the last digit that counts: "5", "0.5".
+std::wstring shortNumber(double value)
+{
+    std::wstring text = numberText(value, 2);
+    while (text.find(L'.') != std::wstring::npos && (text.back() == L'0' || text.back() == L'.'))
+        text.pop_back();
+    return text;
 }
 
 Number tipOf(const SoundingReading& reading)
@@ -145,7 +155,7 @@ void drawDepths(Sheet& sheet, const Stretch& stretch, const SoundingGraph& graph
 {
     const double right = left + depthWidth;
     sheet.frame(left, stretch.y0, depthWidth, stretch.height());
-    sheet.text(L"Глубина, м", {left, stretch.y0 - 2.0}, Align::Left, 2.0);
+    sheet.text(L"м", {left + 1.0, stretch.y0 - 2.0}, Align::Left, 2.0);
     const double step =
         roundStep(1.0 / stretch.perMetre, 5.0) < 1.0 ? 1.0 : roundStep(1.0 / stretch.perMetre, 5.0);
     for (double depth = std::ceil(stretch.from / step) * step; depth <= stretch.to + 1e-9; depth += step) {
@@ -200,7 +210,7 @@ void drawAxis(Sheet& sheet, const Stretch& stretch, const Axis& axis, const Soun
         sheet.line({{x, stretch.y0 - 1.5}, {x, stretch.y0}}, thin, {}, Layer::Table);
         const bool isLast = x + 4.0 > axis.x + axis.width;
         if (value > 0.0 && !isLast)
-            sheet.text(significantText(value, 4), {x, stretch.y0 - 2.2}, Align::Centre, 2.0);
+            sheet.text(shortNumber(value), {x, stretch.y0 - 2.2}, Align::Centre, 2.0);
     }
     if (look.hasGrid)
         for (double depth = std::ceil(stretch.from); depth < stretch.to; depth += 1.0)
@@ -250,12 +260,8 @@ void drawCurve(Sheet& sheet,
         if (isBeyond && !wasBeyond) {
             sheet.line(
                 {{spot.x - 2.0, spot.y - 1.0}, spot, {spot.x - 2.0, spot.y + 1.0}}, 0.3, color, Layer::Graph);
-            sheet.text(significantText(value, 3),
-                {spot.x - 2.5, spot.y - 1.2},
-                Align::Right,
-                1.8,
-                Font::Narrow,
-                color);
+            sheet.text(
+                shortNumber(*value), {spot.x - 2.5, spot.y - 1.2}, Align::Right, 1.8, Font::Narrow, color);
         }
         wasBeyond = isBeyond;
         points.push_back(spot);
@@ -374,7 +380,7 @@ Drawing capacityDrawing(const CapacityGraph& graph)
     for (double depth = std::ceil(first / depthStep) * depthStep; depth <= last + 1e-9; depth += depthStep) {
         const double y = y0 + (depth - first) * perMetre;
         sheet.line({{x0, y}, {x0 + plotWidth, y}}, 0.13, gridColor, Layer::Grid);
-        sheet.text(significantText(depth, 3), {x0 - 1.5, y + 0.9}, Align::Right, 2.2);
+        sheet.text(shortNumber(depth), {x0 - 1.5, y + 0.9}, Align::Right, 2.2);
     }
     sheet.frame(x0, y0, plotWidth, plotHeight);
     struct Curve {
@@ -412,6 +418,6 @@ Drawing capacityDrawing(const CapacityGraph& graph)
         legend += 16.0 + textWidth(curve.title, Font::Plain, textHeight);
     }
     sheet.text(L"Сопротивление, кН", {x0 + plotWidth / 2.0, 9.0}, Align::Centre, textHeight, Font::Bold);
-    sheet.text(L"Глубина острия, м", {2.0, 9.0}, Align::Left, textHeight);
+    sheet.text(L"Глубина, м", {2.0, 9.0}, Align::Left, textHeight);
     return sheet.drawing;
 }

@@ -4,6 +4,7 @@
 #include "dictionaries/pile_coefficients.h"
 #include "dictionaries/sounding_captions.h"
 #include "modules/idbproject.h"
+#include "site/points.h"
 
 #include <algorithm>
 #include <array>

@@ -3,6 +3,7 @@
 #include "modules/idbproject.h"
 #include "site/cells.h"
 #include "site/element_links.h"
+#include "site/points.h"
 
 #include <algorithm>
 #include <cmath>
@@ -265,11 +266,11 @@ std::vector<SoundingReading> soundingReadings(const std::vector<SoundingRow>& ro
 }
 
 SiteSoundings::SiteSoundings(IDBProject& project)
-    : points_(sitePoints(project))
+    : points_(std::make_shared<const std::vector<SitePoint>>(sitePoints(project)))
     , layers_(project)
 {
     std::unordered_map<std::wstring_view, const SitePoint*> places;
-    for (const SitePoint& point : points_)
+    for (const SitePoint& point : *points_)
         places.try_emplace(point.name, &point);
     for (const auto& [key, rows] : project.getSoundings()) {
         SiteSounding sounding;

@@ -4,7 +4,10 @@
 #include "calc/sounding.h"
 #include "db/records/sounding.h"
 #include "site/layers.h"
-#include "site/points.h"
+
+#include <memory>
+
+struct SitePoint;
 
 // Static soundings as numbers, with the layers that the neighbouring borehole lends them. Views into the
 // project: look, use and let go before the next change.
@@ -53,7 +56,7 @@ public:
     std::vector<SoundingLayer> shaft(const SiteSounding& sounding) const;
 
 private:
-    std::vector<SitePoint> points_;
+    std::shared_ptr<const std::vector<SitePoint>> points_;
     SiteLayers layers_;
     std::vector<SiteSounding> soundings_;
     std::vector<std::vector<SoundingLayer>> shafts_; // beside the soundings

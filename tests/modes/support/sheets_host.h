@@ -24,7 +24,6 @@ struct SheetModule {
 inline constexpr SheetModule sheetModules[] = {
     {"laboratory19.dll", ModeLaboratory},
     {"ige19.dll", ModeIge},
-    {"static19.dll", ModeStatic},
     {"section19.dll", ModeSection},
     {"subsidence19.dll", ModeSubsidence},
     {"chemistry19.dll", ModeChemistry},

@@ -1,0 +1,131 @@
+#include "support/registers_screen_host.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QTabWidget>
+#include <gtest/gtest.h>
+
+namespace
+{
+
+Reference<DBProject> site()
+{
+    auto project = makeReference<DBProject>();
+    PointRow place;
+    place.text0 = L"0";
+    place.text1 = L"0";
+    project->addPointRegisterEntry({L"Скв-1", 1}, {place});
+    project->addPointRegisterEntry({L"ТСЗ-1", 3}, {place});
+    project->addPointRegisterEntry({L"ТСЗ-2", 3}, {place});
+    project->addLithology({L"Скв-1", L"12"}, {L"", L""});
+    project->addNumberedLink(L"Скв-1:1", L"1");
+    StrataElement clay;
+    clay.code = 4;
+    project->addStrataElement(L"1", clay);
+    std::vector<SoundingRow> rows;
+    for (int i = 1; i <= 40; ++i)
+        rows.push_back({numberText(i * 0.2, 1), {L"3", L"50", L"", L""}});
+    project->addSounding({L"ТСЗ-1", 3, L"зонд", L"27.05.2019"}, rows);
+    project->setSoundingValueD(1);
+    project->addSoundingTriple(1, {300, 0, 100});
+    project->addSoundingTriple(2, {11000, 400, 600});
+    return project;
+}
+
+const std::vector<SoundingRow>* journal(DBProject& project, const std::wstring& point)
+{
+    for (const auto& [key, rows] : project.getSoundings())
+        if (key.pointName == point)
+            return &rows;
+    return nullptr;
+}
+
+Reference<DBProject> sample(const std::wstring& name)
+{
+    const std::wstring path = QStringLiteral(TELLURIX_SAMPLES).toStdWString() + L"/" + name;
+    std::vector<std::uint8_t> bytes;
+    lookAtProjectFile(path, bytes);
+    ReadReport report;
+    return readProject(path, bytes, report);
+}
+
+void turnTo(ScreenHost& host, int page)
+{
+    host.screen->findChild<QTabWidget*>(QStringLiteral("pages"))->setCurrentIndex(page);
+    QCoreApplication::sendPostedEvents();
+}
+
+} // namespace
+
+TEST(StaticScreen, JournalsAreEditedAndKeepTheirHead)
+{
+    ScreenHost host{"static19.dll", ModeStatic, site()};
+    turnTo(host, 0);
+    auto* table = host.screen->findChild<QTableView*>(QStringLiteral("journal"));
+    ASSERT_TRUE(table);
+    const auto cell = [&](int row, int column) { return table->model()->index(row, column); };
+    EXPECT_EQ(cell(0, 1).data().toString().toStdString(), "3");
+    EXPECT_EQ(cell(0, 5).data().toString().toStdString(), "1.7"); // friction by cone
+    ASSERT_TRUE(table->model()->setData(cell(0, 1), QStringLiteral("2,5"), Qt::EditRole));
+    EXPECT_EQ((*journal(*host.project, L"ТСЗ-1"))[0].cells[0], L"2.5");
+    // In kilopascals: marked and told of.
+    table->model()->setData(cell(1, 1), QStringLiteral("2500"), Qt::EditRole);
+    EXPECT_TRUE(cell(1, 1).data(EditGridModel::WarningRole).toBool());
+    EXPECT_TRUE(host.status.contains(QStringLiteral("кПа")));
+
+    for (QLineEdit* field : host.screen->findChildren<QLineEdit*>())
+        if (field->text() == QStringLiteral("зонд")) {
+            field->setText(QStringLiteral("зонд II"));
+            Q_EMIT field->editingFinished();
+        }
+    const auto& key = host.project->getSoundings().begin()->first;
+    EXPECT_EQ(key.device, L"зонд II");
+    EXPECT_EQ(key.date, L"27.05.2019");
+    EXPECT_EQ(journal(*host.project, L"ТСЗ-1")->size(), 40u);
+    EXPECT_TRUE(host.store());
+}
+
+TEST(StaticScreen, PagesTellTheShellWhatTheyCanDo)
+{
+    ScreenHost host{"static19.dll", ModeStatic, site()};
+    const int views[] = {1, 4, 0, 2};
+    for (int page = 0; page < 4; ++page) {
+        turnTo(host, page);
+        EXPECT_EQ(host.controller.probingView(), views[page]);
+        EXPECT_EQ(host.controller.probingSubView(), page == 0 ? 1 : 0);
+    }
+}
+
+TEST(StaticScreen, ResultsOfPilesGoIntoTheProject)
+{
+    ScreenHost host{"static19.dll", ModeStatic, site()};
+    turnTo(host, 3);
+    Q_EMIT host.screen->signalCalc();
+    const auto& rows = host.project->getSoundingCalcRows();
+    ASSERT_EQ(rows.size(), 3u); // 4, 5 and 6 m
+    EXPECT_EQ(rows[0].cells[0], L"4.00");
+    EXPECT_EQ(rows[0].cells[1], L"106.00");
+    EXPECT_EQ(rows[0].cells[2], L"1");
+    // qs 3000, b1 0.77; fs 50 in clay with 0.675 along 4 m.
+    EXPECT_EQ(rows[0].cells[3], L"369.9");
+    EXPECT_EQ(rows[0].cells[7], L"369.9");
+}
+
+TEST(StaticScreen, BearsAnyProject)
+{
+    for (const wchar_t* name : {L"ALLTEXT.TLX", L"ALLNUM.TLX"}) {
+        const Reference<DBProject> project = sample(name);
+        ScreenHost host{"static19.dll", ModeStatic, project};
+        for (DBProject* open : {project.get(), static_cast<DBProject*>(nullptr)}) {
+            host.controller.setProject(open);
+            host.activate();
+            for (int page = 3; page >= 0; --page) {
+                turnTo(host, page);
+                Q_EMIT host.screen->signalCalc();
+                Q_EMIT host.screen->signalPrint();
+                Q_EMIT host.screen->signalAddSelectedRecord();
+                Q_EMIT host.screen->signalDelSelectedRecord();
+            }
+        }
+    }
+}
