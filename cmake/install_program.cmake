@@ -6,6 +6,7 @@ install(TARGETS tellurix tlxtool ${modules} COMPONENT program RUNTIME DESTINATIO
 install(DIRECTORY ${TELLURIX_PROGRAM_FOLDER}/hatch ${TELLURIX_PROGRAM_FOLDER}/igkPreset
     ${TELLURIX_PROGRAM_FOLDER}/fonts
     DESTINATION . COMPONENT program)
+install(FILES ${PROJECT_SOURCE_DIR}/data/aggressiveness.txt DESTINATION . COMPONENT program)
 if(WIN32)
     return()
 endif()

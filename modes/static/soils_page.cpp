@@ -184,14 +184,18 @@ void SoilsPage::read(IDBProject* project)
             const Spread tip = spreadOf(std::span<const double>(element.tips));
             const Number sleeve = spreadOf(std::span<const double>(element.sleeves)).mean;
             const Number depth = spreadOf(std::span<const double>(element.depths)).mean;
-            SoundedProperties properties =
-                soundedProperties(soundedSoil(*project, name, element.index), *tip.mean, *depth);
+            const SoundedSoil soil = soundedSoil(*project, name, element.index);
+            SoundedProperties properties = soundedProperties(soil, *tip.mean, *depth);
             if (element.tips.size() < leastSoundings)
                 properties.remarks.push_back({Remark::Doubtful, "n", L"Меньше шести зондирований"});
             GridRow row;
             row.id = elements.size() + 1;
             row.cells = {QString::fromStdWString(std::wstring(name)), QString::number(element.tips.size())};
-            addSpread(row.cells, tip, sleeve, properties, liquidityBySounding(tip.mean, sleeve));
+            addSpread(row.cells,
+                tip,
+                sleeve,
+                properties,
+                soil.kind == SoundedSoil::Sand ? std::nullopt : liquidityBySounding(tip.mean, sleeve));
             row.cells += remarksText(properties.remarks);
             elements.append(row);
         }
