@@ -1,3 +1,4 @@
+#include "core/base/typed_number.h"
 #include "support/registers_screen_host.h"
 
 #include <QComboBox>
@@ -122,7 +123,6 @@ TEST(StaticScreen, BearsAnyProject)
             for (int page = 3; page >= 0; --page) {
                 turnTo(host, page);
                 Q_EMIT host.screen->signalCalc();
-                Q_EMIT host.screen->signalPrint();
                 Q_EMIT host.screen->signalAddSelectedRecord();
                 Q_EMIT host.screen->signalDelSelectedRecord();
             }
