@@ -269,7 +269,10 @@ void LithologyColumn::paintLayer(QPainter& painter, const Lanes& lanes, int laye
 void LithologyColumn::paintIndex(QPainter& painter, const QRectF& strip, const QString& index) const
 {
     const QFontMetrics metrics = painter.fontMetrics();
-    const QString text = metrics.elidedText(index, Qt::ElideRight, int(strip.width()) - 8);
+    // The marks that lower and raise, "aQ_III", are for paper.
+    QString plain = index;
+    plain.remove(QLatin1Char('_')).remove(QLatin1Char('^'));
+    const QString text = metrics.elidedText(plain, Qt::ElideRight, int(strip.width()) - 8);
     QRectF plate(0, 0, metrics.horizontalAdvance(text) + 6, qMin(strip.height() - 2, double(lineHeight_)));
     plate.moveCenter(strip.center());
     painter.setPen(Qt::NoPen);

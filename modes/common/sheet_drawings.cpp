@@ -2,15 +2,15 @@
 
 #include "common/lithology_column.h"
 #include "common/section_drawing.h"
-#include "common/sheets/sheets.h"
 #include "modules/itellurix_controller.h"
 #include "site/by_point.h"
+#include "tables/tables.h"
 
 MakeDrawing columnDrawing(ITellurixController* controller)
 {
     return [controller](QWidget* parent) {
         auto* column = new LithologyColumn(controller->hatch(), parent);
-        return SheetDrawing{column, [column](const std::optional<SheetSource>& source) {
+        return SheetDrawing{column, [column](const std::optional<TableSource>& source) {
                                 if (!source) {
                                     column->setColumn({}, {});
                                     return;
@@ -25,17 +25,17 @@ MakeDrawing columnDrawing(ITellurixController* controller)
 }
 
 static MakeDrawing sectionDrawing(
-    ITellurixController* controller, DrawnSection (*sectionOf)(const SheetSource& source))
+    ITellurixController* controller, DrawnSection (*sectionOf)(const TableSource& source))
 {
     return [controller, sectionOf](QWidget* parent) {
         auto* drawing = new SectionDrawing(controller->hatch(), parent);
-        return SheetDrawing{drawing, [drawing, sectionOf](const std::optional<SheetSource>& source) {
+        return SheetDrawing{drawing, [drawing, sectionOf](const std::optional<TableSource>& source) {
                                 drawing->setSection(source ? sectionOf(*source) : DrawnSection());
                             }};
     };
 }
 
-static DrawnSection sectionNamed(const SheetSource& source, const SectionLineMap& lines)
+static DrawnSection sectionNamed(const TableSource& source, const SectionLineMap& lines)
 {
     for (const auto& [name, line] : lines) {
         if (name != source.chosen)
@@ -52,15 +52,15 @@ SheetDrawings sectionDrawings(ITellurixController* controller)
 {
     return {{"section/lines",
                 sectionDrawing(controller,
-                    [](const SheetSource& source) {
+                    [](const TableSource& source) {
                         return sectionNamed(source, source.project.getSectionLines());
                     })},
         {"section/terrain",
             sectionDrawing(controller,
-                [](const SheetSource& source) {
+                [](const TableSource& source) {
                     return sectionNamed(source, source.project.getTerrainLines());
                 })},
-        {"section/views", sectionDrawing(controller, [](const SheetSource& source) {
+        {"section/views", sectionDrawing(controller, [](const TableSource& source) {
              return sectionAlongAxis(source.project, source.chosen == siteViewAlongY);
          })}};
 }

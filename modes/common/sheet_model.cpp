@@ -11,7 +11,7 @@ static QString fromWide(std::wstring_view text)
     return QString::fromWCharArray(text.data(), static_cast<int>(text.size()));
 }
 
-SheetModel::SheetModel(const std::vector<SheetColumn>& columns, QObject* parent)
+SheetModel::SheetModel(const std::vector<TableColumn>& columns, QObject* parent)
     : QAbstractTableModel(parent)
     , columns_(columns)
     , rows_(columns.size())
@@ -29,13 +29,13 @@ std::wstring_view SheetModel::cell(const QModelIndex& index) const
         shown_[static_cast<std::size_t>(index.row())], static_cast<std::size_t>(index.column()));
 }
 
-bool SheetModel::setRows(SheetRows rows)
+bool SheetModel::setRows(TableRows rows)
 {
     if (rows == rows_)
         return false;
     beginResetModel();
     rows_ = std::move(rows);
-    small_ = SheetRows(columns_.size());
+    small_ = TableRows(columns_.size());
     hasSmall_ = false;
     shown_ = passingRows();
     endResetModel();
@@ -105,7 +105,7 @@ QVariant SheetModel::data(const QModelIndex& index, int role) const
     }
     case Qt::TextAlignmentRole:
         return static_cast<int>(Qt::AlignVCenter
-            | (columns_[static_cast<std::size_t>(index.column())].kind == SheetColumn::Number
+            | (columns_[static_cast<std::size_t>(index.column())].kind == TableColumn::Number
                     ? Qt::AlignRight
                     : Qt::AlignLeft));
     default:

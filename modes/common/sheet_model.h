@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/sheet.h"
+#include "tables/table.h"
 
 #include <QAbstractTableModel>
 
@@ -10,13 +10,13 @@ class SheetModel : public QAbstractTableModel
 {
 public:
     // The columns are not copied: sheets stand for the whole run.
-    explicit SheetModel(const std::vector<SheetColumn>& columns, QObject* parent = nullptr);
+    explicit SheetModel(const std::vector<TableColumn>& columns, QObject* parent = nullptr);
 
     // All rows, whatever the filter.
-    const SheetRows& rows() const { return rows_; }
+    const TableRows& rows() const { return rows_; }
     std::wstring_view cell(const QModelIndex& index) const;
     // Both answer false, and nothing moves, where the same rows stay in view.
-    bool setRows(SheetRows rows);
+    bool setRows(TableRows rows);
     // Shows only rows in which each word stands somewhere.
     bool setFilterText(const QString& text);
 
@@ -28,9 +28,9 @@ public:
 private:
     std::vector<std::size_t> passingRows();
 
-    const std::vector<SheetColumn>& columns_;
-    SheetRows rows_;
-    SheetRows small_; // the same in small letters, made at the first filter
+    const std::vector<TableColumn>& columns_;
+    TableRows rows_;
+    TableRows small_; // the same in small letters, made at the first filter
     bool hasSmall_ = false;
     std::vector<std::wstring> words_; // of the filter, in small letters
     std::vector<std::size_t> shown_; // rows that pass, in order

@@ -33,12 +33,12 @@ QString fromWide(std::wstring_view text)
     return QString::fromWCharArray(text.data(), static_cast<int>(text.size()));
 }
 
-QString settingsName(const Sheet& sheet)
+QString settingsName(const Table& sheet)
 {
     return QString::fromLatin1(sheet.name.data(), static_cast<int>(sheet.name.size()));
 }
 
-void setDefaultWidths(TableView* table, const Sheet& sheet)
+void setDefaultWidths(TableView* table, const Table& sheet)
 {
     const QStringList kept =
         viewSettings()->value(QStringLiteral("widths/") + settingsName(sheet)).toStringList();
@@ -50,10 +50,10 @@ void setDefaultWidths(TableView* table, const Sheet& sheet)
             table->setColumnWidth(column, qMax(wanted, header->sectionSizeHint(column)));
     }
     // A number at the far edge of the screen has nothing to do with its row any more.
-    table->horizontalHeader()->setStretchLastSection(sheet.columns.back().kind == SheetColumn::Text);
+    table->horizontalHeader()->setStretchLastSection(sheet.columns.back().kind == TableColumn::Text);
 }
 
-TableView* makeTable(const Sheet& sheet, SheetModel* model, QWidget* parent)
+TableView* makeTable(const Table& sheet, SheetModel* model, QWidget* parent)
 {
     auto* table = new TableView(settingsName(sheet), parent);
     table->setObjectName(settingsName(sheet));
@@ -91,7 +91,7 @@ QPalette quietPalette(const QPalette& palette)
     return quiet;
 }
 
-SheetPage::SheetPage(const Sheet& sheet,
+SheetPage::SheetPage(const Table& sheet,
     Source source,
     const QString& picture,
     const MakeDrawing& makeDrawing,
@@ -154,10 +154,10 @@ QWidget* SheetPage::makeDetail()
 
 void SheetPage::read()
 {
-    const std::optional<SheetSource> source = source_();
+    const std::optional<TableSource> source = source_();
     keepingPlace([&] {
         return model_->setRows(
-            source ? rowsOf(sheet_, *source, model_->rows()) : SheetRows(sheet_.columns.size()));
+            source ? rowsOf(sheet_, *source, model_->rows()) : TableRows(sheet_.columns.size()));
     });
     hideEmptyColumns();
     showState();
@@ -209,7 +209,7 @@ void SheetPage::readChosen()
     const QModelIndex current = table_->sourceIndex(table_->currentIndex());
     const QString first = current.isValid() ? fromWide(model_->cell(current.siblingAtColumn(0))) : QString();
     const std::wstring chosen = first.toStdWString();
-    std::optional<SheetSource> source = current.isValid() ? source_() : std::nullopt;
+    std::optional<TableSource> source = current.isValid() ? source_() : std::nullopt;
     if (source)
         source->chosen = chosen;
     if (detailModel_)
@@ -218,9 +218,9 @@ void SheetPage::readChosen()
         drawing_.show(source);
 }
 
-void SheetPage::readDetail(const std::optional<SheetSource>& source)
+void SheetPage::readDetail(const std::optional<TableSource>& source)
 {
-    SheetRows rows = source ? rowsOf(*sheet_.detail, *source) : SheetRows(sheet_.detail->columns.size());
+    TableRows rows = source ? rowsOf(*sheet_.detail, *source) : TableRows(sheet_.detail->columns.size());
     const QString title = fromWide(sheet_.detail->title);
     const QString chosen = source ? fromWide(source->chosen) : QString();
     detailTitle_->setText(!source ? title

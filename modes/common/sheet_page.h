@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/sheet.h"
+#include "tables/table.h"
 
 #include <QWidget>
 
@@ -20,7 +20,7 @@ QPalette quietPalette(const QPalette& palette);
 // first cell of the row stands in the source.
 struct SheetDrawing {
     QWidget* view = nullptr;
-    std::function<void(const std::optional<SheetSource>& source)> show;
+    std::function<void(const std::optional<TableSource>& source)> show;
 };
 using MakeDrawing = std::function<SheetDrawing(QWidget* parent)>;
 
@@ -32,10 +32,10 @@ class SheetPage : public QWidget
 
 public:
     // The project of the moment, or nothing while none is open.
-    using Source = std::function<std::optional<SheetSource>()>;
+    using Source = std::function<std::optional<TableSource>()>;
 
     // The picture stands above the sentence of a sheet without rows.
-    SheetPage(const Sheet& sheet,
+    SheetPage(const Table& sheet,
         Source source,
         const QString& picture,
         const MakeDrawing& makeDrawing = {},
@@ -60,10 +60,10 @@ private:
     void keepingPlace(const std::function<bool()>& change);
     void showState();
     void readChosen();
-    void readDetail(const std::optional<SheetSource>& source);
+    void readDetail(const std::optional<TableSource>& source);
     void hideEmptyColumns();
 
-    const Sheet& sheet_;
+    const Table& sheet_;
     Source source_;
     SheetModel* model_;
     TableView* table_;

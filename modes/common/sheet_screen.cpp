@@ -35,7 +35,7 @@ static QString pictureOf(TX_Modes mode)
 
 SheetScreen::SheetScreen(TX_Modes mode,
     ITellurixController* controller,
-    const std::vector<Sheet>& sheets,
+    const std::vector<Table>& sheets,
     const SheetDrawings& drawings,
     QWidget* parent)
     : ModeScreen(mode, controller, parent)
@@ -86,14 +86,14 @@ QLabel* SheetScreen::makeNote()
     return note;
 }
 
-void SheetScreen::addPages(const std::vector<Sheet>& sheets, const SheetDrawings& drawings)
+void SheetScreen::addPages(const std::vector<Table>& sheets, const SheetDrawings& drawings)
 {
     if (sheets.size() > 1) {
         tabs_ = new QTabWidget(this);
         tabs_->setDocumentMode(true);
     }
     stale_.assign(sheets.size(), true);
-    for (const Sheet& sheet : sheets) {
+    for (const Table& sheet : sheets) {
         const auto drawing = drawings.find(sheet.name);
         auto* page = new SheetPage(
             sheet,
@@ -179,11 +179,11 @@ SheetPage* SheetScreen::page() const
     return pages_[static_cast<std::size_t>(tabs_ ? tabs_->currentIndex() : 0)];
 }
 
-std::optional<SheetSource> SheetScreen::source() const
+std::optional<TableSource> SheetScreen::source() const
 {
     if (!project())
         return std::nullopt;
-    return SheetSource{*project(), settings() ? settings()->reportLanguage() : 0};
+    return TableSource{*project(), settings() ? settings()->reportLanguage() : 0};
 }
 
 bool SheetScreen::eventFilter(QObject* watched, QEvent* event)

@@ -25,7 +25,7 @@ public:
     // The sheets are not copied: they stand for the whole run. So does the controller.
     SheetScreen(TX_Modes mode,
         ITellurixController* controller,
-        const std::vector<Sheet>& sheets,
+        const std::vector<Table>& sheets,
         const SheetDrawings& drawings = {},
         QWidget* parent = nullptr);
 
@@ -34,7 +34,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void addPages(const std::vector<Sheet>& sheets, const SheetDrawings& drawings);
+    void addPages(const std::vector<Table>& sheets, const SheetDrawings& drawings);
     QWidget* makeHead();
     QLabel* makeNote();
     void connectViews();
@@ -44,7 +44,7 @@ private:
     void filter();
     void showCount();
     SheetPage* page() const;
-    std::optional<SheetSource> source() const;
+    std::optional<TableSource> source() const;
 
     QLineEdit* filter_ = nullptr;
     QLabel* count_ = nullptr;

@@ -1,8 +1,8 @@
 #include "common/sheet_screen.h"
-#include "common/sheets/sheets.h"
 #include "modules/module_export.h"
+#include "tables/tables.h"
 
 TELLURIX_MODULE QWidget* createWidget(const TX_Modes* mode, ITellurixController* controller)
 {
-    return new SheetScreen(*mode, controller, elementSheets());
+    return new SheetScreen(*mode, controller, elementTables());
 }

@@ -29,7 +29,7 @@ std::wstring nameOf(int kind, std::wstring_view KindNames::*name)
 
 } // namespace
 
-std::wstring pointKindName(int kind)
+std::wstring pointKindFullName(int kind)
 {
     return nameOf(kind, &KindNames::name);
 }

@@ -18,7 +18,7 @@ enum class PointKind : std::uint8_t {
 };
 
 // "Скважина", "Шурф", "Зондирование"; of other numbers the number itself.
-std::wstring pointKindName(int kind);
+std::wstring pointKindFullName(int kind);
 // "Скв.", "Шурф", "Тсз.".
 std::wstring pointKindShortName(int kind);
 

@@ -118,6 +118,6 @@ TEST(SitePoints, NumbersOfTheFirstRow)
     EXPECT_EQ(points[0].mark, Number(0));
     EXPECT_EQ(points[0].kind, PointKind::Sounding);
     EXPECT_EQ(points[1].kind, PointKind::Unknown);
-    EXPECT_EQ(pointKindName(2), L"Шурф");
+    EXPECT_EQ(pointKindFullName(2), L"Шурф");
     EXPECT_EQ(pointKindShortName(77), L"77");
 }

@@ -1,9 +1,10 @@
-#include "common/sheets/sheet_texts.h"
-#include "common/sheets/sheets.h"
 #include "dictionaries/laboratory_vocabulary.h"
 #include "dictionaries/section_captions.h"
 #include "dictionaries/soil_names.h"
 #include "site/by_point.h"
+#include "site/points.h"
+#include "tables/cell_texts.h"
+#include "tables/tables.h"
 
 #include <map>
 #include <tuple>
@@ -73,7 +74,7 @@ std::unordered_map<std::wstring_view, Depth> greatestDepths(const LithologyRegis
     return depths;
 }
 
-void fillPoints(SheetRows& rows, const SheetSource& source)
+void fillPoints(TableRows& rows, const TableSource& source)
 {
     IDBProject& project = source.project;
     const Holdings holdings{rowCounts(project.getLithology()),
@@ -83,7 +84,7 @@ void fillPoints(SheetRows& rows, const SheetSource& source)
     const auto depths = greatestDepths(project.getLithology());
     for (const auto& [name, summary] : allPoints(project.getPointRegister(), holdings))
         rows.add({name,
-            summary.kind == 0 ? std::wstring() : pointKindText(summary.kind),
+            summary.kind == 0 ? std::wstring() : pointKindShortName(summary.kind),
             summary.mark,
             foundOr(depths, name).typed,
             countText(foundOr(holdings.layers, name)),
@@ -134,7 +135,7 @@ std::wstring waterText(const WaterValue& water)
     return parts.empty() ? L"уровень" : joined(parts, L", ");
 }
 
-MergedColumn mergedColumn(const SheetSource& source)
+MergedColumn mergedColumn(const TableSource& source)
 {
     IDBProject& project = source.project;
     const std::wstring_view mark = absoluteMark(project, source.chosen);
@@ -152,7 +153,7 @@ MergedColumn mergedColumn(const SheetSource& source)
     return column;
 }
 
-void fillColumn(SheetRows& rows, const SheetSource& source)
+void fillColumn(TableRows& rows, const TableSource& source)
 {
     for (const auto& [place, row] : mergedColumn(source)) {
         const auto* layer = row.layer.layer;
@@ -167,7 +168,7 @@ void fillColumn(SheetRows& rows, const SheetSource& source)
     }
 }
 
-void fillLinks(SheetRows& rows, const SheetSource& source)
+void fillLinks(TableRows& rows, const TableSource& source)
 {
     for (const auto& [key, value] : source.project.getNumberedLinks())
         rows.add({key, value});
@@ -178,19 +179,19 @@ constexpr std::wstring_view caption(int number)
     return sectionColumnCaptionsWrapped.at(languageRussian, number);
 }
 
-std::vector<Sheet> makeColumnSheets(const Sheet& column)
+std::vector<Table> makeColumnTables(const Table& column)
 {
     return {
         {.name = "igk/points",
             .title = L"Колонки",
             .columns = {{L"Точка", 13},
                 {L"Тип", 8},
-                {L"Отметка\nустья, м", 10, SheetColumn::Number},
-                {L"Глубина, м", 10, SheetColumn::Number},
-                {L"Слоев", 8, SheetColumn::Number},
-                {L"Проб", 8, SheetColumn::Number},
-                {L"Уровней\nводы", 9, SheetColumn::Number},
-                {L"Консистенция", 12, SheetColumn::Number}},
+                {L"Отметка\nустья, м", 10, TableColumn::Number},
+                {L"Глубина, м", 10, TableColumn::Number},
+                {L"Слоев", 8, TableColumn::Number},
+                {L"Проб", 8, TableColumn::Number},
+                {L"Уровней\nводы", 9, TableColumn::Number},
+                {L"Консистенция", 12, TableColumn::Number}},
             .fill = fillPoints,
             .whenEmpty = L"В проекте нет точек.",
             .whatToDo = L"Добавьте точку в режиме «Ведомость координат».",
@@ -205,20 +206,20 @@ std::vector<Sheet> makeColumnSheets(const Sheet& column)
 
 } // namespace
 
-const std::vector<Sheet>& columnSheets()
+const std::vector<Table>& columnTables()
 {
-    static const Sheet column{.name = "igk/column",
+    static const Table column{.name = "igk/column",
         .title = L"Колонка",
-        .columns = {{L"Глубина, м", 10, SheetColumn::Number},
+        .columns = {{L"Глубина, м", 10, TableColumn::Number},
             {caption(1), 10},
-            {L"Мощность\nслоя, м", 11, SheetColumn::Number},
-            {L"Абс. отметка\nподошвы, м", 12, SheetColumn::Number},
+            {L"Мощность\nслоя, м", 11, TableColumn::Number},
+            {L"Абс. отметка\nподошвы, м", 12, TableColumn::Number},
             {caption(9), 40},
             {caption(7), 17},
             {caption(6), 21},
             {L"Консистенция", 14}},
         .fill = fillColumn,
         .whenEmpty = L"У точки нет слоев, проб и уровней воды."};
-    static const std::vector<Sheet> sheets = makeColumnSheets(column);
-    return sheets;
+    static const std::vector<Table> tables = makeColumnTables(column);
+    return tables;
 }

@@ -1,8 +1,9 @@
-#include "common/sheets/sheet_texts.h"
-#include "common/sheets/sheets.h"
 #include "dictionaries/captions.h"
 #include "dictionaries/sounding_captions.h"
 #include "site/by_point.h"
+#include "site/points.h"
+#include "tables/cell_texts.h"
+#include "tables/tables.h"
 
 namespace
 {
@@ -19,18 +20,18 @@ std::wstring_view greatestDepth(const std::vector<SoundingRow>& journal)
     return deepest;
 }
 
-void fillSoundings(SheetRows& rows, const SheetSource& source)
+void fillSoundings(TableRows& rows, const TableSource& source)
 {
     for (const auto& [key, journal] : source.project.getSoundings())
         rows.add({key.pointName,
-            pointKindText(static_cast<int>(key.pointKind)),
+            pointKindShortName(static_cast<int>(key.pointKind)),
             key.device,
             key.date,
             wholeText(journal.size()),
             greatestDepth(journal)});
 }
 
-void fillJournal(SheetRows& rows, const SheetSource& source)
+void fillJournal(TableRows& rows, const TableSource& source)
 {
     for (const auto& [key, journal] : source.project.getSoundings()) {
         if (key.pointName != source.chosen)
@@ -40,35 +41,35 @@ void fillJournal(SheetRows& rows, const SheetSource& source)
     }
 }
 
-void fillFlags(SheetRows& rows, const SheetSource& source)
+void fillFlags(TableRows& rows, const TableSource& source)
 {
     for (const auto& [name, code] : source.project.getSoundingFlags())
         rows.add({name, wholeText(code)});
 }
 
-void fillCalcRows(SheetRows& rows, const SheetSource& source)
+void fillCalcRows(TableRows& rows, const TableSource& source)
 {
     for (const SoundingCalcRow& row : source.project.getSoundingCalcRows())
         rows.add(std::vector<std::wstring>(row.cells.begin(), row.cells.end()));
 }
 
-std::vector<SheetColumn> calcColumns()
+std::vector<TableColumn> calcColumns()
 {
     static const auto titles = numberedTitles<8>(L"Графа");
-    std::vector<SheetColumn> columns;
+    std::vector<TableColumn> columns;
     columns.reserve(titles.size());
     for (const std::wstring& title : titles)
-        columns.push_back({title, 12, SheetColumn::Number});
+        columns.push_back({title, 12, TableColumn::Number});
     return columns;
 }
 
-void fillTriples(SheetRows& rows, const SheetSource& source)
+void fillTriples(TableRows& rows, const TableSource& source)
 {
     for (const auto& [number, values] : source.project.getSoundingTriples())
         rows.add({wholeText(number), wholeText(values[0]), wholeText(values[1]), wholeText(values[2])});
 }
 
-void fillParameters(SheetRows& rows, const SheetSource& source)
+void fillParameters(TableRows& rows, const TableSource& source)
 {
     IDBProject& project = source.project;
     rows.add({L"Признак A", project.getSoundingOptionA() ? L"да" : L"нет"});
@@ -86,26 +87,26 @@ void fillParameters(SheetRows& rows, const SheetSource& source)
 
 } // namespace
 
-const std::vector<Sheet>& soundingSheets()
+const std::vector<Table>& soundingTables()
 {
-    static const Sheet journal{.name = "static/journal",
+    static const Table journal{.name = "static/journal",
         .title = soundingJournalTexts.at(languageRussian, 0),
-        .columns = {{L"Глубина, м", 11, SheetColumn::Number},
-            {L"Отсчет 1", 12, SheetColumn::Number},
-            {L"Отсчет 2", 12, SheetColumn::Number},
-            {L"Отсчет 3", 12, SheetColumn::Number},
-            {L"Отсчет 4", 12, SheetColumn::Number}},
+        .columns = {{L"Глубина, м", 11, TableColumn::Number},
+            {L"Отсчет 1", 12, TableColumn::Number},
+            {L"Отсчет 2", 12, TableColumn::Number},
+            {L"Отсчет 3", 12, TableColumn::Number},
+            {L"Отсчет 4", 12, TableColumn::Number}},
         .fill = fillJournal,
         .whenEmpty = L"В журнале этой точки нет строк."};
-    static const std::vector<Sheet> sheets{
+    static const std::vector<Table> tables{
         {.name = "static/soundings",
             .title = L"Журналы",
             .columns = {{L"Точка", 13},
                 {captions::type, 10},
                 {captions::probeType, 17},
                 {captions::date, 11},
-                {L"Строк", 9, SheetColumn::Number},
-                {L"Макс. глубина\nзонд., м", 13, SheetColumn::Number}},
+                {L"Строк", 9, TableColumn::Number},
+                {L"Макс. глубина\nзонд., м", 13, TableColumn::Number}},
             .fill = fillSoundings,
             .whenEmpty = L"В проекте нет журналов статического зондирования.",
             .detail = &journal},
@@ -116,22 +117,22 @@ const std::vector<Sheet>& soundingSheets()
             .whenEmpty = L"Расчет свай не выполнялся."},
         {.name = "static/flags",
             .title = L"Признаки точек",
-            .columns = {{L"Точка", 18}, {captions::code, 9, SheetColumn::Number}},
+            .columns = {{L"Точка", 18}, {captions::code, 9, TableColumn::Number}},
             .fill = fillFlags,
             .whenEmpty = L"Признаки точек не заданы."},
         {.name = "static/triples",
             .title = L"Наборы чисел",
-            .columns = {{L"Номер", 9, SheetColumn::Number},
-                {L"Число 1", 13, SheetColumn::Number},
-                {L"Число 2", 13, SheetColumn::Number},
-                {L"Число 3", 13, SheetColumn::Number}},
+            .columns = {{L"Номер", 9, TableColumn::Number},
+                {L"Число 1", 13, TableColumn::Number},
+                {L"Число 2", 13, TableColumn::Number},
+                {L"Число 3", 13, TableColumn::Number}},
             .fill = fillTriples,
             .whenEmpty = L"Наборы чисел не заданы."},
         {.name = "static/parameters",
             .title = L"Параметры",
-            .columns = {{L"Параметр", 18}, {captions::value, 13, SheetColumn::Number}},
+            .columns = {{L"Параметр", 18}, {captions::value, 13, TableColumn::Number}},
             .fill = fillParameters,
             .whenEmpty = L"Параметры не заданы."},
     };
-    return sheets;
+    return tables;
 }

@@ -1,14 +1,14 @@
-#include "common/sheets/sheet_texts.h"
-#include "common/sheets/sheets.h"
 #include "dictionaries/captions.h"
 #include "site/by_point.h"
+#include "tables/cell_texts.h"
+#include "tables/tables.h"
 
 #include <map>
 
 namespace
 {
 
-void fillElements(SheetRows& rows, const SheetSource& source)
+void fillElements(TableRows& rows, const TableSource& source)
 {
     for (const auto& [name, element] : source.project.getStrataElements()) {
         std::vector<std::wstring> cells{name,
@@ -26,24 +26,24 @@ void fillElements(SheetRows& rows, const SheetSource& source)
 }
 
 // Their texts have no captions anywhere but in the screen that edits them, so they go by number here.
-std::vector<SheetColumn> elementColumns()
+std::vector<TableColumn> elementColumns()
 {
     static const auto titles = numberedTitles<11>(L"Текст");
-    std::vector<SheetColumn> columns{{L"ИГЭ", 10},
-        {L"Код", 9, SheetColumn::Number},
-        {L"Число 2", 9, SheetColumn::Number},
-        {L"Число 3", 9, SheetColumn::Number},
-        {L"Нижняя\nграница", 9, SheetColumn::Number},
-        {L"Среднее", 9, SheetColumn::Number},
-        {L"Верхняя\nграница", 9, SheetColumn::Number}};
+    std::vector<TableColumn> columns{{L"ИГЭ", 10},
+        {L"Код", 9, TableColumn::Number},
+        {L"Число 2", 9, TableColumn::Number},
+        {L"Число 3", 9, TableColumn::Number},
+        {L"Нижняя\nграница", 9, TableColumn::Number},
+        {L"Среднее", 9, TableColumn::Number},
+        {L"Верхняя\nграница", 9, TableColumn::Number}};
     for (const std::wstring& title : titles)
-        columns.push_back({title, 9, SheetColumn::Text, true});
+        columns.push_back({title, 9, TableColumn::Text, true});
     columns.push_back({L"Рисунок 1", 9});
     columns.push_back({L"Рисунок 2", 9});
     return columns;
 }
 
-Sheet elementSheet(std::string_view name)
+Table elementTable(std::string_view name)
 {
     return {.name = name,
         .title = L"Элементы",
@@ -52,7 +52,7 @@ Sheet elementSheet(std::string_view name)
         .whenEmpty = L"Инженерно-геологические элементы в проекте не выделены."};
 }
 
-void fillLayers(SheetRows& rows, const SheetSource& source)
+void fillLayers(TableRows& rows, const TableSource& source)
 {
     const auto marks = absoluteMarks(source.project);
     rows.reserve(source.project.getLithology().size());
@@ -87,7 +87,7 @@ void keepExtreme(std::wstring& kept, const std::wstring& thickness, bool greates
         kept = thickness;
 }
 
-void fillIndices(SheetRows& rows, const SheetSource& source)
+void fillIndices(TableRows& rows, const TableSource& source)
 {
     std::map<std::wstring_view, IndexSummary> indices;
     for (const auto& [point, entries] : rowsByPoint(source.project.getLithology()))
@@ -111,21 +111,21 @@ void fillIndices(SheetRows& rows, const SheetSource& source)
 constexpr std::wstring_view noLayers = L"В проекте нет слоев.";
 constexpr std::wstring_view enterLayers = L"Введите их в режиме «Литология».";
 
-std::vector<SheetColumn> layerColumns()
+std::vector<TableColumn> layerColumns()
 {
-    return {{L"№", 6, SheetColumn::Number},
-        {L"Кровля, м", 9, SheetColumn::Number},
-        {L"Подошва, м", 10, SheetColumn::Number},
-        {L"Мощность, м", 11, SheetColumn::Number},
-        {L"Абс. отметка\nподошвы, м", 12, SheetColumn::Number},
+    return {{L"№", 6, TableColumn::Number},
+        {L"Кровля, м", 9, TableColumn::Number},
+        {L"Подошва, м", 10, TableColumn::Number},
+        {L"Мощность, м", 11, TableColumn::Number},
+        {L"Абс. отметка\nподошвы, м", 12, TableColumn::Number},
         {L"Геоиндекс", 10},
         {captions::soilDescription, 30}};
 }
 
-Sheet layerSheet()
+Table layerTable()
 {
-    std::vector<SheetColumn> columns{{L"Точка", 11}};
-    const std::vector<SheetColumn> further = layerColumns();
+    std::vector<TableColumn> columns{{L"Точка", 11}};
+    const std::vector<TableColumn> further = layerColumns();
     columns.insert(columns.end(), further.begin(), further.end());
     return {.name = "stratigraphicIge/layers",
         .title = L"Слои",
@@ -135,7 +135,7 @@ Sheet layerSheet()
         .whatToDo = enterLayers};
 }
 
-void fillColumns(SheetRows& rows, const SheetSource& source)
+void fillColumns(TableRows& rows, const TableSource& source)
 {
     const auto marks = absoluteMarks(source.project);
     for (const auto& [point, entries] : rowsByPoint(source.project.getLithology()))
@@ -146,7 +146,7 @@ void fillColumns(SheetRows& rows, const SheetSource& source)
             differenceText(foundOr(marks, point), entries.back()->first.depth)});
 }
 
-void fillLayersOfColumn(SheetRows& rows, const SheetSource& source)
+void fillLayersOfColumn(TableRows& rows, const TableSource& source)
 {
     const std::wstring_view mark = absoluteMark(source.project, source.chosen);
     std::size_t number = 0;
@@ -162,50 +162,50 @@ void fillLayersOfColumn(SheetRows& rows, const SheetSource& source)
 
 } // namespace
 
-const std::vector<Sheet>& elementSheets()
+const std::vector<Table>& elementTables()
 {
-    static const std::vector<Sheet> sheets{elementSheet("ige/elements")};
-    return sheets;
+    static const std::vector<Table> tables{elementTable("ige/elements")};
+    return tables;
 }
 
-const std::vector<Sheet>& stratigraphicOrderSheets()
+const std::vector<Table>& stratigraphicOrderTables()
 {
-    static const std::vector<Sheet> sheets{
-        layerSheet(),
+    static const std::vector<Table> tables{
+        layerTable(),
         {.name = "stratigraphicIge/indices",
             .title = L"Геоиндексы",
             .columns = {{L"Геоиндекс", 16},
-                {L"Точек", 9, SheetColumn::Number},
-                {L"Слоев", 9, SheetColumn::Number},
-                {L"Мощность\nнаименьшая, м", 14, SheetColumn::Number},
-                {L"Мощность\nнаибольшая, м", 14, SheetColumn::Number}},
+                {L"Точек", 9, TableColumn::Number},
+                {L"Слоев", 9, TableColumn::Number},
+                {L"Мощность\nнаименьшая, м", 14, TableColumn::Number},
+                {L"Мощность\nнаибольшая, м", 14, TableColumn::Number}},
             .fill = fillIndices,
             .whenEmpty = noLayers,
             .whatToDo = enterLayers},
-        elementSheet("stratigraphicIge/elements"),
+        elementTable("stratigraphicIge/elements"),
     };
-    return sheets;
+    return tables;
 }
 
-const std::vector<Sheet>& stratigraphicColumnSheets()
+const std::vector<Table>& stratigraphicColumnTables()
 {
-    static const Sheet layers{.name = "stratigraphic/layers",
+    static const Table layers{.name = "stratigraphic/layers",
         .title = L"Слои колонки",
         .columns = layerColumns(),
         .fill = fillLayersOfColumn,
         .whenEmpty = L"У точки нет слоев."};
-    static const std::vector<Sheet> sheets{
+    static const std::vector<Table> tables{
         {.name = "stratigraphic/columns",
             .title = L"Колонки",
             .columns = {{L"Точка", 13},
-                {L"Отметка\nустья, м", 11, SheetColumn::Number},
-                {L"Слоев", 9, SheetColumn::Number},
-                {L"Глубина, м", 11, SheetColumn::Number},
-                {L"Абс. отметка\nзабоя, м", 12, SheetColumn::Number}},
+                {L"Отметка\nустья, м", 11, TableColumn::Number},
+                {L"Слоев", 9, TableColumn::Number},
+                {L"Глубина, м", 11, TableColumn::Number},
+                {L"Абс. отметка\nзабоя, м", 12, TableColumn::Number}},
             .fill = fillColumns,
             .whenEmpty = noLayers,
             .whatToDo = enterLayers,
             .detail = &layers},
     };
-    return sheets;
+    return tables;
 }

@@ -1,5 +1,3 @@
-#include "common/sheets/sheet_texts.h"
-#include "common/sheets/sheets.h"
 #include "dictionaries/captions.h"
 #include "dictionaries/fractions.h"
 #include "dictionaries/laboratory_vocabulary.h"
@@ -7,6 +5,8 @@
 #include "dictionaries/properties.h"
 #include "dictionaries/test_loads.h"
 #include "site/by_point.h"
+#include "tables/cell_texts.h"
+#include "tables/tables.h"
 
 #include <algorithm>
 #include <array>
@@ -17,9 +17,9 @@ namespace
 
 using Sample = LabSampleRegister::value_type;
 
-constexpr SheetColumn pointColumn{captions::excavation, 11};
-constexpr SheetColumn depthColumn{L"Глубина\nотбора, м", 8, SheetColumn::Number};
-constexpr SheetColumn codeColumn{captions::sampleCode, 10};
+constexpr TableColumn pointColumn{captions::excavation, 11};
+constexpr TableColumn depthColumn{L"Глубина\nотбора, м", 8, TableColumn::Number};
+constexpr TableColumn codeColumn{captions::sampleCode, 10};
 
 std::size_t cellCount(const LabSample& sample)
 {
@@ -29,7 +29,7 @@ std::size_t cellCount(const LabSample& sample)
     return count;
 }
 
-void fillSamples(SheetRows& rows, const SheetSource& source)
+void fillSamples(TableRows& rows, const TableSource& source)
 {
     // The kind of a sample stands in the field register.
     const auto field = rowsByPlace(source.project.getSamples());
@@ -50,7 +50,7 @@ void fillSamples(SheetRows& rows, const SheetSource& source)
     }
 }
 
-void fillPhysical(SheetRows& rows, const SheetSource& source)
+void fillPhysical(TableRows& rows, const TableSource& source)
 {
     for (const auto& [key, sample] : source.project.getLabSamples())
         for (const PropertyCell& cell : sample.physical)
@@ -62,7 +62,7 @@ void fillPhysical(SheetRows& rows, const SheetSource& source)
                 yesText(cell.enabled)});
 }
 
-void fillGrading(SheetRows& rows, const SheetSource& source)
+void fillGrading(TableRows& rows, const TableSource& source)
 {
     for (const auto& [key, sample] : source.project.getLabSamples()) {
         if (sample.grading.empty())
@@ -81,7 +81,7 @@ void fillGrading(SheetRows& rows, const SheetSource& source)
     }
 }
 
-std::vector<SheetColumn> gradingColumns()
+std::vector<TableColumn> gradingColumns()
 {
     static const auto titles = [] {
         std::array<std::wstring, std::size(fractionRows)> made;
@@ -90,14 +90,14 @@ std::vector<SheetColumn> gradingColumns()
         });
         return made;
     }();
-    std::vector<SheetColumn> columns{pointColumn, depthColumn, codeColumn};
+    std::vector<TableColumn> columns{pointColumn, depthColumn, codeColumn};
     for (const std::wstring& title : titles)
-        columns.push_back({title, 10, SheetColumn::Number, true});
-    columns.push_back({L"Прочие\nфракции", 13, SheetColumn::Text, true});
+        columns.push_back({title, 10, TableColumn::Number, true});
+    columns.push_back({L"Прочие\nфракции", 13, TableColumn::Text, true});
     return columns;
 }
 
-void fillCompression(SheetRows& rows, const SheetSource& source)
+void fillCompression(TableRows& rows, const TableSource& source)
 {
     for (const auto& [key, sample] : source.project.getLabSamples())
         for (const auto& [test, group] : sample.compression)
@@ -112,7 +112,7 @@ void fillCompression(SheetRows& rows, const SheetSource& source)
                     cell.textC});
 }
 
-void fillShear(SheetRows& rows, const SheetSource& source)
+void fillShear(TableRows& rows, const TableSource& source)
 {
     for (const auto& [key, sample] : source.project.getLabSamples())
         for (const auto& [method, cells] : sample.shear)
@@ -125,7 +125,7 @@ void fillShear(SheetRows& rows, const SheetSource& source)
                     cell.value});
 }
 
-void fillSwelling(SheetRows& rows, const SheetSource& source)
+void fillSwelling(TableRows& rows, const TableSource& source)
 {
     for (const auto& [key, sample] : source.project.getLabSamples())
         for (const SwellingCell& cell : sample.swelling)
@@ -138,7 +138,7 @@ void fillSwelling(SheetRows& rows, const SheetSource& source)
                 cell.textC});
 }
 
-void fillShrinkage(SheetRows& rows, const SheetSource& source)
+void fillShrinkage(TableRows& rows, const TableSource& source)
 {
     for (const auto& [key, sample] : source.project.getLabSamples())
         for (const ShrinkageRow& row : sample.shrinkage)
@@ -154,7 +154,7 @@ void fillShrinkage(SheetRows& rows, const SheetSource& source)
                 row.cells[5]});
 }
 
-void fillTemplates(SheetRows& rows, const SheetSource& source)
+void fillTemplates(TableRows& rows, const TableSource& source)
 {
     IDBProject& project = source.project;
     for (const PropertyCell& cell : project.getPhysicalTemplate())
@@ -180,23 +180,23 @@ void fillTemplates(SheetRows& rows, const SheetSource& source)
 } // namespace
 
 // A table, as long as it must be. NOLINTNEXTLINE(readability-function-size)
-const std::vector<Sheet>& laboratorySheets()
+const std::vector<Table>& laboratoryTables()
 {
-    static const std::vector<Sheet> sheets{
+    static const std::vector<Table> tables{
         {.name = "laboratory/samples",
             .title = captions::sampleRegister,
             .columns = {pointColumn,
                 depthColumn,
                 codeColumn,
-                {L"Номер\nпробы", 8, SheetColumn::Number},
-                {captions::sampleType, 18, SheetColumn::Text, true},
-                {captions::soilName, 19, SheetColumn::Text, true},
-                {L"Физические\nсвойства", 11, SheetColumn::Number},
-                {L"Фракции", 9, SheetColumn::Number, true},
-                {labModeTitles.at(LabCompression), 11, SheetColumn::Number, true},
-                {labModeTitles.at(LabShear), 8, SheetColumn::Number, true},
-                {L"Набухание", 10, SheetColumn::Number, true},
-                {L"Усадка", 8, SheetColumn::Number, true}},
+                {L"Номер\nпробы", 8, TableColumn::Number},
+                {captions::sampleType, 18, TableColumn::Text, true},
+                {captions::soilName, 19, TableColumn::Text, true},
+                {L"Физические\nсвойства", 11, TableColumn::Number},
+                {L"Фракции", 9, TableColumn::Number, true},
+                {labModeTitles.at(LabCompression), 11, TableColumn::Number, true},
+                {labModeTitles.at(LabShear), 8, TableColumn::Number, true},
+                {L"Набухание", 10, TableColumn::Number, true},
+                {L"Усадка", 8, TableColumn::Number, true}},
             .fill = fillSamples,
             .whenEmpty = L"В проекте нет лабораторных проб."},
         {.name = "laboratory/physical",
@@ -205,7 +205,7 @@ const std::vector<Sheet>& laboratorySheets()
                 depthColumn,
                 codeColumn,
                 {captions::propertyName, 43},
-                {captions::value, 11, SheetColumn::Number},
+                {captions::value, 11, TableColumn::Number},
                 {L"В наборе", 9}},
             .fill = fillPhysical,
             .whenEmpty = L"Физические свойства проб не определялись."},
@@ -220,10 +220,10 @@ const std::vector<Sheet>& laboratorySheets()
                 depthColumn,
                 codeColumn,
                 {L"Испытание", 41},
-                {L"Нагрузка,\nМПа", 9, SheetColumn::Number},
-                {L"Отсчет 1", 10, SheetColumn::Number},
-                {L"Отсчет 2", 10, SheetColumn::Number, true},
-                {L"Отсчет 3", 10, SheetColumn::Number, true}},
+                {L"Нагрузка,\nМПа", 9, TableColumn::Number},
+                {L"Отсчет 1", 10, TableColumn::Number},
+                {L"Отсчет 2", 10, TableColumn::Number, true},
+                {L"Отсчет 3", 10, TableColumn::Number, true}},
             .fill = fillCompression,
             .whenEmpty = L"Компрессионных испытаний нет."},
         {.name = "laboratory/shear",
@@ -232,8 +232,8 @@ const std::vector<Sheet>& laboratorySheets()
                 depthColumn,
                 codeColumn,
                 {L"Метод", 48},
-                {L"Нагрузка,\nМПа", 9, SheetColumn::Number},
-                {L"Сопротивление\nсдвигу, МПа", 13, SheetColumn::Number}},
+                {L"Нагрузка,\nМПа", 9, TableColumn::Number},
+                {L"Сопротивление\nсдвигу, МПа", 13, TableColumn::Number}},
             .fill = fillShear,
             .whenEmpty = L"Испытаний на сдвиг нет."},
         {.name = "laboratory/swelling",
@@ -241,10 +241,10 @@ const std::vector<Sheet>& laboratorySheets()
             .columns = {pointColumn,
                 depthColumn,
                 codeColumn,
-                {L"Нагрузка,\nМПа", 9, SheetColumn::Number},
-                {L"Высота\nобразца, см", 12, SheetColumn::Number},
-                {L"Набухание\nабсолютное, см", 14, SheetColumn::Number},
-                {L"Относительная\nнабухаемость", 14, SheetColumn::Number}},
+                {L"Нагрузка,\nМПа", 9, TableColumn::Number},
+                {L"Высота\nобразца, см", 12, TableColumn::Number},
+                {L"Набухание\nабсолютное, см", 14, TableColumn::Number},
+                {L"Относительная\nнабухаемость", 14, TableColumn::Number}},
             .fill = fillSwelling,
             .whenEmpty = L"Испытаний на набухание нет."},
         {.name = "laboratory/shrinkage",
@@ -252,25 +252,25 @@ const std::vector<Sheet>& laboratorySheets()
             .columns = {pointColumn,
                 depthColumn,
                 codeColumn,
-                {L"№", 6, SheetColumn::Number},
+                {L"№", 6, TableColumn::Number},
                 {captions::dryingStage, 11},
-                {L"Диаметр\nобразца, см", 12, SheetColumn::Number},
-                {L"Высота\nобразца, см", 12, SheetColumn::Number},
-                {L"Вес\nобразца, г", 12, SheetColumn::Number},
-                {L"Объем\nобразца, см3", 12, SheetColumn::Number},
-                {L"Влажность\nобразца, д.е.", 12, SheetColumn::Number}},
+                {L"Диаметр\nобразца, см", 12, TableColumn::Number},
+                {L"Высота\nобразца, см", 12, TableColumn::Number},
+                {L"Вес\nобразца, г", 12, TableColumn::Number},
+                {L"Объем\nобразца, см3", 12, TableColumn::Number},
+                {L"Влажность\nобразца, д.е.", 12, TableColumn::Number}},
             .fill = fillShrinkage,
             .whenEmpty = L"Испытаний на усадку нет."},
         {.name = "laboratory/templates",
             .title = L"Шаблоны",
             .columns = {{L"Шаблон", 18},
                 {L"Свойство или нагрузка, МПа", 43},
-                {captions::value, 11, SheetColumn::Number},
-                {L"Значение 2", 11, SheetColumn::Number, true},
-                {L"Значение 3", 11, SheetColumn::Number, true},
+                {captions::value, 11, TableColumn::Number},
+                {L"Значение 2", 11, TableColumn::Number, true},
+                {L"Значение 3", 11, TableColumn::Number, true},
                 {L"В наборе", 9}},
             .fill = fillTemplates,
             .whenEmpty = L"Шаблоны новых проб в проекте не заданы."},
     };
-    return sheets;
+    return tables;
 }

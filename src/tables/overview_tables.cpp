@@ -1,7 +1,7 @@
-#include "common/sheets/sheet_texts.h"
-#include "common/sheets/sheets.h"
 #include "dictionaries/section_captions.h"
 #include "site/by_point.h"
+#include "tables/cell_texts.h"
+#include "tables/tables.h"
 
 #include <unordered_set>
 
@@ -50,7 +50,7 @@ std::size_t pointsIn(const Register& all)
 }
 
 template <class Register>
-void addSummary(SheetRows& rows, std::wstring_view title, const Register& all, std::wstring_view points)
+void addSummary(TableRows& rows, std::wstring_view title, const Register& all, std::wstring_view points)
 {
     if (all.empty())
         rows.add({title, L"0"});
@@ -63,18 +63,18 @@ void addSummary(SheetRows& rows, std::wstring_view title, const Register& all, s
 }
 
 template <class Register>
-void addPointRegister(SheetRows& rows, std::wstring_view title, const Register& all)
+void addPointRegister(TableRows& rows, std::wstring_view title, const Register& all)
 {
     addSummary(rows, title, all, wholeText(pointsIn(all)));
 }
 
 template <class Register>
-void addPlainRegister(SheetRows& rows, std::wstring_view title, const Register& all)
+void addPlainRegister(TableRows& rows, std::wstring_view title, const Register& all)
 {
     addSummary(rows, title, all, {});
 }
 
-void fillRegisters(SheetRows& rows, const SheetSource& source)
+void fillRegisters(TableRows& rows, const TableSource& source)
 {
     IDBProject& project = source.project;
     addPointRegister(rows, L"Ведомость координат", project.getPointRegister());
@@ -105,7 +105,7 @@ Counts listSizes(const Map& lists)
     return counts;
 }
 
-void fillPoints(SheetRows& rows, const SheetSource& source)
+void fillPoints(TableRows& rows, const TableSource& source)
 {
     IDBProject& project = source.project;
     const Counts columns[] = {rowCounts(project.getLithology()),
@@ -123,15 +123,15 @@ void fillPoints(SheetRows& rows, const SheetSource& source)
     }
 }
 
-std::vector<SheetColumn> pointColumns()
+std::vector<TableColumn> pointColumns()
 {
-    std::vector<SheetColumn> columns;
+    std::vector<TableColumn> columns;
     for (const auto& [number, title] : registerColumns)
-        columns.push_back({title, 14, number == 0 ? SheetColumn::Text : SheetColumn::Number});
+        columns.push_back({title, 14, number == 0 ? TableColumn::Text : TableColumn::Number});
     return columns;
 }
 
-void fillHead(SheetRows& rows, const SheetSource& source)
+void fillHead(TableRows& rows, const TableSource& source)
 {
     IDBProject& project = source.project;
     rows.add({L"Шифр", project.getProjectCode()});
@@ -144,14 +144,14 @@ void fillHead(SheetRows& rows, const SheetSource& source)
 
 } // namespace
 
-const std::vector<Sheet>& overviewSheets()
+const std::vector<Table>& overviewTables()
 {
-    static const std::vector<Sheet> sheets{
+    static const std::vector<Table> tables{
         {.name = "consolidated/registers",
             .title = L"Реестры",
             .columns = {{L"Реестр", 34},
-                {L"Записей", 9, SheetColumn::Number},
-                {L"Точек", 8, SheetColumn::Number},
+                {L"Записей", 9, TableColumn::Number},
+                {L"Точек", 8, TableColumn::Number},
                 {L"Первая запись", 23},
                 {L"Последняя запись", 23}},
             .fill = fillRegisters,
@@ -168,5 +168,5 @@ const std::vector<Sheet>& overviewSheets()
             .fill = fillHead,
             .whenEmpty = L"О проекте ничего не известно."},
     };
-    return sheets;
+    return tables;
 }

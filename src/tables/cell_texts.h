@@ -13,7 +13,7 @@
 
 // Cells from what the project holds.
 
-// A whole number. The library's own words for it go through the formatting of all numbers, which in a sheet
+// A whole number. The library's own words for it go through the formatting of all numbers, which in a table
 // of 100,000 rows takes longer than all else.
 template <std::integral Number>
 std::wstring wholeText(Number number)
@@ -55,9 +55,6 @@ std::wstring nameText(const Dictionary<int, std::wstring_view, Size>& names, int
     const std::wstring_view* name = names.find(number);
     return name ? std::wstring(*name) : wholeText(number);
 }
-
-// "Скв.", "Шурф", "Тсз.".
-std::wstring pointKindText(int kind);
 
 // Titles of cells that have numbers for names: "Показатель 1", "Показатель 2".
 template <std::size_t Count>

@@ -1,26 +1,26 @@
-#include "common/sheets/sheet_texts.h"
-#include "common/sheets/sheets.h"
 #include "dictionaries/captions.h"
 #include "modules/idbproject.h"
 #include "site/by_point.h"
+#include "tables/cell_texts.h"
+#include "tables/tables.h"
 
 namespace
 {
 
-void fillSubsidence(SheetRows& rows, const SheetSource& source)
+void fillSubsidence(TableRows& rows, const TableSource& source)
 {
     for (const auto& [point, cells] : source.project.getSubsidence())
         for (const SubsidenceCell& cell : cells)
             rows.add({point, cell.title, wholeText(cell.code), cell.text});
 }
 
-void fillNames(SheetRows& rows, const SheetSource& source)
+void fillNames(TableRows& rows, const TableSource& source)
 {
     for (const auto& [point, names] : source.project.getSubsidenceNames())
         rows.add({point, joined(names)});
 }
 
-void fillGroups(SheetRows& rows, const SheetSource& source)
+void fillGroups(TableRows& rows, const TableSource& source)
 {
     for (const auto& [point, groups] : source.project.getSubsidenceGroups()) {
         std::size_t number = 0;
@@ -29,7 +29,7 @@ void fillGroups(SheetRows& rows, const SheetSource& source)
     }
 }
 
-void fillChemistry(SheetRows& rows, const SheetSource& source)
+void fillChemistry(TableRows& rows, const TableSource& source)
 {
     const auto samples = rowsByPlace(source.project.getLabSamples());
     for (const auto& [key, record] : source.project.getChemistry()) {
@@ -42,29 +42,29 @@ void fillChemistry(SheetRows& rows, const SheetSource& source)
 }
 
 // No dictionary names the components, so they go by number; an analysis fills a few of the thirty.
-std::vector<SheetColumn> chemistryColumns()
+std::vector<TableColumn> chemistryColumns()
 {
     static const auto titles =
         numberedTitles<std::tuple_size_v<decltype(ChemistryRecord::cells)>>(L"Показатель");
-    std::vector<SheetColumn> columns{{captions::excavation, 11},
-        {L"Глубина\nотбора, м", 9, SheetColumn::Number},
-        {captions::sampleCode, 10, SheetColumn::Text, true}};
+    std::vector<TableColumn> columns{{captions::excavation, 11},
+        {L"Глубина\nотбора, м", 9, TableColumn::Number},
+        {captions::sampleCode, 10, TableColumn::Text, true}};
     for (const std::wstring& title : titles)
-        columns.push_back({title, 13, SheetColumn::Number, true});
+        columns.push_back({title, 13, TableColumn::Number, true});
     return columns;
 }
 
 } // namespace
 
-const std::vector<Sheet>& subsidenceSheets()
+const std::vector<Table>& subsidenceTables()
 {
-    static const std::vector<Sheet> sheets{
+    static const std::vector<Table> tables{
         {.name = "subsidence/cells",
             .title = L"Просадочность",
             .columns = {{L"Точка", 13},
                 {L"Название", 24},
-                {captions::code, 9, SheetColumn::Number},
-                {captions::value, 13, SheetColumn::Number}},
+                {captions::code, 9, TableColumn::Number},
+                {captions::value, 13, TableColumn::Number}},
             .fill = fillSubsidence,
             .whenEmpty = L"Просадочность точек не определялась."},
         {.name = "subsidence/names",
@@ -74,21 +74,21 @@ const std::vector<Sheet>& subsidenceSheets()
             .whenEmpty = L"Наименований нет."},
         {.name = "subsidence/groups",
             .title = L"Группы",
-            .columns = {{L"Точка", 13}, {L"Группа", 9, SheetColumn::Number}, {L"Состав", 56}},
+            .columns = {{L"Точка", 13}, {L"Группа", 9, TableColumn::Number}, {L"Состав", 56}},
             .fill = fillGroups,
             .whenEmpty = L"Групп нет."},
     };
-    return sheets;
+    return tables;
 }
 
-const std::vector<Sheet>& chemistrySheets()
+const std::vector<Table>& chemistryTables()
 {
-    static const std::vector<Sheet> sheets{
+    static const std::vector<Table> tables{
         {.name = "chemistry/analyses",
             .title = L"Анализы",
             .columns = chemistryColumns(),
             .fill = fillChemistry,
             .whenEmpty = L"В проекте нет химических анализов."},
     };
-    return sheets;
+    return tables;
 }

@@ -1,11 +1,10 @@
-#include "common/sheets/sheet_texts.h"
+#include "tables/cell_texts.h"
 
-#include "common/sheet.h"
-#include "dictionaries/captions.h"
+#include "tables/table.h"
 
 #include <charconv>
 
-bool SheetRows::isColumnEmpty(std::size_t column) const
+bool TableRows::isColumnEmpty(std::size_t column) const
 {
     for (std::size_t row = 0; row < size(); ++row)
         if (!cell(row, column).empty())
@@ -29,14 +28,4 @@ std::wstring joined(const std::vector<std::wstring>& texts, std::wstring_view se
     }
     all.resize(all.size() - (texts.empty() ? 0 : separator.size()));
     return all;
-}
-
-std::wstring pointKindText(int kind)
-{
-    static constexpr auto kinds = textsByNumber({
-        {1, captions::boreholeShortRussian},
-        {2, captions::pit},
-        {3, captions::soundingPointShort},
-    });
-    return nameText(kinds, kind);
 }

@@ -1,9 +1,9 @@
-#include "common/sheets/sheet_texts.h"
-#include "common/sheets/sheets.h"
 #include "dialogs/records/inform_record.h"
 #include "dictionaries/captions.h"
 #include "dictionaries/modes.h"
 #include "modules/idbproject.h"
+#include "tables/cell_texts.h"
+#include "tables/tables.h"
 
 #include <map>
 
@@ -31,7 +31,7 @@ std::wstring pointNames(const std::vector<SectionRef>& line)
 }
 
 // A section has its points in one register and its ends in another, and may stand in only one of them.
-void fillLines(SheetRows& rows, const SectionLineMap& lines, const SectionPointMap& ends)
+void fillLines(TableRows& rows, const SectionLineMap& lines, const SectionPointMap& ends)
 {
     std::vector<std::wstring_view> order;
     std::map<std::wstring_view, LineAndEnds> sections;
@@ -57,34 +57,34 @@ void fillLines(SheetRows& rows, const SectionLineMap& lines, const SectionPointM
     }
 }
 
-void fillPlain(SheetRows& rows, const SheetSource& source)
+void fillPlain(TableRows& rows, const TableSource& source)
 {
     fillLines(rows, source.project.getSectionLines(), source.project.getSectionPoints());
 }
 
-void fillTerrain(SheetRows& rows, const SheetSource& source)
+void fillTerrain(TableRows& rows, const TableSource& source)
 {
     fillLines(rows, source.project.getTerrainLines(), source.project.getTerrainPoints());
 }
 
-Sheet lineSheet(std::string_view name, std::wstring_view title, void (*fill)(SheetRows&, const SheetSource&))
+Table lineTable(std::string_view name, std::wstring_view title, void (*fill)(TableRows&, const TableSource&))
 {
     return {.name = name,
         .title = title,
         .columns = {{L"Разрез", 14},
-            {L"Точек", 7, SheetColumn::Number},
+            {L"Точек", 7, TableColumn::Number},
             {L"Точки по линии", 36},
             {L"Начало", 12},
-            {L"Отметка\nначала, м", 11, SheetColumn::Number},
+            {L"Отметка\nначала, м", 11, TableColumn::Number},
             {L"Конец", 12},
-            {L"Отметка\nконца, м", 11, SheetColumn::Number}},
+            {L"Отметка\nконца, м", 11, TableColumn::Number}},
         .fill = fill,
         .whenEmpty = L"Линии разрезов не проведены.",
         .whatToDo = L"Всю площадку в разрезе показывает вкладка «Обзор площадки»."};
 }
 
 // Every point of the site seen from a side: a section can be looked at before its line is drawn.
-void fillViews(SheetRows& rows, const SheetSource& source)
+void fillViews(TableRows& rows, const TableSource& source)
 {
     std::size_t points = 0;
     for (const auto& [key, row] : source.project.getPointRegister())
@@ -95,13 +95,13 @@ void fillViews(SheetRows& rows, const SheetSource& source)
     rows.add({siteViewAlongX, countText(points)});
 }
 
-void fillTerrainCells(SheetRows& rows, const SheetSource& source)
+void fillTerrainCells(TableRows& rows, const TableSource& source)
 {
     for (const auto& [number, cells] : source.project.getTerrainCells())
         rows.add({wholeText(number), joined(cells)});
 }
 
-void fillCurves(SheetRows& rows, const SheetSource& source)
+void fillCurves(TableRows& rows, const TableSource& source)
 {
     for (const auto& [key, cells] : source.project.getSectionCurves()) {
         std::size_t number = 0;
@@ -127,7 +127,7 @@ std::size_t informCount(const InformList& informs)
     return count;
 }
 
-void fillDrawings(SheetRows& rows, const SheetSource& source)
+void fillDrawings(TableRows& rows, const TableSource& source)
 {
     IDBProject& project = source.project;
     rows.add({modeNames.at(ModeSection),
@@ -169,14 +169,14 @@ void fillDrawings(SheetRows& rows, const SheetSource& source)
 
 } // namespace
 
-const std::vector<Sheet>& sectionSheets()
+const std::vector<Table>& sectionTables()
 {
-    static const std::vector<Sheet> sheets{
-        lineSheet("section/lines", L"Линии разрезов", fillPlain),
-        lineSheet("section/terrain", L"Линии по модели местности", fillTerrain),
+    static const std::vector<Table> tables{
+        lineTable("section/lines", L"Линии разрезов", fillPlain),
+        lineTable("section/terrain", L"Линии по модели местности", fillTerrain),
         {.name = "section/views",
             .title = L"Обзор площадки",
-            .columns = {{L"Вид", 24}, {L"Точек", 8, SheetColumn::Number}},
+            .columns = {{L"Вид", 24}, {L"Точек", 8, TableColumn::Number}},
             .fill = fillViews,
             .whenEmpty = L"В проекте меньше двух точек.",
             .whatToDo = L"Добавьте точки в режиме «Ведомость координат»."},
@@ -184,9 +184,9 @@ const std::vector<Sheet>& sectionSheets()
             .title = L"Чертежи",
             .columns = {{L"Чертеж", 28},
                 {L"Название", 20},
-                {L"Второе\nназвание", 20, SheetColumn::Text, true},
-                {L"Объектов", 9, SheetColumn::Number},
-                {L"Подписей", 9, SheetColumn::Number},
+                {L"Второе\nназвание", 20, TableColumn::Text, true},
+                {L"Объектов", 9, TableColumn::Number},
+                {L"Подписей", 9, TableColumn::Number},
                 {L"Слой линий", 21},
                 {L"Слой штриховки", 24},
                 {L"Слой текста", 21},
@@ -197,16 +197,16 @@ const std::vector<Sheet>& sectionSheets()
             .title = L"Кривые",
             .columns = {{L"Разрез", 16},
                 {L"Кривая", 16},
-                {L"№", 7, SheetColumn::Number},
+                {L"№", 7, TableColumn::Number},
                 {L"Значение 1", 18},
                 {L"Значение 2", 18}},
             .fill = fillCurves,
             .whenEmpty = L"Кривых на разрезах нет."},
         {.name = "section/terrainCells",
             .title = L"Таблица местности",
-            .columns = {{L"Номер", 9, SheetColumn::Number}, {L"Значения", 56}},
+            .columns = {{L"Номер", 9, TableColumn::Number}, {L"Значения", 56}},
             .fill = fillTerrainCells,
             .whenEmpty = L"Таблица модели местности пуста."},
     };
-    return sheets;
+    return tables;
 }

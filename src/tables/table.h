@@ -11,7 +11,7 @@ class IDBProject;
 // What a mode shows of the project, as tables of texts below the windows: a screen draws them, a test reads
 // them, neither knows where a cell comes from.
 
-struct SheetColumn {
+struct TableColumn {
     enum Kind {
         Text,
         Number, // right-aligned
@@ -22,12 +22,12 @@ struct SheetColumn {
     bool onlyWhenFilled = false; // hidden while every cell is empty
 };
 
-// The rows of a sheet: all their texts in one block, so that a register of 100,000 rows costs two growing
+// The rows of a table: all their texts in one block, so that a register of 100,000 rows costs two growing
 // buffers instead of a million strings. Copies the texts; the project may go meanwhile.
-class SheetRows
+class TableRows
 {
 public:
-    explicit SheetRows(std::size_t columns = 1)
+    explicit TableRows(std::size_t columns = 1)
         : columns_(columns)
     {
     }
@@ -43,8 +43,8 @@ public:
         text_.reserve(rows * columns_ * ordinaryCell);
         ends_.reserve(rows * columns_);
     }
-    // Room for as much as another sheet holds.
-    void reserveLike(const SheetRows& other)
+    // Room for as much as another table holds.
+    void reserveLike(const TableRows& other)
     {
         text_.reserve(other.text_.size());
         ends_.reserve(other.ends_.size());
@@ -61,15 +61,15 @@ public:
     bool isColumnEmpty(std::size_t column) const;
     // A copy with every character changed, for a search that does not tell small letters from capitals.
     template <class Change>
-    SheetRows changed(Change change) const
+    TableRows changed(Change change) const
     {
-        SheetRows copy = *this;
+        TableRows copy = *this;
         for (wchar_t& character : copy.text_)
             character = change(character);
         return copy;
     }
 
-    bool operator==(const SheetRows&) const = default;
+    bool operator==(const TableRows&) const = default;
 
 private:
     template <class Cell>
@@ -88,29 +88,29 @@ private:
 };
 
 // Where the rows come from.
-struct SheetSource {
+struct TableSource {
     IDBProject& project;
     int language = 0; // of the names in dictionaries: languageRussian or languageUkrainian
     std::wstring_view chosen = {}; // for a detail: the first cell of the row chosen above it
 };
 
-struct Sheet {
+struct Table {
     std::string_view name; // of the table in the file of view settings: "laboratory/properties"
     std::wstring_view title; // of the tab
-    std::vector<SheetColumn> columns = {};
-    void (*fill)(SheetRows& rows, const SheetSource& source) = nullptr;
+    std::vector<TableColumn> columns = {};
+    void (*fill)(TableRows& rows, const TableSource& source) = nullptr;
     std::wstring_view whenEmpty = {}; // a sentence in place of a table without rows
     std::wstring_view whatToDo =
         L"Внести эти данные пока можно утилитой tlxtool: dump записывает проект в JSON, "
         L"build собирает его обратно."; // the sentence below it
-    const Sheet* detail = nullptr; // shown below for the current row
+    const Table* detail = nullptr; // shown below for the current row
 };
 
-// Large sheets are mostly read again to find them as they were.
-inline SheetRows rowsOf(const Sheet& sheet, const SheetSource& source, const SheetRows& before = SheetRows())
+// Large tables are mostly read again to find them as they were.
+inline TableRows rowsOf(const Table& table, const TableSource& source, const TableRows& before = TableRows())
 {
-    SheetRows rows(sheet.columns.size());
+    TableRows rows(table.columns.size());
     rows.reserveLike(before);
-    sheet.fill(rows, source);
+    table.fill(rows, source);
     return rows;
 }
