@@ -29,13 +29,13 @@ std::wstring_view SheetModel::cell(const QModelIndex& index) const
         shown_[static_cast<std::size_t>(index.row())], static_cast<std::size_t>(index.column()));
 }
 
-bool SheetModel::setRows(TableRows rows)
+bool SheetModel::setRows(TextRows rows)
 {
     if (rows == rows_)
         return false;
     beginResetModel();
     rows_ = std::move(rows);
-    small_ = TableRows(columns_.size());
+    small_ = TextRows(columns_.size());
     hasSmall_ = false;
     shown_ = passingRows();
     endResetModel();

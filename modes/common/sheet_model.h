@@ -13,10 +13,10 @@ public:
     explicit SheetModel(const std::vector<TableColumn>& columns, QObject* parent = nullptr);
 
     // All rows, whatever the filter.
-    const TableRows& rows() const { return rows_; }
+    const TextRows& rows() const { return rows_; }
     std::wstring_view cell(const QModelIndex& index) const;
     // Both answer false, and nothing moves, where the same rows stay in view.
-    bool setRows(TableRows rows);
+    bool setRows(TextRows rows);
     // Shows only rows in which each word stands somewhere.
     bool setFilterText(const QString& text);
 
@@ -29,8 +29,8 @@ private:
     std::vector<std::size_t> passingRows();
 
     const std::vector<TableColumn>& columns_;
-    TableRows rows_;
-    TableRows small_; // the same in small letters, made at the first filter
+    TextRows rows_;
+    TextRows small_; // the same in small letters, made at the first filter
     bool hasSmall_ = false;
     std::vector<std::wstring> words_; // of the filter, in small letters
     std::vector<std::size_t> shown_; // rows that pass, in order

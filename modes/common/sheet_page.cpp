@@ -157,7 +157,7 @@ void SheetPage::read()
     const std::optional<TableSource> source = source_();
     keepingPlace([&] {
         return model_->setRows(
-            source ? rowsOf(sheet_, *source, model_->rows()) : TableRows(sheet_.columns.size()));
+            source ? rowsOf(sheet_, *source, model_->rows()) : TextRows(sheet_.columns.size()));
     });
     hideEmptyColumns();
     showState();
@@ -220,7 +220,7 @@ void SheetPage::readChosen()
 
 void SheetPage::readDetail(const std::optional<TableSource>& source)
 {
-    TableRows rows = source ? rowsOf(*sheet_.detail, *source) : TableRows(sheet_.detail->columns.size());
+    TextRows rows = source ? rowsOf(*sheet_.detail, *source) : TextRows(sheet_.detail->columns.size());
     const QString title = fromWide(sheet_.detail->title);
     const QString chosen = source ? fromWide(source->chosen) : QString();
     detailTitle_->setText(!source ? title

@@ -130,7 +130,7 @@ ElementsState elementsOf(IDBProject& project)
 
 void putElements(IDBProject& project, const ElementsState& state)
 {
-    project.setStrataElements(state.elements);
+    project.getStrataElements() = state.elements;
     project.setNumberedLinks(state.links);
     project.setSoundingFlags(state.soundingFlags);
     project.setSectionCurves(state.curves);

@@ -198,7 +198,8 @@ private:
     {
         LayerSoil soil = soilOfDescription(layer.description);
         if (soil.kind == ElementKind::NotGiven || !canBeLinked(point)) {
-            proposal_.leftOut += layer.element.empty() ? 1 : 0;
+            if (layer.element.empty())
+                ++proposal_.leftOut;
             return;
         }
         if (soil.state.empty() && isCohesive(soil.kind))

@@ -4,7 +4,7 @@
 
 #include <charconv>
 
-bool TableRows::isColumnEmpty(std::size_t column) const
+bool TextRows::isColumnEmpty(std::size_t column) const
 {
     for (std::size_t row = 0; row < size(); ++row)
         if (!cell(row, column).empty())

@@ -7,20 +7,20 @@
 namespace
 {
 
-void fillSubsidence(TableRows& rows, const TableSource& source)
+void fillSubsidence(TextRows& rows, const TableSource& source)
 {
     for (const auto& [point, cells] : source.project.getSubsidence())
         for (const SubsidenceCell& cell : cells)
             rows.add({point, cell.title, wholeText(cell.code), cell.text});
 }
 
-void fillNames(TableRows& rows, const TableSource& source)
+void fillNames(TextRows& rows, const TableSource& source)
 {
     for (const auto& [point, names] : source.project.getSubsidenceNames())
         rows.add({point, joined(names)});
 }
 
-void fillGroups(TableRows& rows, const TableSource& source)
+void fillGroups(TextRows& rows, const TableSource& source)
 {
     for (const auto& [point, groups] : source.project.getSubsidenceGroups()) {
         std::size_t number = 0;
@@ -29,7 +29,7 @@ void fillGroups(TableRows& rows, const TableSource& source)
     }
 }
 
-void fillChemistry(TableRows& rows, const TableSource& source)
+void fillChemistry(TextRows& rows, const TableSource& source)
 {
     const auto samples = rowsByPlace(source.project.getLabSamples());
     for (const auto& [key, record] : source.project.getChemistry()) {

@@ -74,7 +74,7 @@ std::unordered_map<std::wstring_view, Depth> greatestDepths(const LithologyRegis
     return depths;
 }
 
-void fillPoints(TableRows& rows, const TableSource& source)
+void fillPoints(TextRows& rows, const TableSource& source)
 {
     IDBProject& project = source.project;
     const Holdings holdings{rowCounts(project.getLithology()),
@@ -153,7 +153,7 @@ MergedColumn mergedColumn(const TableSource& source)
     return column;
 }
 
-void fillColumn(TableRows& rows, const TableSource& source)
+void fillColumn(TextRows& rows, const TableSource& source)
 {
     for (const auto& [place, row] : mergedColumn(source)) {
         const auto* layer = row.layer.layer;
@@ -168,7 +168,7 @@ void fillColumn(TableRows& rows, const TableSource& source)
     }
 }
 
-void fillLinks(TableRows& rows, const TableSource& source)
+void fillLinks(TextRows& rows, const TableSource& source)
 {
     for (const auto& [key, value] : source.project.getNumberedLinks())
         rows.add({key, value});

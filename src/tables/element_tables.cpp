@@ -8,7 +8,7 @@
 namespace
 {
 
-void fillElements(TableRows& rows, const TableSource& source)
+void fillElements(TextRows& rows, const TableSource& source)
 {
     for (const auto& [name, element] : source.project.getStrataElements()) {
         std::vector<std::wstring> cells{name,
@@ -52,7 +52,7 @@ Table elementTable(std::string_view name)
         .whenEmpty = L"Инженерно-геологические элементы в проекте не выделены."};
 }
 
-void fillLayers(TableRows& rows, const TableSource& source)
+void fillLayers(TextRows& rows, const TableSource& source)
 {
     const auto marks = absoluteMarks(source.project);
     rows.reserve(source.project.getLithology().size());
@@ -87,7 +87,7 @@ void keepExtreme(std::wstring& kept, const std::wstring& thickness, bool greates
         kept = thickness;
 }
 
-void fillIndices(TableRows& rows, const TableSource& source)
+void fillIndices(TextRows& rows, const TableSource& source)
 {
     std::map<std::wstring_view, IndexSummary> indices;
     for (const auto& [point, entries] : rowsByPoint(source.project.getLithology()))
@@ -135,7 +135,7 @@ Table layerTable()
         .whatToDo = enterLayers};
 }
 
-void fillColumns(TableRows& rows, const TableSource& source)
+void fillColumns(TextRows& rows, const TableSource& source)
 {
     const auto marks = absoluteMarks(source.project);
     for (const auto& [point, entries] : rowsByPoint(source.project.getLithology()))
@@ -146,7 +146,7 @@ void fillColumns(TableRows& rows, const TableSource& source)
             differenceText(foundOr(marks, point), entries.back()->first.depth)});
 }
 
-void fillLayersOfColumn(TableRows& rows, const TableSource& source)
+void fillLayersOfColumn(TextRows& rows, const TableSource& source)
 {
     const std::wstring_view mark = absoluteMark(source.project, source.chosen);
     std::size_t number = 0;

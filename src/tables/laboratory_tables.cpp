@@ -29,7 +29,7 @@ std::size_t cellCount(const LabSample& sample)
     return count;
 }
 
-void fillSamples(TableRows& rows, const TableSource& source)
+void fillSamples(TextRows& rows, const TableSource& source)
 {
     // The kind of a sample stands in the field register.
     const auto field = rowsByPlace(source.project.getSamples());
@@ -50,7 +50,7 @@ void fillSamples(TableRows& rows, const TableSource& source)
     }
 }
 
-void fillPhysical(TableRows& rows, const TableSource& source)
+void fillPhysical(TextRows& rows, const TableSource& source)
 {
     for (const auto& [key, sample] : source.project.getLabSamples())
         for (const PropertyCell& cell : sample.physical)
@@ -62,7 +62,7 @@ void fillPhysical(TableRows& rows, const TableSource& source)
                 yesText(cell.enabled)});
 }
 
-void fillGrading(TableRows& rows, const TableSource& source)
+void fillGrading(TextRows& rows, const TableSource& source)
 {
     for (const auto& [key, sample] : source.project.getLabSamples()) {
         if (sample.grading.empty())
@@ -97,7 +97,7 @@ std::vector<TableColumn> gradingColumns()
     return columns;
 }
 
-void fillCompression(TableRows& rows, const TableSource& source)
+void fillCompression(TextRows& rows, const TableSource& source)
 {
     for (const auto& [key, sample] : source.project.getLabSamples())
         for (const auto& [test, group] : sample.compression)
@@ -112,7 +112,7 @@ void fillCompression(TableRows& rows, const TableSource& source)
                     cell.textC});
 }
 
-void fillShear(TableRows& rows, const TableSource& source)
+void fillShear(TextRows& rows, const TableSource& source)
 {
     for (const auto& [key, sample] : source.project.getLabSamples())
         for (const auto& [method, cells] : sample.shear)
@@ -125,7 +125,7 @@ void fillShear(TableRows& rows, const TableSource& source)
                     cell.value});
 }
 
-void fillSwelling(TableRows& rows, const TableSource& source)
+void fillSwelling(TextRows& rows, const TableSource& source)
 {
     for (const auto& [key, sample] : source.project.getLabSamples())
         for (const SwellingCell& cell : sample.swelling)
@@ -138,7 +138,7 @@ void fillSwelling(TableRows& rows, const TableSource& source)
                 cell.textC});
 }
 
-void fillShrinkage(TableRows& rows, const TableSource& source)
+void fillShrinkage(TextRows& rows, const TableSource& source)
 {
     for (const auto& [key, sample] : source.project.getLabSamples())
         for (const ShrinkageRow& row : sample.shrinkage)
@@ -154,7 +154,7 @@ void fillShrinkage(TableRows& rows, const TableSource& source)
                 row.cells[5]});
 }
 
-void fillTemplates(TableRows& rows, const TableSource& source)
+void fillTemplates(TextRows& rows, const TableSource& source)
 {
     IDBProject& project = source.project;
     for (const PropertyCell& cell : project.getPhysicalTemplate())

@@ -50,7 +50,7 @@ std::size_t pointsIn(const Register& all)
 }
 
 template <class Register>
-void addSummary(TableRows& rows, std::wstring_view title, const Register& all, std::wstring_view points)
+void addSummary(TextRows& rows, std::wstring_view title, const Register& all, std::wstring_view points)
 {
     if (all.empty())
         rows.add({title, L"0"});
@@ -63,18 +63,18 @@ void addSummary(TableRows& rows, std::wstring_view title, const Register& all, s
 }
 
 template <class Register>
-void addPointRegister(TableRows& rows, std::wstring_view title, const Register& all)
+void addPointRegister(TextRows& rows, std::wstring_view title, const Register& all)
 {
     addSummary(rows, title, all, wholeText(pointsIn(all)));
 }
 
 template <class Register>
-void addPlainRegister(TableRows& rows, std::wstring_view title, const Register& all)
+void addPlainRegister(TextRows& rows, std::wstring_view title, const Register& all)
 {
     addSummary(rows, title, all, {});
 }
 
-void fillRegisters(TableRows& rows, const TableSource& source)
+void fillRegisters(TextRows& rows, const TableSource& source)
 {
     IDBProject& project = source.project;
     addPointRegister(rows, L"Ведомость координат", project.getPointRegister());
@@ -105,7 +105,7 @@ Counts listSizes(const Map& lists)
     return counts;
 }
 
-void fillPoints(TableRows& rows, const TableSource& source)
+void fillPoints(TextRows& rows, const TableSource& source)
 {
     IDBProject& project = source.project;
     const Counts columns[] = {rowCounts(project.getLithology()),
@@ -131,7 +131,7 @@ std::vector<TableColumn> pointColumns()
     return columns;
 }
 
-void fillHead(TableRows& rows, const TableSource& source)
+void fillHead(TextRows& rows, const TableSource& source)
 {
     IDBProject& project = source.project;
     rows.add({L"Шифр", project.getProjectCode()});

@@ -31,7 +31,7 @@ std::wstring pointNames(const std::vector<SectionRef>& line)
 }
 
 // A section has its points in one register and its ends in another, and may stand in only one of them.
-void fillLines(TableRows& rows, const SectionLineMap& lines, const SectionPointMap& ends)
+void fillLines(TextRows& rows, const SectionLineMap& lines, const SectionPointMap& ends)
 {
     std::vector<std::wstring_view> order;
     std::map<std::wstring_view, LineAndEnds> sections;
@@ -57,17 +57,17 @@ void fillLines(TableRows& rows, const SectionLineMap& lines, const SectionPointM
     }
 }
 
-void fillPlain(TableRows& rows, const TableSource& source)
+void fillPlain(TextRows& rows, const TableSource& source)
 {
     fillLines(rows, source.project.getSectionLines(), source.project.getSectionPoints());
 }
 
-void fillTerrain(TableRows& rows, const TableSource& source)
+void fillTerrain(TextRows& rows, const TableSource& source)
 {
     fillLines(rows, source.project.getTerrainLines(), source.project.getTerrainPoints());
 }
 
-Table lineTable(std::string_view name, std::wstring_view title, void (*fill)(TableRows&, const TableSource&))
+Table lineTable(std::string_view name, std::wstring_view title, void (*fill)(TextRows&, const TableSource&))
 {
     return {.name = name,
         .title = title,
@@ -84,7 +84,7 @@ Table lineTable(std::string_view name, std::wstring_view title, void (*fill)(Tab
 }
 
 // Every point of the site seen from a side: a section can be looked at before its line is drawn.
-void fillViews(TableRows& rows, const TableSource& source)
+void fillViews(TextRows& rows, const TableSource& source)
 {
     std::size_t points = 0;
     for (const auto& [key, row] : source.project.getPointRegister())
@@ -95,13 +95,13 @@ void fillViews(TableRows& rows, const TableSource& source)
     rows.add({siteViewAlongX, countText(points)});
 }
 
-void fillTerrainCells(TableRows& rows, const TableSource& source)
+void fillTerrainCells(TextRows& rows, const TableSource& source)
 {
     for (const auto& [number, cells] : source.project.getTerrainCells())
         rows.add({wholeText(number), joined(cells)});
 }
 
-void fillCurves(TableRows& rows, const TableSource& source)
+void fillCurves(TextRows& rows, const TableSource& source)
 {
     for (const auto& [key, cells] : source.project.getSectionCurves()) {
         std::size_t number = 0;
@@ -127,7 +127,7 @@ std::size_t informCount(const InformList& informs)
     return count;
 }
 
-void fillDrawings(TableRows& rows, const TableSource& source)
+void fillDrawings(TextRows& rows, const TableSource& source)
 {
     IDBProject& project = source.project;
     rows.add({modeNames.at(ModeSection),

@@ -20,7 +20,7 @@ std::wstring_view greatestDepth(const std::vector<SoundingRow>& journal)
     return deepest;
 }
 
-void fillSoundings(TableRows& rows, const TableSource& source)
+void fillSoundings(TextRows& rows, const TableSource& source)
 {
     for (const auto& [key, journal] : source.project.getSoundings())
         rows.add({key.pointName,
@@ -31,7 +31,7 @@ void fillSoundings(TableRows& rows, const TableSource& source)
             greatestDepth(journal)});
 }
 
-void fillJournal(TableRows& rows, const TableSource& source)
+void fillJournal(TextRows& rows, const TableSource& source)
 {
     for (const auto& [key, journal] : source.project.getSoundings()) {
         if (key.pointName != source.chosen)
@@ -41,13 +41,13 @@ void fillJournal(TableRows& rows, const TableSource& source)
     }
 }
 
-void fillFlags(TableRows& rows, const TableSource& source)
+void fillFlags(TextRows& rows, const TableSource& source)
 {
     for (const auto& [name, code] : source.project.getSoundingFlags())
         rows.add({name, wholeText(code)});
 }
 
-void fillCalcRows(TableRows& rows, const TableSource& source)
+void fillCalcRows(TextRows& rows, const TableSource& source)
 {
     for (const SoundingCalcRow& row : source.project.getSoundingCalcRows())
         rows.add(std::vector<std::wstring>(row.cells.begin(), row.cells.end()));
@@ -63,13 +63,13 @@ std::vector<TableColumn> calcColumns()
     return columns;
 }
 
-void fillTriples(TableRows& rows, const TableSource& source)
+void fillTriples(TextRows& rows, const TableSource& source)
 {
     for (const auto& [number, values] : source.project.getSoundingTriples())
         rows.add({wholeText(number), wholeText(values[0]), wholeText(values[1]), wholeText(values[2])});
 }
 
-void fillParameters(TableRows& rows, const TableSource& source)
+void fillParameters(TextRows& rows, const TableSource& source)
 {
     IDBProject& project = source.project;
     rows.add({L"Признак A", project.getSoundingOptionA() ? L"да" : L"нет"});

@@ -24,10 +24,10 @@ struct TableColumn {
 
 // The rows of a table: all their texts in one block, so that a register of 100,000 rows costs two growing
 // buffers instead of a million strings. Copies the texts; the project may go meanwhile.
-class TableRows
+class TextRows
 {
 public:
-    explicit TableRows(std::size_t columns = 1)
+    explicit TextRows(std::size_t columns = 1)
         : columns_(columns)
     {
     }
@@ -44,7 +44,7 @@ public:
         ends_.reserve(rows * columns_);
     }
     // Room for as much as another table holds.
-    void reserveLike(const TableRows& other)
+    void reserveLike(const TextRows& other)
     {
         text_.reserve(other.text_.size());
         ends_.reserve(other.ends_.size());
@@ -61,15 +61,15 @@ public:
     bool isColumnEmpty(std::size_t column) const;
     // A copy with every character changed, for a search that does not tell small letters from capitals.
     template <class Change>
-    TableRows changed(Change change) const
+    TextRows changed(Change change) const
     {
-        TableRows copy = *this;
+        TextRows copy = *this;
         for (wchar_t& character : copy.text_)
             character = change(character);
         return copy;
     }
 
-    bool operator==(const TableRows&) const = default;
+    bool operator==(const TextRows&) const = default;
 
 private:
     template <class Cell>
@@ -98,7 +98,7 @@ struct Table {
     std::string_view name; // of the table in the file of view settings: "laboratory/properties"
     std::wstring_view title; // of the tab
     std::vector<TableColumn> columns = {};
-    void (*fill)(TableRows& rows, const TableSource& source) = nullptr;
+    void (*fill)(TextRows& rows, const TableSource& source) = nullptr;
     std::wstring_view whenEmpty = {}; // a sentence in place of a table without rows
     std::wstring_view whatToDo =
         L"Внести эти данные пока можно утилитой tlxtool: dump записывает проект в JSON, "
@@ -107,9 +107,9 @@ struct Table {
 };
 
 // Large tables are mostly read again to find them as they were.
-inline TableRows rowsOf(const Table& table, const TableSource& source, const TableRows& before = TableRows())
+inline TextRows rowsOf(const Table& table, const TableSource& source, const TextRows& before = TextRows())
 {
-    TableRows rows(table.columns.size());
+    TextRows rows(table.columns.size());
     rows.reserveLike(before);
     table.fill(rows, source);
     return rows;

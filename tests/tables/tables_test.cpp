@@ -29,7 +29,7 @@ static std::string narrow(std::wstring_view text)
 // The rows as lines, cells parted by bars.
 static std::string textOf(const Table& table, const TableSource& source)
 {
-    const TableRows rows = rowsOf(table, source);
+    const TextRows rows = rowsOf(table, source);
     std::string text;
     for (std::size_t row = 0; row < rows.size(); ++row) {
         for (std::size_t column = 0; column < rows.columns(); ++column)
@@ -156,7 +156,7 @@ TEST(Tables, showAllThatAProjectHolds)
     for (const TableList tables : allTables)
         for (const Table& table : tables()) {
             SCOPED_TRACE(std::string(table.name));
-            const TableRows rows = rowsOf(table, {*full});
+            const TextRows rows = rowsOf(table, {*full});
             EXPECT_GT(rows.size(), 0U);
             for (std::size_t column = 0; column < rows.columns(); ++column)
                 EXPECT_TRUE(table.columns[column].onlyWhenFilled || !rows.isColumnEmpty(column))
