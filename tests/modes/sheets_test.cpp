@@ -48,7 +48,7 @@ TEST(SheetScreens, keepTheContractWithTheShell)
 TEST(SheetScreens, filterCountCopyAndTabs)
 {
     const auto project = sample(L"PORTADOWN.TLX");
-    SheetHost host(sheetModules[0], project.get());
+    SheetHost host(sheetModule(ModeLaboratory), project.get());
     EXPECT_EQ(host.count(), "Показано 325 из 325");
 
     QTest::keyClicks(host.filter(), QStringLiteral("cbh02 26"));
@@ -76,7 +76,7 @@ TEST(SheetScreens, filterCountCopyAndTabs)
 TEST(SheetScreens, detailsFollowTheCurrentRow)
 {
     const auto project = sample(L"PORTADOWN.TLX");
-    SheetHost host(stratigraphicColumnSheets(), ModeStratigraphic, project.get());
+    SheetHost host(stratigraphicColumnTables(), ModeStratigraphic, project.get());
     QTableView* columns = host.table("stratigraphic/columns");
     QTableView* layers = host.table("stratigraphic/layers");
     EXPECT_EQ(layers->model()->rowCount(), 5);
@@ -93,7 +93,7 @@ TEST(SheetScreens, followTheProject)
     const auto project = makeReference<DBProject>();
     for (const wchar_t* name : {L"С-1", L"С-2", L"С-3"})
         project->addLithology({name, L"2"}, {L"aQ", L"Песок"});
-    SheetHost host(stratigraphicOrderSheets(), ModeStratigraphicIge, project.get());
+    SheetHost host(stratigraphicOrderTables(), ModeStratigraphicIge, project.get());
     QTableView* layers = host.table("stratigraphicIge/layers");
     layers->setFocus();
     QTest::keyClick(layers, Qt::Key_Down);

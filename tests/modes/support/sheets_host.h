@@ -23,7 +23,6 @@ struct SheetModule {
 };
 inline constexpr SheetModule sheetModules[] = {
     {"laboratory19.dll", ModeLaboratory},
-    {"ige19.dll", ModeIge},
     {"section19.dll", ModeSection},
     {"subsidence19.dll", ModeSubsidence},
     {"chemistry19.dll", ModeChemistry},
@@ -55,7 +54,7 @@ public:
         show();
     }
     // The same of sheets that no module shows alone.
-    SheetHost(const std::vector<Sheet>& sheets, TX_Modes mode, DBProject* project)
+    SheetHost(const std::vector<Table>& sheets, TX_Modes mode, DBProject* project)
         : controller(settings.get(), project)
         , screen(new SheetScreen(mode, &controller, sheets))
     {

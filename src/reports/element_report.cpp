@@ -1,0 +1,219 @@
+#include "reports/element_report.h"
+
+#include "modules/idbproject.h"
+#include "modules/isettings.h"
+#include "plots/element_plots.h"
+#include "site/element_texts.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace
+{
+
+TableCell textCell(std::wstring_view text, bool isBold = false)
+{
+    TableCell cell;
+    cell.runs = {{std::wstring(text), isBold}};
+    return cell;
+}
+
+TableCell numberCell(const Number& value, int decimals, bool isMarked = false)
+{
+    TableCell cell;
+    cell.runs = {{value ? numberText(value, decimals) + (isMarked ? L"*" : L"") : std::wstring(L"–")}};
+    cell.number = isMarked ? Number() : value;
+    cell.decimals = decimals;
+    cell.align = Align::Right;
+    cell.isMarked = isMarked;
+    return cell;
+}
+
+std::vector<TableCell> headRow(std::initializer_list<std::wstring_view> titles)
+{
+    std::vector<TableCell> row;
+    for (const std::wstring_view title : titles) {
+        row.push_back(textCell(title, true));
+        row.back().align = Align::Centre;
+    }
+    return row;
+}
+
+void addValues(std::vector<TableCell>& row, const DesignValues& values, int decimals)
+{
+    row.push_back(numberCell(values.normative, decimals, values.isTypedNormative));
+    row.push_back(numberCell(values.second, decimals, values.isTypedSecond));
+    row.push_back(numberCell(values.first, decimals, values.isTypedFirst));
+}
+
+TableBlock summaryTable(const std::vector<ElementSummary>& summaries)
+{
+    TableBlock table;
+    table.title = L"Нормативные и расчётные значения";
+    table.head = {headRow({L"ИГЭ",
+        L"Наименование",
+        L"Индекс",
+        L"W",
+        L"e",
+        L"Sr",
+        L"Ip, %",
+        L"IL",
+        L"ρн, г/см³",
+        L"ρII",
+        L"ρI",
+        L"φн, °",
+        L"φII",
+        L"φI",
+        L"cн, кПа",
+        L"cII",
+        L"cI",
+        L"E, МПа"})};
+    for (const ElementSummary& summary : summaries) {
+        std::vector<TableCell> row{textCell(shortElementName(summary.name), true),
+            textCell(summary.words),
+            textCell(summary.index),
+            numberCell(summary.moisture, 3),
+            numberCell(summary.voidRatio, 3),
+            numberCell(summary.saturation, 2),
+            numberCell(summary.plasticity, 1),
+            numberCell(summary.liquidity, 2)};
+        addValues(row, summary.density, 2);
+        addValues(row, summary.friction, 0);
+        addValues(row, summary.cohesion, 0);
+        row.push_back(numberCell(summary.modulus.normative, 1, summary.modulus.isTypedNormative));
+        table.rows.push_back(std::move(row));
+    }
+    return table;
+}
+
+TableBlock statisticsTable(const SiteElement& element, int language)
+{
+    TableBlock table;
+    table.title = L"Статистика ИГЭ " + std::wstring(shortElementName(element.name));
+    table.head = {headRow({L"Показатель",
+        L"n",
+        L"Исключено",
+        L"Xн",
+        L"min",
+        L"max",
+        L"S",
+        L"V",
+        L"γg (0.85)",
+        L"XII",
+        L"γg (0.95)",
+        L"XI"})};
+    for (const int property : propertiesOf(element)) {
+        const Statistics& statistics = *statisticsOf(element, property);
+        const int decimals = propertyDecimals(property);
+        const auto out = std::count_if(statistics.excluded.begin(),
+            statistics.excluded.end(),
+            [](ExcludedBy by) { return by != ExcludedBy::Nobody; });
+        std::vector<TableCell> row{textCell(elementPropertyName(property, language)),
+            numberCell(static_cast<double>(statistics.count), 0),
+            numberCell(static_cast<double>(out), 0),
+            numberCell(statistics.mean, decimals),
+            numberCell(statistics.least, decimals),
+            numberCell(statistics.greatest, decimals),
+            numberCell(statistics.deviation, decimals + 1),
+            numberCell(statistics.variation, 2)};
+        for (const double confidence : {0.85, 0.95}) {
+            const ConfidenceLevel* level = levelOf(statistics.levels, confidence);
+            row.push_back(numberCell(level ? level->coefficient : Number(), 3));
+            row.push_back(numberCell(level ? Number(level->lower) : Number(), decimals));
+        }
+        table.rows.push_back(std::move(row));
+    }
+    return table;
+}
+
+TableBlock valuesTable(
+    const SiteLaboratory& laboratory, const SiteElement& element, int property, int language)
+{
+    TableBlock table;
+    table.title = elementPropertyName(property, language) + L", частные значения";
+    table.head = {headRow({L"Точка", L"Глубина, м", L"Проба", L"Значение", L"Исключено"})};
+    for (const ElementValue& value : propertyValues(laboratory, element, property)) {
+        const SiteSample& sample = laboratory.samples()[value.sample];
+        TableCell shown = numberCell(value.value, propertyDecimals(property));
+        shown.runs.front().isStruck = value.excluded != ExcludedBy::Nobody;
+        table.rows.push_back({textCell(sample.key->pointName),
+            textCell(sample.key->depth),
+            textCell(sample.sample->code),
+            shown,
+            textCell(value.excluded == ExcludedBy::Rule  ? L"по правилу"
+                    : value.excluded == ExcludedBy::Hand ? L"вручную"
+                                                         : L"")});
+    }
+    return table;
+}
+
+void addElement(Document& document,
+    const SiteLaboratory& laboratory,
+    const SiteElement& element,
+    const ElementSummary& summary,
+    const ElementReportLook& look)
+{
+    const std::wstring title = L"ИГЭ " + std::wstring(shortElementName(element.name));
+    document.blocks.push_back(Heading{title + (summary.words.empty() ? L"" : L". " + summary.words), 2});
+    document.blocks.push_back(statisticsTable(element, look.language));
+    std::wstring notes =
+        summary.shearWay.empty() ? L"" : L"Угол трения и сцепление — " + summary.shearWay + L". ";
+    for (const std::wstring& note : summary.notes)
+        notes += note + L" ";
+    if (!notes.empty())
+        document.blocks.push_back(Paragraph{{{notes}}, Paragraph::Note});
+    const struct {
+        bool isWanted;
+        int property;
+    } values[] = {{look.withDensities, 1},
+        {look.withFriction, frictionProperty},
+        {look.withFriction, cohesionProperty},
+        {look.withModuli, modulusProperty},
+        {look.withSwelling, 30},
+        {look.withSwelling, 31}};
+    const std::vector<int> there = propertiesOf(element);
+    for (const auto& [isWanted, property] : values)
+        if (isWanted && std::find(there.begin(), there.end(), property) != there.end())
+            document.blocks.push_back(valuesTable(laboratory, element, property, look.language));
+    if (look.withGradings)
+        document.blocks.push_back(Figure{gradingsOfElement(laboratory, element, title, look.isSmoothed),
+            L"Кривые гранулометрии, " + title});
+}
+
+} // namespace
+
+ElementReportLook elementReportLook(ISettings& settings)
+{
+    return {settings.reportLanguage(),
+        settings.isGenManualValuesCheckIge() != 0,
+        settings.isValuesGravityIge() != 0,
+        settings.isValuesAngleFrictionIge() != 0,
+        settings.isValuesModulDefIge() != 0,
+        settings.isValuesSwellIge() != 0,
+        settings.isGranCurveCheckIge() != 0,
+        settings.isGranCurveSplainIge() != 0};
+}
+
+Document elementReport(IDBProject& project,
+    const SiteLaboratory& laboratory,
+    const std::vector<const SiteElement*>& elements,
+    const ElementReportLook& look)
+{
+    Document document;
+    document.title = L"Инженерно-геологические элементы. " + project.getProjectName();
+    document.header = project.getProjectCode();
+    document.page = {297, 210, 15, 15, 10, 15};
+    std::vector<ElementSummary> summaries;
+    for (const SiteElement* element : elements)
+        summaries.push_back(summaryOf(project, *element, look.withTyped));
+    document.blocks.push_back(Heading{L"Нормативные и расчётные значения", 1});
+    document.blocks.push_back(summaryTable(summaries));
+    document.blocks.push_back(
+        Paragraph{{{L"II: для расчётов по деформациям, доверительная вероятность 0.85; I: по несущей "
+                    L"способности, 0.95. "
+                    L"Звёздочкой отмечены введённые значения. Статистика по ГОСТ 20522."}},
+            Paragraph::Note});
+    for (std::size_t i = 0; i < elements.size(); ++i)
+        addElement(document, laboratory, *elements[i], summaries[i], look);
+    return document;
+}
