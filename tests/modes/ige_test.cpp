@@ -171,6 +171,8 @@ TEST_F(IgeScreenTest, AnOutlierIsTakenBackByHandAndAnotherOut)
     ASSERT_EQ(values->model()->rowCount(), 7);
     EXPECT_EQ(count(), "6");
     EXPECT_TRUE(values->model()->index(6, 4).data(Qt::FontRole).value<QFont>().strikeOut());
+    QApplication::setActiveWindow(&screen);
+    values->setFocus();
     values->setCurrentResult(6);
     QTest::keyClick(values, Qt::Key_Space);
     EXPECT_EQ(findExact(project->getLabSamples(), {L"С-1", L"1.6"})->second.physical[0].value, L"2.60!");
