@@ -205,7 +205,7 @@ ColumnData columnData(IDBProject& project, std::wstring_view name, std::wstring_
     ColumnData data;
     data.point = name;
     data.kind =
-        point.kind == PointKind::Unknown ? std::wstring() : pointKindName(static_cast<int>(point.kind));
+        point.kind == PointKind::Unknown ? std::wstring() : pointKindFullName(static_cast<int>(point.kind));
     data.mouthMark = point.markText;
     data.date = point.date;
     for (const auto& [key, rows] : project.getPointRegister())

@@ -2,6 +2,7 @@
 #include "db/db_project.h"
 #include "modes/support/sheets_host.h"
 #include "persistence/project_file.h"
+#include "tables/tables.h"
 
 #include <QClipboard>
 #include <gtest/gtest.h>
@@ -48,7 +49,7 @@ TEST(SheetScreens, keepTheContractWithTheShell)
 TEST(SheetScreens, filterCountCopyAndTabs)
 {
     const auto project = sample(L"PORTADOWN.TLX");
-    SheetHost host(sheetModule(ModeLaboratory), project.get());
+    SheetHost host(sheetModules[0], project.get());
     EXPECT_EQ(host.count(), "Показано 325 из 325");
 
     QTest::keyClicks(host.filter(), QStringLiteral("cbh02 26"));
