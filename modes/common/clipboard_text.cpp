@@ -1,5 +1,7 @@
 #include "common/clipboard_text.h"
 
+#include "document/html.h"
+
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
@@ -116,4 +118,19 @@ CellBlock cellsOnClipboard()
         return {};
     return cellsOfClipboard(
         data->hasFormat(cellsMimeType) ? QString::fromUtf8(data->data(cellsMimeType)) : data->text());
+}
+
+QString clipboardHtml(const CellBlock& block)
+{
+    TableBlock table;
+    for (const QVector<QString>& row : block) {
+        std::vector<TableCell> cells;
+        for (const QString& text : row) {
+            TableCell cell;
+            cell.runs = {{text.toStdWString()}};
+            cells.push_back(std::move(cell));
+        }
+        table.rows.push_back(std::move(cells));
+    }
+    return QString::fromStdString(toHtmlFragment(table));
 }

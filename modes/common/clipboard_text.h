@@ -9,6 +9,8 @@
 using CellBlock = QVector<QVector<QString>>;
 
 QString clipboardText(const CellBlock& block);
+// The same as a table in HTML, which text processors and spreadsheets paste as one.
+QString clipboardHtml(const CellBlock& block);
 
 // The reverse. The last row may end in a new line; rows may differ in length.
 CellBlock cellsOfClipboard(const QString& text);

@@ -126,6 +126,11 @@ private:
 
     void toggleFlag();
     void copy() { copySelection(); }
+    void exportAll()
+    {
+        closeEditor();
+        exportRows();
+    }
     void copyWithHeads() { copySelection(true); }
     void cut();
     void clearSelectedCells();

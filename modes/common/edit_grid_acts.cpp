@@ -252,6 +252,8 @@ const QVector<EditGrid::Act>& EditGrid::acts()
         {QString(), QKeySequence(), nullptr},
         {QStringLiteral("Заполнить вниз"), control(Qt::Key_D), &EditGrid::fillDown},
         {QStringLiteral("Заменить…"), control(Qt::Key_H), &EditGrid::replace},
+        {QString(), QKeySequence(), nullptr},
+        {QStringLiteral("Экспорт…"), exportKeys(), &EditGrid::exportAll},
     };
     return table;
 }
@@ -262,6 +264,7 @@ void EditGrid::contextMenuEvent(QContextMenuEvent* event)
     if (!editingAllowed_) {
         menu.addAction(QStringLiteral("Копировать"), this, &EditGrid::copy);
         menu.addAction(QStringLiteral("Копировать с заголовками"), this, &EditGrid::copyWithHeads);
+        menu.addAction(QStringLiteral("Экспорт…"), this, &EditGrid::exportAll);
         menu.exec(event->globalPos());
         return;
     }

@@ -239,6 +239,11 @@ int SheetPage::allRows() const
     return static_cast<int>(model_->rows().size());
 }
 
+void SheetPage::exportRows()
+{
+    table_->exportRows();
+}
+
 void SheetPage::focusTable()
 {
     if (shownRows() == 0)

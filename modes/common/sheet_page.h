@@ -49,6 +49,7 @@ public:
     int shownRows() const;
     int allRows() const;
     void focusTable();
+    void exportRows();
 
 Q_SIGNALS:
     void rowsChanged();

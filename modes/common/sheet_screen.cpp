@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QShortcut>
 #include <QTabWidget>
 #include <QTimer>
@@ -75,6 +76,12 @@ QWidget* SheetScreen::makeHead()
     layout->addWidget(filter_, 1);
     layout->addWidget(count_);
     layout->addStretch(1);
+    auto* exports = new QPushButton(QStringLiteral("Экспорт…"), head);
+    exports->setToolTip(QStringLiteral(
+        "Таблица в Excel, Word, OpenDocument, PDF, HTML или CSV, и на печать. Ctrl+E в таблице."));
+    exports->setFocusPolicy(Qt::TabFocus);
+    connect(exports, &QPushButton::clicked, this, [this] { page()->exportRows(); });
+    layout->addWidget(exports);
     return head;
 }
 

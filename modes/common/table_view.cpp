@@ -1,6 +1,7 @@
 #include "common/table_view.h"
 
 #include "common/clipboard_text.h"
+#include "common/export_dialog.h"
 #include "common/typed_text.h"
 #include "common/view_settings.h"
 
@@ -8,11 +9,17 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <QPainter>
 #include <QScrollBar>
 
 #include <algorithm>
+
+QKeySequence exportKeys()
+{
+    return QKeySequence(Qt::ControlModifier | Qt::Key_E);
+}
 
 TableView::TableView(const QString& name, QWidget* parent)
     : QTableView(parent)
@@ -139,6 +146,9 @@ void TableView::copySelection(bool withHeads) const
         return;
     auto* cells = new QMimeData;
     cells->setText(clipboardText(forOthers));
+    // A single cell goes into a text as text.
+    if (forOthers.size() > 1 || forOthers.front().size() > 1)
+        cells->setHtml(clipboardHtml(forOthers));
     cells->setData(cellsMimeType, clipboardText(exact).toUtf8());
     QGuiApplication::clipboard()->setMimeData(cells);
 }
@@ -185,8 +195,28 @@ void TableView::paintEvent(QPaintEvent* event)
         viewport()->rect().adjusted(16, 16 + top, -16, -16), Qt::AlignCenter | Qt::TextWordWrap, message);
 }
 
+void TableView::exportRows()
+{
+    exportTable(*this, accessibleName().isEmpty() ? QStringLiteral("Таблица") : accessibleName());
+}
+
+void TableView::contextMenuEvent(QContextMenuEvent* event)
+{
+    QMenu menu(this);
+    menu.addAction(QStringLiteral("Копировать"), this, [this] { copySelection(); })
+        ->setShortcut(QKeySequence(QKeySequence::Copy));
+    menu.addAction(QStringLiteral("Экспорт…"), this, &TableView::exportRows)->setShortcut(exportKeys());
+    menu.exec(event->globalPos());
+}
+
 void TableView::keyPressEvent(QKeyEvent* event)
 {
+    if (exportKeys().matches(QKeySequence(int(event->modifiers()) | event->key()))
+        == QKeySequence::ExactMatch) {
+        exportRows();
+        event->accept();
+        return;
+    }
     const bool withHeads =
         event->key() == Qt::Key_C && event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
     if (withHeads || event->matches(QKeySequence::Copy)) {

@@ -2,7 +2,11 @@
 
 #include "common/number_sort_proxy.h"
 
+#include <QKeySequence>
 #include <QTableView>
+
+// Opens the export of a table.
+QKeySequence exportKeys();
 
 // The table of every screen: sorts by a click on a header (up, down, as stored), filters, copies the selected
 // block for a spreadsheet, keeps the widths of its columns under its name. A filter that nothing passes says
@@ -30,6 +34,8 @@ public:
     // Ctrl+C: the selected cells as a block, or the current one; numbers with the decimal mark that the user
     // chose for spreadsheets. Ctrl+Shift+C: with the heads of the columns above.
     void copySelection(bool withHeads = false) const;
+    // Ctrl+E: asks for rows, format and file. In the document the table is called by its accessible name.
+    void exportRows();
 
     // Up, down, as stored.
     void sortByClick(int column);
@@ -50,6 +56,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     // Another style may draw wider heads.
     void changeEvent(QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     void showRowHeads();

@@ -2,6 +2,7 @@
 
 #include "common/edit_grid.h"
 #include "common/exchange_command.h"
+#include "common/export_dialog.h"
 #include "common/notice_bar.h"
 #include "common/number_sort_proxy.h"
 #include "common/typed_text.h"
@@ -14,7 +15,9 @@
 #include "modules/itellurix_controller.h"
 #include "modules/itx_undo_redo.h"
 #include "modules/unsaved_cells.h"
+#include "reports/coordinates_report.h"
 
+#include <QCoreApplication>
 #include <QDynamicPropertyChangeEvent>
 #include <QItemSelectionModel>
 #include <QLineEdit>
@@ -119,6 +122,7 @@ void ListCoords::connectShell()
         grid_->closeEditor();
         settle();
     });
+    connect(this, &TXWidget::signalPrint, this, &ListCoords::printRegister);
     connect(this, &TXWidget::signalAddSelectedRecord, grid_, &EditGrid::addRow);
     connect(this, &TXWidget::signalDelSelectedRecord, grid_, &EditGrid::deleteSelectedRows);
 }
@@ -449,4 +453,14 @@ void ListCoords::askName()
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(dialog, &QDialog::accepted, this, [this, dialog] { editHead(dialog->head()); });
     dialog->open();
+}
+
+void ListCoords::printRegister()
+{
+    grid_->closeEditor();
+    IDBProject* project = controller_->project();
+    if (!project)
+        return;
+    const Office office = readOffice(officePath(QCoreApplication::applicationDirPath().toStdWString()));
+    exportDocument(window(), coordinatesReport(*project, office));
 }

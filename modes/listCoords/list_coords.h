@@ -44,6 +44,7 @@ private:
     void reload();
     void showPlan(const GridRows& rows);
     void tellActions();
+    void printRegister();
     void becomeCurrent();
     bool store();
 

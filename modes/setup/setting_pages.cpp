@@ -12,7 +12,6 @@ const std::vector<SettingPage>& settingPages()
         {L"Общие", {
             {.key = "projectPath",    .label = L"Рабочая папка",
                 .tip = L"Проекты хранятся в папке «Проекты» внутри неё"},
-            {.key = "reportLanguage", .label = L"Язык документов", .choices = L"русский|украинский"},
             {.key = "isSetTimer",     .label = L"Сохранять проект автоматически"},
             {.key = "timer",          .label = L"Период автосохранения", .smallest = 1, .largest = 1440, .unit = L" мин"},
             {.key = "isLog",          .label = L"Вести журнал ошибок"},
@@ -20,6 +19,9 @@ const std::vector<SettingPage>& settingPages()
                 .tip = L"Меняется, пока проект не открыт: у открытого проекта тип свой"},
             {.key = "newProjectMode", .label = L"Режим лаборатории нового проекта", .largest = 255,
                 .tip = L"Записывается в каждый новый проект; в файле настроек не хранится"},
+        }},
+        {officePage, {
+            {.key = "reportLanguage", .label = L"Язык документов", .choices = L"русский|украинский"},
         }},
         {L"Разрез", {
             {.key = "isNameIgeNearHoleSection",       .label = L"Номер ИГЭ у скважины"},

@@ -23,5 +23,8 @@ struct SettingPage {
     std::vector<SettingRow> rows;
 };
 
+// The page that has rows from the office's own file too.
+inline constexpr const wchar_t* officePage = L"Документы";
+
 // The pages, in the order of the settings' groups.
 const std::vector<SettingPage>& settingPages();

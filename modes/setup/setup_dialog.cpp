@@ -3,7 +3,9 @@
 #include "modules/isettings.h"
 #include "modules/itellurix_controller.h"
 #include "platform/files.h"
+#include "setup/office_form.h"
 
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QEvent>
@@ -73,6 +75,12 @@ QWidget* SetupDialog::makePage(const SettingPage& page)
             editor.widget->setEnabled(settings.isShowTypeObject() != 0);
         editors_.push_back(std::move(editor));
     }
+    if (page.title == officePage) {
+        office_ = new OfficeForm(form, content);
+        office_->show(readOffice(ownOfficePath()));
+        for (QComboBox* box : content->findChildren<QComboBox*>())
+            box->installEventFilter(this);
+    }
     area->setWidget(content);
     return area;
 }
@@ -102,6 +110,8 @@ void SetupDialog::resetPage()
         if (SettingEditor& editor = editorOf(row.key);
             editor.access->initial.isValid() && editor.widget->isEnabled())
             editor.show(editor.access->initial);
+    if (page.title == officePage)
+        office_->show(emptyOffice());
 }
 
 bool SetupDialog::makeProjectsFolder()
@@ -129,9 +139,25 @@ bool SetupDialog::makeProjectsFolder()
     return false;
 }
 
+bool SetupDialog::storeOffice()
+{
+    Office after = office_->office();
+    const Office before = readOffice(ownOfficePath());
+    after.logo = before.logo;
+    const FileResult written = writeOffice(ownOfficePath(), after);
+    if (written)
+        return true;
+    return QMessageBox::warning(this,
+               windowTitle(),
+               QStringLiteral("Сведения страницы «Документы» не сохраняются:\n%1\n\n%2\n\nСохранить остальные настройки?")
+                   .arg(QString::fromStdWString(ownOfficePath()), QString::fromStdWString(written.reason)),
+               QMessageBox::Yes | QMessageBox::No)
+        == QMessageBox::Yes;
+}
+
 void SetupDialog::accept()
 {
-    if (!makeProjectsFolder())
+    if (!makeProjectsFolder() || !storeOffice())
         return;
     // All of them and in the order of the store: a background that is set blackens its colour first.
     for (const SettingAccess& access : settingAccesses()) {

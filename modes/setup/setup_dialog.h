@@ -7,6 +7,7 @@
 #include <vector>
 
 class ITellurixController;
+class OfficeForm;
 class QListWidget;
 class QStackedWidget;
 
@@ -28,9 +29,11 @@ private:
     void resetPage();
     SettingEditor& editorOf(std::string_view key);
     bool makeProjectsFolder();
+    bool storeOffice();
 
     ITellurixController* controller_;
     std::vector<SettingEditor> editors_;
+    OfficeForm* office_ = nullptr; // owned by its page
     QListWidget* list_;
     QStackedWidget* pages_;
 };

@@ -30,6 +30,7 @@ struct Arguments {
     std::string first;
     std::string second;
     std::string folder;
+    OfficeFiles office;
     std::string language = "ru";
     bool compact = false;
     DrawRequest draw;
@@ -98,11 +99,21 @@ void addCommands(CLI::App& tool, Arguments& arguments)
     addName(diff, "A", arguments.first, "прежний файл");
     addName(diff, "B", arguments.second, "новый файл");
 
-    CLI::App& exported = addCommand(tool, "export", "реестры в таблицы CSV: UTF-8, точка с запятой");
+    CLI::App& exported = addCommand(tool,
+        "export",
+        "реестры в таблицы: CSV (UTF-8, точка с запятой), книга Excel, документ Word, OpenDocument, HTML");
     addName(exported, "FILE", arguments.first, "файл проекта");
-    exported.add_option("--csv", arguments.folder, "папка для таблиц, создаётся, если её нет")
-        ->required()
-        ->option_text("DIR")
+    const auto addOutput = [&](const char* name, std::string& value, const char* text, const char* sign) {
+        exported.add_option(name, value, text)->option_text(sign)->group("Ключи");
+    };
+    addOutput("--csv", arguments.folder, "папка для таблиц, создаётся, если её нет", "DIR");
+    addOutput("--xlsx", arguments.office.xlsx, "книга: лист на реестр", "PATH");
+    addOutput("--docx", arguments.office.docx, "документ Word: глава на реестр", "PATH");
+    addOutput("--odt", arguments.office.odt, "документ OpenDocument", "PATH");
+    addOutput("--html", arguments.office.html, "веб-страница", "PATH");
+    exported.add_option("--tables", arguments.office.tables, "только эти реестры, через запятую")
+        ->delimiter(',')
+        ->option_text("NAME,...")
         ->group("Ключи");
 
     CLI::App& calculated =
@@ -159,7 +170,12 @@ int runCommand(const std::string& name, const Arguments& given, Output& output)
         return runDraw(output, given.draw);
     if (name == "calc")
         return runCalc(output, given.first, given.language);
-    return runExport(output, given.first, given.folder);
+    if (given.folder.empty() && given.office.isEmpty())
+        throw ToolError("не сказано, во что выводить: --csv, --xlsx, --docx, --odt или --html; смотрите "
+                        "tlxtool export --help");
+    if (!given.office.isEmpty())
+        runOfficeExport(output, given.first, given.office);
+    return given.folder.empty() ? exitStatus::good : runExport(output, given.first, given.folder);
 }
 
 int parseAndRun(int argumentCount, const char* const* arguments, Output& output)

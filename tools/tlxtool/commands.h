@@ -25,6 +25,18 @@ int runDump(Output& output, const std::string& file, bool compact);
 int runBuild(const std::string& json, const std::string& file);
 int runResave(const std::string& from, const std::string& to);
 int runDiff(Output& output, const std::string& a, const std::string& b);
+
+// Where the registers go as documents; empty: not in this format.
+struct OfficeFiles {
+    std::string xlsx;
+    std::string docx;
+    std::string odt;
+    std::string html;
+    std::vector<std::string> tables; // the names of the tables; empty: all that have rows
+
+    bool isEmpty() const { return xlsx.empty() && docx.empty() && odt.empty() && html.empty(); }
+};
+int runOfficeExport(Output& output, const std::string& file, const OfficeFiles& files);
 int runExport(Output& output, const std::string& file, const std::string& folder);
 // All results as one JSON object; language "ru" or "uk".
 int runCalc(Output& output, const std::string& file, const std::string& language);

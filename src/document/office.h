@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/file_result.h"
+
+#include <string>
+#include <vector>
+
+// The office that makes the documents: what has no place in a project. It stands in a small file beside the
+// program, one for a user, and is edited on the page "Документы" of the settings.
+struct Office {
+    struct Person {
+        std::wstring role; // "Разработал"
+        std::wstring name;
+    };
+    // Where the people are named.
+    enum Signatures : int {
+        InTitleBlock,
+        BelowTables, // a line each behind the last block of a document
+        InBoth,
+        Nowhere,
+    };
+    std::wstring company;
+    std::wstring city; // for title pages
+    std::wstring stage; // "П", "Р"
+    std::wstring logo; // path of a picture
+    std::vector<Person> people; // six at most, in the order of the title block
+    Signatures signatures = InTitleBlock;
+    bool hasFrame = true; // sheets of documents have frame and title block
+
+    bool isSignedInTitleBlock() const { return signatures == InTitleBlock || signatures == InBoth; }
+    bool isSignedBelow() const { return signatures == BelowTables || signatures == InBoth; }
+};
+
+// The usual roles, without names.
+Office emptyOffice();
+
+// Its file in the program's folder.
+std::wstring officePath(const std::wstring& programFolder);
+// The office of a file, UTF-8, a line "key=value" each; where there is no such file, or a line of it cannot
+// be read, what emptyOffice says.
+Office readOffice(const std::wstring& path);
+FileResult writeOffice(const std::wstring& path, const Office& office);
