@@ -74,7 +74,7 @@ TEST(CommandLine, StatusAndMessageOfEveryCommand)
         {"$T diff $S/ALLNUM.TLX $S/ALLTEXT.TLX", 1, "lithology: добавлено"},
         {"$T diff $S/ALLNUM.TLX /нет.TLX", 2, "tlxtool: /нет.TLX: не открывается"},
         {"$T resave $S/ALLNUM.TLX /нет/x.TLX", 2, "tlxtool: /нет/x.TLX: "},
-        {"$T export $S/ALLNUM.TLX", 2, "не хватает аргументов"},
+        {"$T export $S/ALLNUM.TLX", 2, "не сказано, во что выводить"},
         {"$T export $S/ALLNUM.TLX --csv /нет/нет", 2, "папка не создана"},
         {"$T dump $S/ALLNUM.TLX > /dev/full", 2, "tlxtool: вывод не записан"},
         {"$T info $S/ALLNUM.TLX > /dev/full", 2, "tlxtool: вывод не записан"},
