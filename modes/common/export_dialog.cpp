@@ -152,7 +152,7 @@ QWidget* ExportDialog::makeFile()
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     QString folder = viewSettings()->value(QStringLiteral("export/folder"), documents).toString();
     if (!QFileInfo(folder).isDir())
-        folder = documents;
+        folder = QFileInfo(documents).isDir() ? documents : QDir::homePath();
     const QString name = QString::fromStdWString(fileNameOf(source_.name.toStdWString()));
     file_->setObjectName(QStringLiteral("file"));
     file_->setText(QDir::toNativeSeparators(folder + QLatin1Char('/') + name + QLatin1Char('.') + suffix()));

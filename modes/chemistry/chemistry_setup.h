@@ -1,0 +1,11 @@
+#pragma once
+
+#include "document/document.h"
+
+#include <optional>
+
+class IDBProject;
+
+// The report of the site's analyses with the limits and the office that stand beside the program; nothing
+// where there is no analysis.
+std::optional<Document> chemistryDocument(IDBProject& project);

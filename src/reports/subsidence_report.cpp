@@ -1,0 +1,136 @@
+#include "reports/subsidence_report.h"
+
+#include "modules/idbproject.h"
+#include "plots/subsidence_picture.h"
+#include "reports/signatures.h"
+#include "site/subsidence.h"
+
+namespace
+{
+
+TableCell textCell(std::wstring_view text, Align align = Align::Left)
+{
+    TableCell cell;
+    cell.runs = {{std::wstring(text)}};
+    cell.align = align;
+    return cell;
+}
+
+TableCell numberCell(const Number& value, int decimals)
+{
+    TableCell cell = textCell(value ? numberText(value, decimals) : L"–", Align::Right);
+    cell.number = value;
+    cell.decimals = decimals;
+    return cell;
+}
+
+const wchar_t* typeText(const std::optional<SubsidenceType>& type)
+{
+    return !type ? L"–" : *type == SubsidenceType::I ? L"I" : L"II";
+}
+
+TableBlock summaryOf(const std::vector<SubsidencePoint>& points)
+{
+    TableBlock table;
+    table.title = L"Просадка от собственного веса грунта";
+    table.head = {{textCell(L"Точка"),
+        textCell(L"Мощность просадочной толщи, м"),
+        textCell(L"Нижняя граница, м"),
+        textCell(L"Начальное просадочное давление, кПа"),
+        textCell(L"Коэффициент ksl"),
+        textCell(L"Просадка, см"),
+        textCell(L"Тип грунтовых условий")}};
+    for (const SubsidencePoint& point : points) {
+        const Subsidence& result = point.result;
+        table.rows.push_back({textCell(point.point),
+            numberCell(result.thicknessM, 2),
+            numberCell(result.lowerBoundaryM, 2),
+            numberCell(result.initialPressureKPa, 1),
+            numberCell(result.coefficient, 2),
+            numberCell(result.totalCm, 2),
+            textCell(typeText(result.type), Align::Centre)});
+    }
+    return table;
+}
+
+std::wstring layerText(const SubsidencePoint& point, std::size_t layer)
+{
+    if (layer >= point.layers.size())
+        return {};
+    const SiteLayer& found = point.layers[layer];
+    return found.element.empty() ? std::to_wstring(found.number) : L"ИГЭ " + std::wstring(found.element);
+}
+
+TableBlock stepsOf(const SubsidencePoint& point)
+{
+    TableBlock table;
+    table.title = L"Точка " + std::wstring(point.point) + L". Расчет по слоям";
+    table.head = {{textCell(L"Слой"),
+        textCell(L"От, м"),
+        textCell(L"До, м"),
+        textCell(L"Толщина, м"),
+        textCell(L"Плотность водонасыщенного грунта, г/см³"),
+        textCell(L"Напряжение в середине, кПа"),
+        textCell(L"Относительная просадочность"),
+        textCell(L"Степень"),
+        textCell(L"Просадка, см")}};
+    for (const SubsidencePart& part : point.result.parts) {
+        const Number density = part.layer < point.collapsible.size()
+            ? point.collapsible[part.layer].saturatedDensity
+            : std::nullopt;
+        table.rows.push_back({textCell(layerText(point, part.layer)),
+            numberCell(part.fromM, 2),
+            numberCell(part.toM, 2),
+            numberCell(part.toM - part.fromM, 2),
+            numberCell(density, 2),
+            numberCell(part.stressKPa, 1),
+            numberCell(part.relative, 3),
+            textCell(part.relative ? subsidenceGrade(*part.relative) : std::wstring_view()),
+            numberCell(part.subsidenceCm, 2)});
+    }
+    return table;
+}
+
+void addPoint(Document& document, const SubsidencePoint& point)
+{
+    document.blocks.emplace_back(stepsOf(point));
+    for (const Remark& remark : point.remarks) {
+        Paragraph line;
+        line.style = Paragraph::Note;
+        line.runs = {{remark.text}};
+        document.blocks.emplace_back(std::move(line));
+    }
+    const std::wstring title = L"Точка " + std::wstring(point.point);
+    if (!point.result.parts.empty())
+        document.blocks.emplace_back(Figure{
+            subsidencePicture(point.result, title), title + L". Напряжение и относительная просадочность"});
+}
+
+} // namespace
+
+Document subsidenceReport(IDBProject& project, const Office& office, int language)
+{
+    Document document;
+    document.title = L"Просадочность грунтов";
+    document.author = office.company;
+    document.header = project.getProjectCode();
+    document.footer = office.company;
+    const SiteLaboratory laboratory(project, language);
+    const std::vector<SubsidencePoint> points = subsidencePoints(project, laboratory);
+    if (points.empty())
+        return document;
+    document.blocks.emplace_back(Heading{document.title, 1});
+    if (!project.getProjectName().empty())
+        document.blocks.emplace_back(Paragraph{{{L"Объект: " + project.getProjectName()}}});
+    document.blocks.emplace_back(summaryOf(points));
+    Paragraph note;
+    note.style = Paragraph::Note;
+    note.runs = {{L"Учтены слои с относительной просадочностью 0,01 и более при напряжении от собственного "
+                  L"веса водонасыщенного "
+                  L"грунта. Тип I — просадка до 5 см включительно."}};
+    document.blocks.emplace_back(std::move(note));
+    for (const SubsidencePoint& point : points)
+        addPoint(document, point);
+    addSignatures(document, office);
+    return document;
+}

@@ -1,0 +1,115 @@
+#include "db/db_project.h"
+#include "document/xlsx.h"
+#include "plots/piper.h"
+#include "reports/chemistry_report.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace
+{
+
+std::wstring textOf(const TableCell& cell)
+{
+    std::wstring text;
+    for (const Run& run : cell.runs)
+        text += run.text;
+    return text;
+}
+
+// Ca 120, Mg 36, Na 83, HCO3 366, SO4 192, Cl 89, NO3 6 mg/l.
+ChemistryRecord worked()
+{
+    ChemistryRecord record;
+    record.cells[CellCa] = L"120";
+    record.cells[CellMg] = L"36";
+    record.cells[CellNa] = L"83";
+    record.cells[CellHCO3] = L"366";
+    record.cells[CellSO4] = L"192";
+    record.cells[CellCl] = L"89";
+    record.cells[CellNO3] = L"6";
+    record.cells[CellPH] = L"7.2";
+    return record;
+}
+
+std::vector<const TableBlock*> tablesOf(const Document& document)
+{
+    std::vector<const TableBlock*> tables;
+    for (const Block& block : document.blocks)
+        if (const auto* table = std::get_if<TableBlock>(&block))
+            tables.push_back(table);
+    return tables;
+}
+
+} // namespace
+
+TEST(ChemistryReport, ShowsTheWorkedWaterInThreeUnitsAndAsFormula)
+{
+    DBProject project;
+    project.addChemistry({L"Скв-1", L"3.5"}, worked());
+    const Document document = chemistryReport(project, AggressivenessLimits::ofProgram(), emptyOffice());
+    const auto tables = tablesOf(document);
+    ASSERT_EQ(tables.size(), 3U); // analyses, formulas, aggressiveness of water; no soil
+    const TableRows& rows = tables[0]->rows;
+    ASSERT_EQ(rows.size(), 3U);
+    // Behind point, depth and unit: Na, K, Ca, Mg, NH4, HCO3, CO3, SO4, Cl, NO3.
+    EXPECT_EQ(textOf(rows[0][5]), L"120.0");
+    EXPECT_EQ(textOf(rows[0][4]), L"–"); // potassium was not determined, it is not zero
+    EXPECT_EQ(textOf(rows[1][3]), L"5.99");
+    EXPECT_EQ(textOf(rows[2][3]), L"48");
+    EXPECT_EQ(textOf(rows[2][6]), L"48"); // HCO3
+    EXPECT_EQ(textOf(rows[0][14]), L"8.95");
+    const TableRows& formulas = tables[1]->rows;
+    EXPECT_EQ(textOf(formulas[0][2]), L"M 0.9");
+    EXPECT_EQ(textOf(formulas[0][3]), L"HCO3 48  SO4 32  Cl 20  ");
+    EXPECT_EQ(textOf(formulas[1][0]), L"Ca 48  Na 29  Mg 24  ");
+    EXPECT_EQ(textOf(formulas[0][5]), L"-0.2");
+    EXPECT_FALSE(formulas[0][5].isMarked);
+    EXPECT_EQ(formulas[0][3].runs[1].position, Run::Lowered);
+}
+
+TEST(ChemistryReport, SoilsStandApart)
+{
+    DBProject project;
+    ChemistryRecord soil;
+    soil.cells[CellSoilSO4] = L"620";
+    soil.cells[CellSoilCl] = L"100";
+    soil.cells[CellKind] = L"грунт";
+    project.addChemistry({L"Скв-2", L"1.0"}, soil);
+    const Document document = chemistryReport(project, AggressivenessLimits::ofProgram(), emptyOffice());
+    const auto tables = tablesOf(document);
+    ASSERT_EQ(tables.size(), 1U);
+    EXPECT_EQ(tables[0]->title, L"Агрессивность грунтов");
+    EXPECT_EQ(tables[0]->rows[0].size(), 11U);
+}
+
+TEST(Piper, CornersAndMeanOfATriangle)
+{
+    const double high = std::sqrt(3.0) / 2;
+    const auto expectAt = [](const Spot& spot, double x, double y) {
+        EXPECT_NEAR(spot.x, x, 1e-12);
+        EXPECT_NEAR(spot.y, y, 1e-12);
+    };
+    expectAt(triangleSpot(100, 0, 0), 0, 0);
+    expectAt(triangleSpot(0, 100, 0), 1, 0);
+    expectAt(triangleSpot(0, 0, 100), 0.5, high);
+    expectAt(triangleSpot(20, 20, 20), 0.5, high / 3);
+}
+
+TEST(Piper, AllMarksStandOnTheSheet)
+{
+    std::vector<PiperSample> samples;
+    for (const auto& [ca, mg] : {std::pair(100.0, 0.0), {0.0, 100.0}, {0.0, 0.0}})
+        samples.push_back({L"вода", ca, mg, 100 - ca - mg, ca, mg, 100 - ca - mg});
+    const Drawing drawing = piperDiagram(samples);
+    int marks = 0;
+    for (const Item& item : drawing.items)
+        if (const auto* circle = std::get_if<Circle>(&item.shape)) {
+            ++marks;
+            EXPECT_TRUE(circle->centre.x > 0 && circle->centre.x < drawing.width && circle->centre.y > 0
+                && circle->centre.y < drawing.height);
+        }
+    EXPECT_EQ(marks, 9);
+    EXPECT_FALSE(piperSample(waterChemistry(Analysis()), L"пусто"));
+}
