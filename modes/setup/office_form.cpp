@@ -1,6 +1,5 @@
 #include "setup/office_form.h"
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QFormLayout>
@@ -39,7 +38,6 @@ OfficeForm::OfficeForm(QFormLayout* form, QWidget* parent)
     , stage_(makeWords(
           parent, {QStringLiteral("П"), QStringLiteral("Р"), QStringLiteral("ПР"), QStringLiteral("ИИ")}))
     , signatures_(new QComboBox(parent))
-    , frame_(new QCheckBox(parent))
 {
     stage_->setObjectName(QStringLiteral("officeStage"));
     stage_->setToolTip(
@@ -52,8 +50,6 @@ OfficeForm::OfficeForm(QFormLayout* form, QWidget* parent)
         QStringLiteral("в штампе и под таблицами"),
         QStringLiteral("нет")});
     form->addRow(QStringLiteral("Места подписей"), signatures_);
-    frame_->setObjectName(QStringLiteral("officeFrame"));
-    form->addRow(QStringLiteral("Рамка и штамп на листах"), frame_);
 }
 
 QLineEdit* OfficeForm::addText(QFormLayout* form, const QString& label, const char* name, const QString& tip)
@@ -102,7 +98,6 @@ Office OfficeForm::office() const
     office.city = city_->text().toStdWString();
     office.stage = stage_->currentText().toStdWString();
     office.signatures = static_cast<Office::Signatures>(signatures_->currentIndex());
-    office.hasFrame = frame_->isChecked();
     for (const PersonRow& row : people_)
         if (!row.role->currentText().isEmpty() || !row.name->text().isEmpty())
             office.people.push_back(
@@ -116,7 +111,6 @@ void OfficeForm::show(const Office& office)
     city_->setText(QString::fromStdWString(office.city));
     stage_->setCurrentText(QString::fromStdWString(office.stage));
     signatures_->setCurrentIndex(office.signatures);
-    frame_->setChecked(office.hasFrame);
     for (std::size_t i = 0; i < people_.size(); ++i) {
         const bool isThere = i < office.people.size();
         people_[i].role->setCurrentText(isThere ? QString::fromStdWString(office.people[i].role) : QString());

@@ -6,7 +6,6 @@
 
 #include <vector>
 
-class QCheckBox;
 class QComboBox;
 class QFormLayout;
 class QLineEdit;
@@ -35,7 +34,6 @@ private:
     QComboBox* stage_;
     std::vector<PersonRow> people_;
     QComboBox* signatures_;
-    QCheckBox* frame_;
 };
 
 // The file of the program that runs.

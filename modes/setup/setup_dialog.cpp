@@ -144,12 +144,14 @@ bool SetupDialog::storeOffice()
     Office after = office_->office();
     const Office before = readOffice(ownOfficePath());
     after.logo = before.logo;
+    after.hasFrame = before.hasFrame;
     const FileResult written = writeOffice(ownOfficePath(), after);
     if (written)
         return true;
     return QMessageBox::warning(this,
                windowTitle(),
-               QStringLiteral("Сведения страницы «Документы» не сохраняются:\n%1\n\n%2\n\nСохранить остальные настройки?")
+               QStringLiteral("Сведения страницы «Документы» не сохраняются:\n%1\n\n%2\n\nСохранить "
+                              "остальные настройки?")
                    .arg(QString::fromStdWString(ownOfficePath()), QString::fromStdWString(written.reason)),
                QMessageBox::Yes | QMessageBox::No)
         == QMessageBox::Yes;

@@ -5,6 +5,8 @@
 #include "reports/signatures.h"
 #include "site/subsidence.h"
 
+#include <algorithm>
+
 namespace
 {
 
@@ -94,10 +96,25 @@ TableBlock stepsOf(const SubsidencePoint& point)
 void addPoint(Document& document, const SubsidencePoint& point)
 {
     document.blocks.emplace_back(stepsOf(point));
+    // One line for all layers that lack the same.
+    std::vector<std::pair<std::wstring, std::wstring>> lines;
     for (const Remark& remark : point.remarks) {
+        const std::string prefix = "layer/";
+        std::wstring layer;
+        if (remark.cell.rfind(prefix, 0) == 0)
+            if (const Number place = readNumber(std::wstring(remark.cell.begin() + 6, remark.cell.end())))
+                layer = layerText(point, static_cast<std::size_t>(*place));
+        const auto known = std::find_if(
+            lines.begin(), lines.end(), [&](const auto& line) { return line.first == remark.text; });
+        if (known == lines.end())
+            lines.emplace_back(remark.text, layer);
+        else if (!layer.empty())
+            known->second += (known->second.empty() ? L"" : L", ") + layer;
+    }
+    for (const auto& [text, layers] : lines) {
         Paragraph line;
         line.style = Paragraph::Note;
-        line.runs = {{remark.text}};
+        line.runs = {{text + (layers.empty() ? L"" : L": " + layers) + L"."}};
         document.blocks.emplace_back(std::move(line));
     }
     const std::wstring title = L"Точка " + std::wstring(point.point);
