@@ -24,7 +24,7 @@ ChemistryRecord worked()
     ChemistryRecord record;
     record.cells[CellCa] = L"120";
     record.cells[CellMg] = L"36";
-    record.cells[CellNa] = L"83";
+    record.cells[CellNaK] = L"83";
     record.cells[CellHCO3] = L"366";
     record.cells[CellSO4] = L"192";
     record.cells[CellCl] = L"89";
