@@ -85,7 +85,7 @@ Document coordinatesReport(IDBProject& project, const Office& office)
         TableCell count = textCell(std::to_wstring(++number), Align::Right);
         count.number = number;
         table.rows.push_back({count,
-            textCell(pointKindName(key.pointKind)),
+            textCell(pointKindFullName(key.pointKind)),
             textCell(key.pointName),
             numberCell(row.text0),
             numberCell(row.text1),
