@@ -14,6 +14,7 @@ int main(int argumentCount, char** arguments)
         addOpenSaveBenchmarks();
         addMapBenchmarks();
         addClassificationBenchmarks();
+        addLaboratoryBenchmarks();
         benchmark::Initialize(&argumentCount, arguments);
         if (benchmark::ReportUnrecognizedArguments(argumentCount, arguments))
             return 1;

@@ -81,28 +81,30 @@ public:
     }
 
 private:
-    Number property(int id)
-    {
-        const PropertyCell* cell = propertyCell(sample_, id);
-        const CellNumber number = cell ? readCellNumber(cell->value) : CellNumber();
-        return number.isLeftOut ? Number() : number.value;
-    }
-
     void readPhysical()
     {
-        for (const PropertyCell& cell : sample_.physical)
-            if (!isBlank(cell.value) && !readCellNumber(cell.value).value)
-                unreadable(input_.remarks, "physical/" + std::to_string(cell.id), cell.value);
         PhysicalInput& physical = input_.physical;
-        physical.moisture = property(0);
-        physical.density = property(1);
-        physical.particleDensity = property(2);
-        physical.liquidLimit = property(3);
-        physical.plasticLimit = property(4);
-        physical.dryDensity = property(5);
+        Number organic;
+        const std::pair<int, Number*> wanted[] = {{0, &physical.moisture},
+            {1, &physical.density},
+            {2, &physical.particleDensity},
+            {3, &physical.liquidLimit},
+            {4, &physical.plasticLimit},
+            {5, &physical.dryDensity},
+            {18, &organic}};
+        for (const PropertyCell& cell : sample_.physical) {
+            if (isBlank(cell.value))
+                continue;
+            const CellNumber number = readCellNumber(cell.value);
+            if (!number.value)
+                unreadable(input_.remarks, "physical/" + std::to_string(cell.id), cell.value);
+            for (const auto& [id, place] : wanted)
+                if (id == cell.id && &cell == propertyCell(sample_, id) && !number.isLeftOut)
+                    *place = number.value;
+        }
         constexpr double organicShare = 10; // %, from where a soil is peaty
         constexpr int peatyGroup = 8;
-        physical.isOrganic = property(18).value_or(0) >= organicShare || sample_.soilKind.code >= peatyGroup;
+        physical.isOrganic = organic.value_or(0) >= organicShare || sample_.soilKind.code >= peatyGroup;
     }
 
     void readGrading()
@@ -140,7 +142,9 @@ private:
 
     void readStage(int test, const CompressionCell& cell, std::size_t index, CompressionInput& read)
     {
-        const std::string name = "compression/" + std::to_string(test) + "/" + std::to_string(cell.id);
+        const auto name = [&] {
+            return "compression/" + std::to_string(test) + "/" + std::to_string(cell.id);
+        };
         OedometerStage stage;
         stage.row = cell.id;
         Number load = compressionLoad(cell.id);
@@ -148,7 +152,7 @@ private:
         const auto take = [&](const std::wstring& text, Number& value) {
             const LoadCell place = readLoadCell(text);
             if (place.isText)
-                unreadable(input_.remarks, name, text);
+                unreadable(input_.remarks, name(), text);
             if (place.load)
                 load = place.load;
             isLeftOut = isLeftOut || place.number.isLeftOut;
@@ -160,7 +164,7 @@ private:
         if (isLeftOut)
             read.leftOut.push_back(index);
         if (!load && (stage.deformation || stage.soakedDeformation))
-            input_.remarks.push_back({Remark::Impossible, name, L"Нет такой ступени нагрузки"});
+            input_.remarks.push_back({Remark::Impossible, name(), L"Нет такой ступени нагрузки"});
         if (!load)
             return;
         stage.load = *load;
@@ -184,17 +188,19 @@ private:
 
     void readPoint(const ShearCell& cell, std::size_t index, ShearInput& read)
     {
-        const std::string name = "shear/" + std::to_string(read.method) + "/" + std::to_string(cell.id);
+        const auto name = [&] {
+            return "shear/" + std::to_string(read.method) + "/" + std::to_string(cell.id);
+        };
         const LoadCell place = readLoadCell(cell.value);
         if (place.isText)
-            unreadable(input_.remarks, name, cell.value);
+            unreadable(input_.remarks, name(), cell.value);
         if (!place.number.value)
             return;
         const Number load = place.load ? place.load : shearLoad(cell.id);
         const bool isPossible = load && *load >= 0 && *place.number.value >= 0;
         if (!isPossible && !place.number.isLeftOut) {
             input_.remarks.push_back({Remark::Impossible,
-                name,
+                name(),
                 load ? L"Отрицательное давление или сопротивление сдвигу"
                      : L"Нет такого нормального давления"});
             read.isImpossible = true;
@@ -208,14 +214,14 @@ private:
     {
         input_.swellingHeight = heightOf(rings_.valueB);
         for (const SwellingCell& cell : sample_.swelling) {
-            const std::string name = "swelling/" + std::to_string(cell.id);
+            const auto name = [&] { return "swelling/" + std::to_string(cell.id); };
             SwellingStage stage;
             stage.row = cell.id;
             Number load = swellLoad(cell.id);
             const auto take = [&](const std::wstring& text, Number& value) {
                 const LoadCell place = readLoadCell(text);
                 if (place.isText)
-                    unreadable(input_.remarks, name, text);
+                    unreadable(input_.remarks, name(), text);
                 if (place.load)
                     load = place.load;
                 value = place.number.isLeftOut ? Number() : place.number.value;
