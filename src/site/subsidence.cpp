@@ -97,6 +97,7 @@ std::vector<SubsidencePoint> subsidencePoints(IDBProject& project, const SiteLab
             && std::ranges::find(names, std::wstring_view(sample.key->pointName)) == names.end())
             names.push_back(sample.key->pointName);
     std::vector<SubsidencePoint> points;
+    points.reserve(names.size());
     for (const std::wstring_view name : names)
         points.push_back(subsidencePoint(project, laboratory, name));
     return points;
