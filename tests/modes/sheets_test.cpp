@@ -49,7 +49,7 @@ TEST(SheetScreens, keepTheContractWithTheShell)
 TEST(SheetScreens, filterCountCopyAndTabs)
 {
     const auto project = sample(L"PORTADOWN.TLX");
-    SheetHost host(sheetModules[0], project.get());
+    SheetHost host(laboratoryTables(), ModeLaboratory, project.get());
     EXPECT_EQ(host.count(), "Показано 325 из 325");
 
     QTest::keyClicks(host.filter(), QStringLiteral("cbh02 26"));

@@ -22,7 +22,6 @@ struct SheetModule {
     TX_Modes mode;
 };
 inline constexpr SheetModule sheetModules[] = {
-    {"laboratory19.dll", ModeLaboratory},
     {"section19.dll", ModeSection},
     {"subsidence19.dll", ModeSubsidence},
     {"chemistry19.dll", ModeChemistry},
