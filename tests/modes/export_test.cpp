@@ -1,6 +1,8 @@
+#include "common/clipboard_text.h"
 #include "common/edit_grid.h"
 #include "common/export_dialog.h"
 #include "common/table_document.h"
+#include "common/typed_text.h"
 #include "platform/files.h"
 
 #include <QApplication>
@@ -122,9 +124,20 @@ TEST(Export, CopiedBlockIsATableForTextProcessors)
 {
     const auto grid = makeGrid();
     grid->selectAll();
-    grid->copySelection();
-    const QMimeData* data = QApplication::clipboard()->mimeData();
-    EXPECT_TRUE(data->html().contains(QStringLiteral("<td>Скв-2</td><td>12</td>")))
-        << data->html().toStdString();
-    EXPECT_TRUE(data->text().startsWith(QStringLiteral("Скв-1\t1.50")));
+    const bool usual = copiesDecimalComma();
+    for (const bool comma : {true, false}) {
+        SCOPED_TRACE(comma);
+        setCopiesDecimalComma(comma);
+        grid->copySelection();
+        const QMimeData* data = QApplication::clipboard()->mimeData();
+        const QString depth = comma ? QStringLiteral("1,50") : QStringLiteral("1.50");
+        EXPECT_EQ(data->text().toStdString(),
+            QStringLiteral("Скв-1\t%1\nСкв-2\t12\nСкв-3\t3,25\n").arg(depth).toStdString());
+        EXPECT_TRUE(data->html().contains(QStringLiteral("<td>Скв-1</td><td>%1</td>").arg(depth)))
+            << data->html().toStdString();
+        // A table of ours takes back what stood in the cells.
+        ASSERT_EQ(cellsOnClipboard().size(), 3);
+        EXPECT_EQ(cellsOnClipboard().front().back().toStdString(), "1.50");
+    }
+    setCopiesDecimalComma(usual);
 }
