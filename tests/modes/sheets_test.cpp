@@ -5,6 +5,7 @@
 #include "tables/tables.h"
 
 #include <QClipboard>
+#include <QTabWidget>
 #include <gtest/gtest.h>
 
 static Reference<DBProject> sample(const std::wstring& name)
@@ -43,6 +44,41 @@ TEST(SheetScreens, keepTheContractWithTheShell)
         EXPECT_EQ(told, (std::vector<std::pair<TX_Modes, bool>>(4, {module.mode, false})));
         EXPECT_EQ(host.count().find("Показано 0"), std::string::npos);
         EXPECT_EQ(host.count().find("Показано "), 0U);
+    }
+}
+
+TEST(PagedModules, tellTheShellOnlyOfTheModeInFront)
+{
+    const auto project = sample(L"ALLTEXT.TLX");
+    for (const SheetModule& module : pagedModules) {
+        SCOPED_TRACE(module.file);
+        SheetHost host(module, nullptr);
+        std::vector<std::pair<TX_Modes, bool>> told;
+        const auto keep = [&told](TX_Modes mode, bool value) { told.emplace_back(mode, value); };
+        QObject::connect(host.screen.get(), &TXWidget::signalDeleteRecord, keep);
+        QObject::connect(host.screen.get(), &TXWidget::signalAddRecord, keep);
+        auto* pages = host.screen->findChild<QTabWidget*>(QStringLiteral("pages"));
+        ASSERT_TRUE(pages);
+        ASSERT_GT(pages->count(), 1);
+        for (DBProject* open : {static_cast<DBProject*>(nullptr), project.get()})
+            for (const TX_Modes shown : {ModeConsolidated, module.mode}) {
+                host.controller.setCurrentMode(shown);
+                host.controller.setProject(open);
+                told.clear();
+                Q_EMIT host.screen->signalUpdateInfo();
+                Q_EMIT host.screen->signalUpdateMode();
+                Q_EMIT host.screen->signalCloseAllEditCell();
+                Q_EMIT host.screen->signalDelSelectedRecord();
+                Q_EMIT host.screen->signalAddSelectedRecord();
+                Q_EMIT host.screen->signalChangeLanguage();
+                for (int page = pages->count() - 1; page >= 0; --page)
+                    pages->setCurrentIndex(page);
+                QCoreApplication::sendPostedEvents();
+                EXPECT_TRUE(Q_EMIT host.screen->signalUpdateDB());
+                EXPECT_EQ(told.empty(), shown != module.mode);
+                for (const auto& each : told)
+                    EXPECT_EQ(each, std::make_pair(module.mode, false));
+            }
     }
 }
 

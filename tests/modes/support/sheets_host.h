@@ -16,16 +16,19 @@
 
 #include <memory>
 
-// The modules whose screens show sheets.
+// The modules whose screens show sheets and nothing else.
 struct SheetModule {
     const char* file;
     TX_Modes mode;
 };
 inline constexpr SheetModule sheetModules[] = {
     {"section19.dll", ModeSection},
+    {"consolidated19.dll", ModeConsolidated},
+};
+// Those whose screens have pages, without records that the shell adds or deletes.
+inline constexpr SheetModule pagedModules[] = {
     {"subsidence19.dll", ModeSubsidence},
     {"chemistry19.dll", ModeChemistry},
-    {"consolidated19.dll", ModeConsolidated},
 };
 
 // Such a screen as the shell makes it, over the real facade.
@@ -64,7 +67,8 @@ public:
     std::string count() const
     {
         look();
-        return screen->findChild<QLabel*>(QStringLiteral("count"))->text().toStdString();
+        const auto* label = screen->findChild<QLabel*>(QStringLiteral("count"));
+        return label ? label->text().toStdString() : "no count in view";
     }
     QTableView* table(const char* name) const
     {
