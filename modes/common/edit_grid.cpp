@@ -44,13 +44,15 @@ EditGrid::EditGrid(const QString& name, const QVector<GridColumn>& columns, QWid
 
 void EditGrid::setDefaultWidths(const QString& name)
 {
+    const int count = model_->columns().size() - (horizontalHeader()->stretchLastSection() ? 1 : 0);
+    // Where the others leave nothing, the last column still needs the room for its title.
+    makeRoomForTitles(count);
     if (viewSettings()->contains(QStringLiteral("widths/") + name))
         return;
     // No title is cut off, whatever the size of the system's letters.
-    const int last = model_->columns().size() - (horizontalHeader()->stretchLastSection() ? 2 : 1);
-    for (int column = 0; column <= last; ++column)
-        setColumnWidth(
-            column, qMax(model_->columns()[column].width, horizontalHeader()->sectionSizeHint(column)));
+    for (int column = 0; column < count; ++column)
+        setColumnWidth(column, model_->columns()[column].width);
+    makeRoomForTitles();
 }
 
 // A press on a head chooses the column, as in every spreadsheet.

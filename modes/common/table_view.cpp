@@ -230,9 +230,13 @@ void TableView::keyPressEvent(QKeyEvent* event)
 void TableView::changeEvent(QEvent* event)
 {
     QTableView::changeEvent(event);
-    if (event->type() != QEvent::StyleChange)
-        return;
-    for (int column = 0; column < horizontalHeader()->count(); ++column)
+    if (event->type() == QEvent::StyleChange)
+        makeRoomForTitles();
+}
+
+void TableView::makeRoomForTitles(int first)
+{
+    for (int column = first; column < horizontalHeader()->count(); ++column)
         if (!isColumnHidden(column))
             setColumnWidth(column, qMax(columnWidth(column), horizontalHeader()->sectionSizeHint(column)));
 }

@@ -41,6 +41,8 @@ public:
     void sortByClick(int column);
 
 protected:
+    // Widens the columns, from the first of them, whose titles would be cut off.
+    void makeRoomForTitles(int first = 0);
     NumberSortProxy* proxy() const { return proxy_; }
     // Whether the cells of the column are copied as numbers; where they stand on the right, they are.
     virtual bool holdsNumbers(int column) const;

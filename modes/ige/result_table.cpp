@@ -1,6 +1,9 @@
 #include "ige/result_table.h"
 
+#include "common/view_settings.h"
+
 #include <QHeaderView>
+#include <QSettings>
 
 ResultTable::ResultTable(const QString& name, const QStringList& titles, int textColumns, QWidget* parent)
     : TableView(name, parent)
@@ -12,11 +15,14 @@ ResultTable::ResultTable(const QString& name, const QStringList& titles, int tex
     setSelectionBehavior(SelectRows);
     setTabKeyNavigation(false);
     model_->setHorizontalHeaderLabels(titles);
-    for (int column = 0; column < titles.size(); ++column)
-        setColumnWidth(column, column < textColumns ? 150 : 70);
-    setSourceModel(model_);
     horizontalHeader()->setStretchLastSection(false);
     horizontalHeader()->setMinimumSectionSize(40);
+    setSourceModel(model_);
+    if (viewSettings()->contains(QStringLiteral("widths/") + name))
+        return;
+    for (int column = 0; column < titles.size(); ++column)
+        setColumnWidth(column, column < textColumns ? 150 : 70);
+    makeRoomForTitles();
 }
 
 void ResultTable::setRows(const QVector<ResultRow>& rows)
