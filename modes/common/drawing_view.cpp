@@ -20,8 +20,11 @@ DrawingView::DrawingView(QWidget* parent)
     , canvas_(new DrawingCanvas)
 {
     bar_->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    // What folds away is not found: the neighbour of the drawing gives up the room.
+    bar_->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
     before_ = addAction(QStringLiteral("◀"), QStringLiteral("Предыдущий лист"), &DrawingView::showBefore);
     pageChoice_->setToolTip(QStringLiteral("Лист"));
+    pageChoice_->setAccessibleName(QStringLiteral("Лист"));
     pageChoice_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     bar_->addWidget(pageChoice_);
     next_ = addAction(QStringLiteral("▶"), QStringLiteral("Следующий лист"), &DrawingView::showNext);
