@@ -81,6 +81,7 @@ AnalysesPage::AnalysesPage(ModeScreen& screen)
     auto* remove = new QPushButton(QStringLiteral("Удалить"), this);
     auto* filter = new QLineEdit(this);
     filter->setPlaceholderText(QStringLiteral("Фильтр по всем столбцам"));
+    filter->setAccessibleName(QStringLiteral("Фильтр"));
     filter->setClearButtonEnabled(true);
     auto* head = new QHBoxLayout;
     head->addWidget(filter, 1);

@@ -21,6 +21,7 @@ DrawingCanvas::DrawingCanvas(QWidget* parent)
 {
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
+    setAccessibleName(QStringLiteral("Чертёж"));
     setMinimumSize(120, 120);
     setAttribute(Qt::WA_OpaquePaintEvent);
 }

@@ -84,6 +84,10 @@ StatisticsPage::StatisticsPage(ModeScreen& screen, QWidget* parent)
     , view_(new DrawingView(this))
 {
     elements_->setObjectName(QStringLiteral("element"));
+    elements_->setAccessibleName(QStringLiteral("Элемент"));
+    pictures_->setAccessibleName(QStringLiteral("Рисунок"));
+    statistics_->setAccessibleName(QStringLiteral("Статистика показателей"));
+    valueTable_->setAccessibleName(QStringLiteral("Частные значения"));
     elements_->setMinimumWidth(320);
     pictures_->addItems({QStringLiteral("Рассеяние и гистограмма"),
         QStringLiteral("Гранулометрия"),

@@ -78,6 +78,8 @@ SummaryPage::SummaryPage(ModeScreen& screen, QWidget* parent)
     notes_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     notes_->setMargin(6);
     auto* scroll = new QScrollArea(this);
+    table_->setAccessibleName(QStringLiteral("Нормативные и расчётные значения"));
+    scroll->setAccessibleName(QStringLiteral("Примечания к значениям"));
     scroll->setWidget(notes_);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
@@ -183,6 +185,9 @@ ComparisonPage::ComparisonPage(ModeScreen& screen, QWidget* parent)
     QFont bold = answer_->font();
     bold.setBold(true);
     answer_->setFont(bold);
+    first_->setAccessibleName(QStringLiteral("Первый элемент"));
+    second_->setAccessibleName(QStringLiteral("Второй элемент"));
+    table_->setAccessibleName(QStringLiteral("Сравнение элементов"));
     table_->setColumnWidth(0, 260);
     table_->setColumnWidth(1, 420);
     auto* layout = new QVBoxLayout(this);

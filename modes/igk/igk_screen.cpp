@@ -60,6 +60,9 @@ IgkScreen::IgkScreen(TX_Modes mode, ITellurixController* controller, QWidget* pa
     view_->setObjectName(QStringLiteral("igk/view"));
     lanes_->setObjectName(QStringLiteral("igk/lanes"));
     scale_->setObjectName(QStringLiteral("igk/scale"));
+    points_->setAccessibleName(QStringLiteral("Выработки"));
+    lanes_->setAccessibleName(QStringLiteral("Графы"));
+    sounding_->setAccessibleName(QStringLiteral("Зондирование"));
     fillPresets();
     connect(points_, &QListWidget::currentRowChanged, this, [this] { drawChosen(); });
     for (QComboBox* box : {scale_, sheet_, sounding_})

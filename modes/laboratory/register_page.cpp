@@ -102,6 +102,9 @@ RegisterPage::RegisterPage(ModeScreen& screen)
 {
     setObjectName(QStringLiteral("register"));
     grid_->setObjectName(QStringLiteral("samples"));
+    grid_->setAccessibleName(QStringLiteral("Реестр проб"));
+    filter_->setAccessibleName(QStringLiteral("Фильтр проб"));
+    missing_->setAccessibleName(QStringLiteral("Какие пробы показаны"));
     grid_->setEmptyText(
         QStringLiteral("Лабораторных проб нет.\nIns или «Новая проба» — добавить, «Взять из реестра проб» "
                        "— завести все отобранные."));

@@ -119,6 +119,7 @@ void TestPage::makeBar(QVBoxLayout* layout)
     if (choice_.test == LabTest::Compression || choice_.test == LabTest::Shear) {
         method_ = new QComboBox(this);
         method_->setObjectName(QStringLiteral("method"));
+        method_->setAccessibleName(QStringLiteral("Способ испытания"));
         method_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         method_->setMinimumContentsLength(38);
         addMethods();
@@ -132,6 +133,7 @@ void TestPage::makeBar(QVBoxLayout* layout)
     }
     if (choice_.test == LabTest::Compression) {
         branch_ = new QComboBox(this);
+        branch_->setAccessibleName(QStringLiteral("Образец"));
         branch_->addItems({QStringLiteral("Первый образец, до замачивания"),
             QStringLiteral("Второй образец, после замачивания")});
         bar->addWidget(branch_);
@@ -143,6 +145,7 @@ void TestPage::makeBar(QVBoxLayout* layout)
     }
     filter_ = new QLineEdit(this);
     filter_->setPlaceholderText(QStringLiteral("Фильтр: точка, проба, ИГЭ…"));
+    filter_->setAccessibleName(QStringLiteral("Фильтр проб"));
     filter_->setClearButtonEnabled(true);
     filter_->setFixedWidth(190);
     connect(filter_, &QLineEdit::textChanged, this, [this](const QString& text) {
@@ -302,6 +305,7 @@ void TestPage::makeGrid()
     grid_ =
         new EditGrid(QStringLiteral("laboratory/") + QLatin1String(nameOf(choice_.test)), columns, stack_);
     grid_->setObjectName(QStringLiteral("samples"));
+    grid_->setAccessibleName(QStringLiteral("Испытания проб"));
     grid_->setRowsGrow(false);
     grid_->setEmptyText(
         QStringLiteral("Лабораторных проб нет.\nНовые пробы добавляются на странице «Реестр проб»."));
@@ -479,6 +483,7 @@ void TestPage::readForm(IDBProject& project)
         formGrid_ = new EditGrid(
             QStringLiteral("laboratory/form/") + QLatin1String(nameOf(choice_.test)), form_.columns, stack_);
         formGrid_->setObjectName(QStringLiteral("form"));
+        formGrid_->setAccessibleName(QStringLiteral("Испытание пробы"));
         formGrid_->setProperty("heads", heads);
         formGrid_->setRowsGrow(form_.rowsGrow);
         connect(formGrid_, &EditGrid::edited, this, [this](const GridRows& after) {

@@ -59,6 +59,11 @@ GraphPage::GraphPage(ModeScreen& screen, std::shared_ptr<SoundingChoice> choice)
     vertical_->setPrefix(QStringLiteral("1:"));
     tip_->setSuffix(QStringLiteral(" МПа / 10 см"));
     sleeve_->setSuffix(QStringLiteral(" кПа / см"));
+    points_->setAccessibleName(QStringLiteral("Точки зондирования"));
+    mode_->setAccessibleName(QStringLiteral("Какие точки на графике"));
+    vertical_->setAccessibleName(QStringLiteral("Масштаб по глубине"));
+    tip_->setAccessibleName(QStringLiteral("Масштаб qc"));
+    sleeve_->setAccessibleName(QStringLiteral("Масштаб fs"));
     layOut();
     setFocusProxy(points_);
     connect(points_, &QListWidget::currentTextChanged, this, [this](const QString& name) {

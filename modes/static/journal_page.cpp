@@ -107,6 +107,7 @@ JournalPage::JournalPage(ModeScreen& screen, std::shared_ptr<SoundingChoice> cho
     grid_->setObjectName(QStringLiteral("journal"));
     grid_->setEmptyText(QStringLiteral("В журнале нет отсчётов.\nВставьте их из таблицы (Ctrl+V), "
                                        "импортируйте файл\nили начните вводить глубины."));
+    grid_->setAccessibleName(QStringLiteral("Журнал зондирования"));
     layOut();
     setFocusProxy(grid_);
     connect(points_, &PointList::chosen, this, &JournalPage::choosePoint);

@@ -134,6 +134,9 @@ PilePage::PilePage(ModeScreen& screen)
     , title_(new QLabel(this))
     , picture_(new DrawingView(this))
 {
+    soils_->setAccessibleName(QStringLiteral("Вид грунта элементов"));
+    typed_->setAccessibleName(QStringLiteral("R и f по слоям"));
+    results_->setAccessibleName(QStringLiteral("Несущая способность свай"));
     auto* splitter = new QSplitter(Qt::Horizontal, this);
     splitter->addWidget(makeForm());
     splitter->addWidget(makeResults());
@@ -190,6 +193,7 @@ QWidget* PilePage::makeForm()
     typed_->setMinimumHeight(150);
     form->addRow(typed_);
     auto* area = new QScrollArea(this);
+    area->setAccessibleName(QStringLiteral("Исходные данные сваи"));
     area->setWidget(content);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);

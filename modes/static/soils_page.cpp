@@ -119,6 +119,8 @@ SoilsPage::SoilsPage(ModeScreen& screen)
 {
     layers_->setEmptyText(
         QStringLiteral("Слоёв нет: у зондирований нет отсчётов\nили соседней скважины со слоями."));
+    layers_->setAccessibleName(QStringLiteral("Слои по точкам"));
+    elements_->setAccessibleName(QStringLiteral("Элементы по всем точкам"));
     elements_->setEmptyText(QStringLiteral("Элементов нет."));
     auto* splitter = new QSplitter(Qt::Vertical, this);
     const auto add = [&](const char* title, EditGrid* grid) {

@@ -57,6 +57,8 @@ StratigraphicScreen::StratigraphicScreen(TX_Modes mode, ITellurixController* con
         hatches_ = readHatches(controller->hatch()->getHatches());
     grid_ = new EditGrid(QStringLiteral("stratigraphic/layers"), gridColumns(hatches_));
     grid_->setEmptyText(QStringLiteral("Слоёв нет.\nНачните вводить верхний слой."));
+    title_->setAccessibleName(QStringLiteral("Заголовок колонки"));
+    grid_->setAccessibleName(QStringLiteral("Слои колонки"));
     title_->setObjectName(QStringLiteral("stratigraphic/title"));
     view_->setObjectName(QStringLiteral("stratigraphic/view"));
     auto* splitter = new QSplitter;

@@ -25,6 +25,7 @@ ElementColumnScreen::ElementColumnScreen(TX_Modes mode, ITellurixController* con
     for (const SheetFormat& format : sheetFormats())
         sheet_->addItem(QString::fromWCharArray(format.name));
     view_->setObjectName(QStringLiteral("stratigraphicIge/view"));
+    sheet_->setAccessibleName(QStringLiteral("Формат листа"));
     view_->bar().addSeparator();
     view_->bar().addWidget(new QLabel(QStringLiteral(" Лист: ")));
     view_->bar().addWidget(sheet_);
