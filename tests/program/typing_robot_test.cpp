@@ -152,9 +152,21 @@ protected:
     {
         MeantRecords some;
         for (const MeantRecord& record : all)
-            if (isTaken(screen, record))
+            if (isTaken(screen, record) && !isReadAsAnother(screen, record, all))
                 some.push_back(record);
         return some;
+    }
+    // An undo gives a comma back, and up to it the depth may be that of another record: the screen refuses
+    // it.
+    static bool isReadAsAnother(const RobotScreen& screen, const MeantRecord& record, const MeantRecords& all)
+    {
+        const QString key = record.at(screen.table->key);
+        const int comma = key.indexOf(QLatin1Char(','));
+        return screen.read && comma > 0 && std::any_of(all.begin(), all.end(), [&](const MeantRecord& other) {
+            const auto text = other.find(screen.table->key);
+            return text != other.end() && text->second != key
+                && text->second.section(QLatin1Char(','), 0, 0).toDouble() == key.left(comma).toDouble();
+        });
     }
     // The record that a person takes a row for: by its key, which stands there once.
     MeantRecord* recordAt(int row)
