@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <locale>
+#include <sstream>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -24,7 +26,11 @@ std::wstring textOf(const std::wstring& value)
 }
 std::wstring textOf(float value)
 {
-    std::wstring text = std::to_wstring(value);
+    // The standard library's own words for it would have the comma of the locale.
+    std::wostringstream words;
+    words.imbue(std::locale::classic());
+    words << std::fixed << value;
+    std::wstring text = words.str();
     text.erase(text.find_last_not_of(L'0') + 1);
     return text;
 }

@@ -1,6 +1,7 @@
 #include "core/base/mexception.h"
-#include "plots/column.h"
+#include "core/base/typed_number.h"
 #include "drawing/hatch.h"
+#include "plots/column.h"
 #include "plots/column_pages.h"
 #include "plots/plot_checks.h"
 
@@ -12,8 +13,8 @@ static ColumnLayer layerOf(double top, double bottom, std::wstring description =
     ColumnLayer layer;
     layer.top = top;
     layer.bottom = bottom;
-    layer.bottomText = std::to_wstring(bottom).substr(0, 5);
-    layer.thickness = std::to_wstring(bottom - top).substr(0, 4);
+    layer.bottomText = numberText(bottom, 2);
+    layer.thickness = numberText(bottom - top, 2);
     layer.mark = L"147.75";
     layer.index = L"aQ_III^2";
     layer.element = L"2а";
