@@ -11,6 +11,15 @@
 
 #include <algorithm>
 
+// The first of the bar, with the line behind them. A single sheet needs no way to others, and the table
+// beside the drawing has the room.
+static void showWayBetweenSheets(const QToolBar& bar, bool isShown)
+{
+    const QList<QAction*> actions = bar.actions().mid(0, 4);
+    for (QAction* action : actions)
+        action->setVisible(isShown);
+}
+
 DrawingView::DrawingView(QWidget* parent)
     : QWidget(parent)
     , bar_(new QToolBar)
@@ -43,6 +52,7 @@ DrawingView::DrawingView(QWidget* parent)
     addAction(QStringLiteral("Печать…"), QStringLiteral("Просмотр и печать листов"), &DrawingView::print);
     for (QAction* action : bar_->actions())
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    showWayBetweenSheets(*bar_, false);
 
     message_->setAlignment(Qt::AlignCenter);
     message_->setWordWrap(true);
@@ -80,6 +90,7 @@ void DrawingView::setPages(std::vector<Drawing> pages, const Hatches& hatches, c
     for (std::size_t page = 0; page < pages_.size(); ++page)
         pageChoice_->addItem(QStringLiteral("Лист %1 из %2").arg(page + 1).arg(pages_.size()));
     showPage(std::clamp(page_, 0, qMax(0, static_cast<int>(pages_.size()) - 1)));
+    showWayBetweenSheets(*bar_, pages_.size() > 1);
     setMessage(pages_.empty() ? QStringLiteral("Чертить пока нечего.") : QString());
 }
 
