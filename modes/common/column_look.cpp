@@ -1,5 +1,6 @@
 #include "common/column_look.h"
 
+#include "dictionaries/report_language.h"
 #include "modules/idbproject.h"
 #include "modules/isettings.h"
 
@@ -15,7 +16,7 @@ static Color colorOf(int red, int green, int blue)
 ColumnLook columnLookOf(ISettings& settings, IDBProject* project)
 {
     ColumnLook look;
-    look.language = settings.reportLanguage();
+    look.language = knownLanguage(settings.reportLanguage());
     look.hatchScale = settings.scaleHatchingColumn();
     look.isWaterBlue = settings.isBlueLabelIgk();
     look.hasGrounds = settings.isColorPatternIgk();

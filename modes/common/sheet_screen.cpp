@@ -1,5 +1,6 @@
 #include "common/sheet_screen.h"
 
+#include "dictionaries/report_language.h"
 #include "modules/isettings.h"
 #include "modules/itellurix_controller.h"
 
@@ -190,7 +191,7 @@ std::optional<TableSource> SheetScreen::source() const
 {
     if (!project())
         return std::nullopt;
-    return TableSource{*project(), settings() ? settings()->reportLanguage() : 0};
+    return TableSource{*project(), settings() ? knownLanguage(settings()->reportLanguage()) : 0};
 }
 
 bool SheetScreen::eventFilter(QObject* watched, QEvent* event)

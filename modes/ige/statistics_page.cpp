@@ -3,6 +3,7 @@
 #include "common/drawing_view.h"
 #include "common/mode_screen.h"
 #include "common/view_settings.h"
+#include "dictionaries/report_language.h"
 #include "ige/element_look.h"
 #include "ige/result_table.h"
 #include "ige/value_exclusion.h"
@@ -167,7 +168,8 @@ void StatisticsPage::read(IDBProject* project)
     elements_->clear();
     if (project) {
         ISettings* settings = screen_.settings();
-        laboratory_ = std::make_unique<SiteLaboratory>(*project, settings ? settings->reportLanguage() : 0);
+        laboratory_ = std::make_unique<SiteLaboratory>(
+            *project, settings ? knownLanguage(settings->reportLanguage()) : 0);
         for (const SiteElement& each : laboratory_->elements()) {
             const std::wstring name(each.name);
             elements_->addItem(each.record ? swatch(colorOf(*each.record)) : QIcon(),
@@ -211,7 +213,7 @@ void StatisticsPage::showElement()
 {
     const SiteElement* shown = element();
     properties_ = shown ? propertiesOf(*shown) : std::vector<int>();
-    const int language = screen_.settings() ? screen_.settings()->reportLanguage() : 0;
+    const int language = screen_.settings() ? knownLanguage(screen_.settings()->reportLanguage()) : 0;
     QVector<ResultRow> rows;
     for (const int each : properties_) {
         const Statistics& statistics = *statisticsOf(*shown, each);
@@ -298,7 +300,7 @@ void StatisticsPage::showPicture()
     }
     view_->setMessage({});
     const std::wstring title = L"ИГЭ " + std::wstring(shortElementName(shown->name));
-    const int language = screen_.settings() ? screen_.settings()->reportLanguage() : 0;
+    const int language = screen_.settings() ? knownLanguage(screen_.settings()->reportLanguage()) : 0;
     std::vector<Drawing> pages;
     switch (pictures_->currentIndex()) {
     case Gradings:

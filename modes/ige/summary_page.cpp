@@ -1,6 +1,7 @@
 #include "ige/summary_page.h"
 
 #include "common/mode_screen.h"
+#include "dictionaries/report_language.h"
 #include "ige/element_look.h"
 #include "ige/result_table.h"
 #include "modules/idbproject.h"
@@ -41,7 +42,7 @@ void appendValues(ResultRow& row, const DesignValues& values, int decimals)
 
 int languageOf(const ModeScreen& screen)
 {
-    return screen.settings() ? screen.settings()->reportLanguage() : 0;
+    return screen.settings() ? knownLanguage(screen.settings()->reportLanguage()) : 0;
 }
 
 } // namespace

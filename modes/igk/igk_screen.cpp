@@ -5,6 +5,7 @@
 #include "common/drawing_view.h"
 #include "common/view_settings.h"
 #include "core/base/mexception.h"
+#include "dictionaries/report_language.h"
 #include "igk/lane_list.h"
 #include "modules/idb_hatch.h"
 #include "modules/idb_igk_preset.h"
@@ -150,7 +151,7 @@ void IgkScreen::choosePreset(int row)
         preset = own_[name].preset;
     else if (library && library->hasPreset(name.toStdWString()))
         preset = library->getPresets().at(name.toStdWString());
-    lanes_->setPreset(preset, settings()->reportLanguage());
+    lanes_->setPreset(preset, knownLanguage(settings()->reportLanguage()));
     if (isOwn)
         lanes_->setWidths(own_[name].widths);
     removal_->setEnabled(isOwn);

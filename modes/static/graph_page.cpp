@@ -3,6 +3,7 @@
 #include "common/drawing_view.h"
 #include "common/mode_screen.h"
 #include "common/view_settings.h"
+#include "dictionaries/report_language.h"
 #include "modules/isettings.h"
 #include "reports/sounding_report.h"
 #include "site/cells.h"
@@ -232,7 +233,7 @@ std::optional<Document> GraphPage::report()
     IDBProject* project = screen_.project();
     if (!project || view_->pages().empty())
         return std::nullopt;
-    return soundingGraphs(view_->pages(), screen_.settings()->reportLanguage());
+    return soundingGraphs(view_->pages(), knownLanguage(screen_.settings()->reportLanguage()));
 }
 
 void GraphPage::tellView(ITellurixController& controller) const

@@ -5,6 +5,7 @@
 #include "common/point_list.h"
 #include "common/view_settings.h"
 #include "core/base/calendar_date.h"
+#include "dictionaries/report_language.h"
 #include "dictionaries/sounding_captions.h"
 #include "modules/isettings.h"
 #include "reports/sounding_report.h"
@@ -302,7 +303,8 @@ std::optional<Document> JournalPage::report()
     IDBProject* project = screen_.project();
     if (!project || project->getSoundings().empty())
         return std::nullopt;
-    return soundingJournals(*project, SiteSoundings(*project), {}, screen_.settings()->reportLanguage());
+    return soundingJournals(
+        *project, SiteSoundings(*project), {}, knownLanguage(screen_.settings()->reportLanguage()));
 }
 
 void JournalPage::choosePoint(const QString& name)

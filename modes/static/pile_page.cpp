@@ -5,6 +5,7 @@
 #include "common/mode_screen.h"
 #include "common/view_settings.h"
 #include "dictionaries/pile_captions.h"
+#include "dictionaries/report_language.h"
 #include "modules/isettings.h"
 #include "reports/sounding_report.h"
 #include "site/cells.h"
@@ -414,7 +415,8 @@ std::optional<Document> PilePage::report()
     const std::vector<PileRow> rows = pileRows(*project, SiteSoundings(*project), task);
     if (rows.empty())
         return std::nullopt;
-    return pileReport(rows, task, hasParts_->isChecked(), screen_.settings()->reportLanguage());
+    return pileReport(
+        rows, task, hasParts_->isChecked(), knownLanguage(screen_.settings()->reportLanguage()));
 }
 
 void PilePage::tellView(ITellurixController& controller) const

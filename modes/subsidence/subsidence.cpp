@@ -1,6 +1,7 @@
 #include "common/paged_screen.h"
 #include "common/report_page.h"
 #include "common/sheet_page.h"
+#include "dictionaries/report_language.h"
 #include "modules/idbproject.h"
 #include "modules/isettings.h"
 #include "modules/module_export.h"
@@ -35,7 +36,7 @@ private:
         IDBProject* project = controller_->project();
         if (!project)
             return std::nullopt;
-        return TableSource{*project, controller_->settings()->reportLanguage()};
+        return TableSource{*project, knownLanguage(controller_->settings()->reportLanguage())};
     }
 
     ITellurixController* controller_;
@@ -51,7 +52,8 @@ public:
         const auto make = [controller](IDBProject& project) -> std::optional<Document> {
             const Office office =
                 readOffice(officePath(QCoreApplication::applicationDirPath().toStdWString()));
-            Document document = subsidenceReport(project, office, controller->settings()->reportLanguage());
+            Document document =
+                subsidenceReport(project, office, knownLanguage(controller->settings()->reportLanguage()));
             if (document.blocks.empty())
                 return std::nullopt;
             return document;

@@ -30,7 +30,7 @@ enum Number : std::int32_t {
 struct ColumnLane {
     std::int32_t column = 0;
     bool isTurned = false; // its caption reads upwards
-    double width = 0; // mm; 0: the usual one. The description takes what is left of the sheet
+    double width = 0; // mm, up to 1000; 0: the usual one. The description takes what is left of the sheet
 };
 
 // The smallest denominator first; the greatest is the last resort of "fit to the sheet".
@@ -45,7 +45,7 @@ struct ColumnLook {
     std::vector<ColumnLane> lanes = {}; // empty: all of the full preset
     int scale = 0; // 1:n, n from 10 to 500; 0: the largest at which it stands on one sheet
     int language = languageRussian;
-    int hatchScale = 15; // hundredths of a millimetre for a unit of the tiles
+    int hatchScale = 15; // hundredths of a millimetre for a unit of the tiles; drawn between 2 and 1000
     bool isWaterBlue = false;
     bool hasGrounds = false; // soils in the colours below
     Color sand = {255, 255, 0};

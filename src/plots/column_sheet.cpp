@@ -34,6 +34,12 @@ constexpr LaneWidth laneWidths[] = {
     {column_lane::Sounding, 34},
 };
 constexpr double smallestDescription = 34;
+constexpr double widestLane = 1000; // what is asked for beyond it is no width
+
+// Hundredths of a millimetre for a unit of a hatch: finer ones run together to black, of coarser ones a strip
+// shows no stroke.
+constexpr int finestHatch = 2;
+constexpr int coarsestHatch = 1000;
 
 double usualWidth(std::int32_t column)
 {
@@ -95,7 +101,8 @@ std::vector<PlacedLane> placedLanes(const ColumnLook& look, double left, double 
     for (std::size_t lane = 0; lane < lanes.size(); ++lane) {
         if (lanes[lane].column == column_lane::Description && lanes[lane].width <= 0)
             description = lane;
-        widths.push_back(lanes[lane].width > 0 ? lanes[lane].width : usualWidth(lanes[lane].column));
+        widths.push_back(
+            lanes[lane].width > 0 ? std::min(lanes[lane].width, widestLane) : usualWidth(lanes[lane].column));
         sum += lane == description ? 0 : widths.back();
         leads += lane > 0 ? leadsBetween(lanes[lane - 1], lanes[lane]) : 0;
     }
@@ -374,7 +381,7 @@ void ColumnSheet::drawLayer(const ColumnRow& row, double left, double right)
     Area area;
     area.rings = {{{left, top}, {right, top}, {right, bottom}, {left, bottom}}};
     area.hatch = layer.hatch;
-    area.hatchUnit = look_.hatchScale / 100.0;
+    area.hatchUnit = std::clamp(look_.hatchScale, finestHatch, coarsestHatch) / 100.0;
     area.origin = {left, bodyTop_};
     const SoilColor soil = soilColorOf(layer.hatch);
     if (layer.color) {

@@ -1,5 +1,6 @@
 #include "reports/element_report.h"
 
+#include "dictionaries/report_language.h"
 #include "modules/idbproject.h"
 #include "modules/isettings.h"
 #include "plots/element_plots.h"
@@ -184,7 +185,7 @@ void addElement(Document& document,
 
 ElementReportLook elementReportLook(ISettings& settings)
 {
-    return {settings.reportLanguage(),
+    return {knownLanguage(settings.reportLanguage()),
         settings.isGenManualValuesCheckIge() != 0,
         settings.isValuesGravityIge() != 0,
         settings.isValuesAngleFrictionIge() != 0,

@@ -6,6 +6,8 @@
 #include "plots/plot_checks.h"
 
 #include <cmath>
+#include <limits>
+#include <optional>
 #include <random>
 
 static ColumnLayer layerOf(double top, double bottom, std::wstring description = L"Суглинок")
@@ -214,6 +216,47 @@ TEST(Column, HardCasesComeOutReadable)
     look.scale = 10;
     EXPECT_THROW(columnOf(columnOfLayers({layerOf(0, 5000)}), look), MException);
     EXPECT_FALSE(columnOf(columnOfLayers({layerOf(0, 5000)}), {}).empty());
+}
+
+// Settings and presets are typed by hand or damaged: the sheet stays one that can be drawn.
+TEST(Column, LooksThatMakeNoSense)
+{
+    constexpr int largest = std::numeric_limits<int>::max();
+    constexpr int smallest = std::numeric_limits<int>::min();
+    constexpr double infinite = std::numeric_limits<double>::infinity();
+    const struct {
+        int hatchScale;
+        double laneWidth;
+        double least; // mm of paper that a unit of a tile is
+        double most;
+    } rows[] = {{15, 0, 0.15, 0.15},
+        {0, std::nan(""), 0.01, 1},
+        {1, 1e-300, 0.01, 1},
+        {smallest, -infinite, 0.01, 1},
+        {largest, infinite, 1, 10},
+        {largest, 1e30, 1, 10}};
+    const ColumnData data = columnOfLayers({layerOf(0, 4), layerOf(4, 12.4)});
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::to_string(row.hatchScale) + ", " + std::to_string(row.laneWidth));
+        ColumnLook look;
+        look.hatchScale = row.hatchScale;
+        look.lanes = usualLanes();
+        look.lanes.front().width = row.laneWidth;
+        const std::vector<Drawing> pages = columnOf(data, look);
+        ASSERT_EQ(pages.size(), 1U);
+        EXPECT_TRUE(textsAreApart(pages[0]));
+        for (const Item& item : pages[0].items) {
+            if (const std::optional<Extent> extent = extentOf(item)) {
+                ASSERT_TRUE(extent->left >= 0 && extent->right <= pages[0].width);
+                ASSERT_TRUE(extent->top >= 0 && extent->bottom <= pages[0].height);
+            }
+            const auto* area = std::get_if<Area>(&item.shape);
+            if (area && area->hatch != 0) {
+                EXPECT_GE(area->hatchUnit, row.least);
+                EXPECT_LE(area->hatchUnit, row.most);
+            }
+        }
+    }
 }
 
 TEST(Column, SheetsAreCountedAndHeadsContinued)
