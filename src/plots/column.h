@@ -30,7 +30,7 @@ enum Number : std::int32_t {
 struct ColumnLane {
     std::int32_t column = 0;
     bool isTurned = false; // its caption reads upwards
-    double width = 0; // mm, up to 1000; 0: the usual one. The description takes what is left of the sheet
+    double width = 0; // mm, up to 100; 0: the usual one. The description takes what is left of the sheet
 };
 
 // The smallest denominator first; the greatest is the last resort of "fit to the sheet".

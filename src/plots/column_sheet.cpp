@@ -34,7 +34,7 @@ constexpr LaneWidth laneWidths[] = {
     {column_lane::Sounding, 34},
 };
 constexpr double smallestDescription = 34;
-constexpr double widestLane = 1000; // what is asked for beyond it is no width
+constexpr double widestLane = 100; // beyond it the other lanes of a small sheet have no room for their titles
 
 // Hundredths of a millimetre for a unit of a hatch: finer ones run together to black, of coarser ones a strip
 // shows no stroke.
