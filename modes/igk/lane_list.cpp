@@ -126,7 +126,7 @@ void LaneList::showMenu(const QPoint& place)
 
 void LaneList::askWidth(QListWidgetItem* item)
 {
-    constexpr double widest = 150;
+    constexpr double widest = 100;
     bool isGiven = false;
     const double width = QInputDialog::getDouble(this,
         QStringLiteral("Ширина графы"),
