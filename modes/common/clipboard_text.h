@@ -16,7 +16,7 @@ QString clipboardHtml(const CellBlock& block);
 CellBlock cellsOfClipboard(const QString& text);
 
 // A block as a table of ours holds it, in the same form, beside the text for other programs.
-constexpr QLatin1String cellsMimeType("application/x-tellurix-cells");
+inline const QLatin1String cellsMimeType("application/x-tellurix-cells");
 
 // The block on the clipboard, ours before a text; empty where there is none.
 CellBlock cellsOnClipboard();
