@@ -129,9 +129,10 @@ void AnalysesPage::read(IDBProject* project)
     GridRows rows;
     if (project)
         for (const auto& [key, record] : project->getChemistry()) {
+            const QString point = fromWide(key.pointName);
+            const QString depth = fromWide(key.depth);
             const auto known = std::find_if(rows_.begin(), rows_.end(), [&](const GridRow& row) {
-                return row.cells.value(pointColumn) == fromWide(key.pointName)
-                    && row.cells.value(depthColumn) == fromWide(key.depth);
+                return row.cells.value(pointColumn) == point && row.cells.value(depthColumn) == depth;
             });
             rows.append(rowOf(known == rows_.end() ? ++lastId_ : known->id, key, record));
         }
