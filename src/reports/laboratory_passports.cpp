@@ -52,8 +52,7 @@ class Passports
 {
 public:
     Passports(IDBProject& project, const SiteLaboratory& site)
-        : project_(project)
-        , site_(site)
+        : site_(site)
     {
         document_.title = L"Паспорта лабораторных испытаний";
         document_.header = project.getProjectCode();
@@ -315,7 +314,6 @@ private:
         end(sample, "shrinkage");
     }
 
-    IDBProject& project_;
     const SiteLaboratory& site_;
     Document document_;
 };
