@@ -10,7 +10,7 @@ namespace
 constexpr double largestStrain = 0.4;
 
 // Coefficient of the lateral expansion by kind of soil: GOST 12248 (second-hand, to be compared with the
-// printed standard; data/calculation has the file that overrides them).
+// printed standard).
 struct BetaRow {
     int kind;
     double beta;
