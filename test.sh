@@ -52,7 +52,8 @@ if [ $all = yes ]; then
     preset asan
     step fuzzers tools/fuzz.sh build/asan 30
     step clang-tidy tools/tidy.sh build/asan
-    step "documents opened by others" tests/document/open_outside.sh build/release/tests/document/write_documents
+    step "documents opened by others" tests/document/open_outside.sh build/release/tests/document/write_documents \
+        build/release/program/tlxtool
     step "package for Linux" packaging/linux/smoke.sh
     preset windows
     step "same bytes on both systems" packaging/windows/same_bytes.sh
