@@ -6,7 +6,8 @@ install(TARGETS tellurix tlxtool ${modules} COMPONENT program RUNTIME DESTINATIO
 install(DIRECTORY ${TELLURIX_PROGRAM_FOLDER}/hatch ${TELLURIX_PROGRAM_FOLDER}/igkPreset
     ${TELLURIX_PROGRAM_FOLDER}/fonts
     DESTINATION . COMPONENT program)
-install(FILES ${PROJECT_SOURCE_DIR}/data/aggressiveness.txt DESTINATION . COMPONENT program)
+install(FILES ${PROJECT_SOURCE_DIR}/data/aggressiveness.txt ${PROJECT_SOURCE_DIR}/data/standard_tables.txt
+    DESTINATION . COMPONENT program)
 if(WIN32)
     return()
 endif()

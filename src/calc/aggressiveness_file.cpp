@@ -1,4 +1,5 @@
 #include "calc/aggressiveness.h"
+#include "calc/table_text.h"
 #include "platform/utf8.h"
 
 #include <algorithm>
@@ -9,28 +10,6 @@ namespace
 {
 
 constexpr std::size_t fieldCount = 10;
-
-std::wstring_view trimmed(std::wstring_view text)
-{
-    const auto isBlank = [](wchar_t c) { return c == L' ' || c == L'\t' || c == L'\r' || c == L'\uFEFF'; };
-    while (!text.empty() && isBlank(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back()))
-        text.remove_suffix(1);
-    return text;
-}
-
-std::vector<std::wstring_view> parted(std::wstring_view text, wchar_t mark)
-{
-    std::vector<std::wstring_view> parts;
-    while (true) {
-        const std::size_t at = text.find(mark);
-        parts.push_back(trimmed(text.substr(0, at)));
-        if (at == std::wstring_view::npos)
-            return parts;
-        text.remove_prefix(at + 1);
-    }
-}
 
 struct AttackedWord {
     std::wstring_view word;
@@ -108,7 +87,7 @@ bool areLimitsInOrder(const LimitRow& row)
 // The row of a line, or what is wrong with it.
 std::wstring readRow(std::wstring_view line, LimitRow& row)
 {
-    const std::vector<std::wstring_view> fields = parted(line, L';');
+    const std::vector<std::wstring_view> fields = partedFields(line, L';');
     if (fields.size() != fieldCount)
         return L"в строке должно быть десять полей, разделенных точкой с запятой";
     const auto* attacked =
@@ -141,7 +120,7 @@ std::vector<LimitRow> readRows(std::string_view text, std::vector<LimitMistake>&
         return rows;
     }
     std::size_t number = 0;
-    for (const std::wstring_view line : parted(*wide, L'\n')) {
+    for (const std::wstring_view line : partedFields(*wide, L'\n')) {
         ++number;
         if (line.empty() || line.front() == L'#')
             continue;

@@ -9,19 +9,6 @@ namespace
 
 constexpr double largestStrain = 0.4;
 
-// Coefficient of the lateral expansion by kind of soil: GOST 12248 (second-hand, to be compared with the
-// printed standard).
-struct BetaRow {
-    int kind;
-    double beta;
-};
-constexpr BetaRow betaRows[] = {
-    {1, 0.8},
-    {2, 0.7},
-    {3, 0.6},
-    {4, 0.4},
-};
-
 std::string cellOf(int test, int row)
 {
     return "compression/" + std::to_string(test) + "/" + std::to_string(row);
@@ -230,13 +217,6 @@ OedometerInterval intervalOf(const Oedometer& test, double from, double to)
     return interval;
 }
 
-Number betaOfKind(int kind)
-{
-    const auto row = std::find_if(
-        std::begin(betaRows), std::end(betaRows), [&](const BetaRow& each) { return each.kind == kind; });
-    return row == std::end(betaRows) ? Number() : Number(row->beta);
-}
-
 int kindOfPlasticity(const Number& plasticity)
 {
     // 0.24 - 0.17 is a little more than 7 per cent in binary fractions.
@@ -246,9 +226,4 @@ int kindOfPlasticity(const Number& plasticity)
     if (index <= 7)
         return 2;
     return index <= 17 ? 3 : 4;
-}
-
-Number betaOfPlasticity(const Number& plasticity)
-{
-    return betaOfKind(kindOfPlasticity(plasticity));
 }

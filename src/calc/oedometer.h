@@ -69,9 +69,5 @@ OedometerInterval intervalOf(const Oedometer& test, double from, double to);
 // The branch that its modulus is taken from: natural, of test 22 soaked.
 Branch mainBranch(const Oedometer& test);
 
-// beta = 1 - 2 nu^2 / (1 - nu); kinds as an element's code has them (1 sand, 2 sandy loam, 3 loam, 4 clay).
-Number betaOfKind(int kind);
-// By the plasticity index, %: sandy loam, loam or clay; missing below 1.
-Number betaOfPlasticity(const Number& plasticity);
 // Kind of soil by the plasticity index, 2 to 4; 0 where it is not plastic.
 int kindOfPlasticity(const Number& plasticity);

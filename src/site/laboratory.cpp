@@ -2,6 +2,7 @@
 
 #include "dictionaries/test_loads.h"
 #include "site/cells.h"
+#include "site/standard_values.h"
 
 #include <algorithm>
 #include <cmath>

@@ -4,6 +4,7 @@
 #include "calc/oedometer.h"
 #include "calc/shear.h"
 #include "calc/shrinkage.h"
+#include "calc/standard_tables.h"
 #include "calc/swelling.h"
 
 #include <algorithm>
@@ -38,7 +39,7 @@ OedometerInput loam()
     OedometerInput input = compressionOf(21, {0, .05, .1, .2, .3, .4}, {0, .300, .525, .800, .990, 1.140});
     input.height = 25;
     input.voidRatio = .692;
-    input.beta = betaOfPlasticity(12.4);
+    input.beta = StandardTables::ofProgram().lateralExpansion(kindOfPlasticity(12.4));
     return input;
 }
 
@@ -199,14 +200,17 @@ TEST(Compression, CorrectionIsTakenOffAndTheSoakedBranchIsItsOwn)
 
 TEST(Compression, BetaByPlasticity)
 {
-    EXPECT_FALSE(betaOfPlasticity(.9).has_value());
-    EXPECT_EQ(betaOfPlasticity(1.0), .7);
-    EXPECT_EQ(betaOfPlasticity(100 * (.24 - .17)), .7);
-    EXPECT_EQ(betaOfPlasticity(7.1), .6);
-    EXPECT_EQ(betaOfPlasticity(17.0), .6);
-    EXPECT_EQ(betaOfPlasticity(17.1), .4);
-    EXPECT_EQ(betaOfKind(1), .8);
-    EXPECT_FALSE(betaOfKind(0).has_value());
+    const auto beta = [](double plasticity) {
+        return StandardTables::ofProgram().lateralExpansion(kindOfPlasticity(plasticity));
+    };
+    EXPECT_FALSE(beta(.9).has_value());
+    EXPECT_EQ(beta(1.0), .7);
+    EXPECT_EQ(beta(100 * (.24 - .17)), .7);
+    EXPECT_EQ(beta(7.1), .6);
+    EXPECT_EQ(beta(17.0), .6);
+    EXPECT_EQ(beta(17.1), .4);
+    EXPECT_EQ(StandardTables::ofProgram().lateralExpansion(1), .8);
+    EXPECT_FALSE(StandardTables::ofProgram().lateralExpansion(0).has_value());
 }
 
 TEST(Collapse, ByTwoCurves)
