@@ -19,12 +19,12 @@ struct SettingRow {
 };
 
 struct SettingPage {
-    const wchar_t* title;
+    std::wstring_view title;
     std::vector<SettingRow> rows;
 };
 
 // The page that has rows from the office's own file too.
-inline constexpr const wchar_t* officePage = L"Документы";
+inline constexpr std::wstring_view officePage = L"Документы";
 
 // The pages, in the order of the settings' groups.
 const std::vector<SettingPage>& settingPages();

@@ -28,7 +28,7 @@ SetupDialog::SetupDialog(ITellurixController* controller)
     setWindowTitle(QStringLiteral("Настройка программы"));
     resize(980, 620);
     for (const SettingPage& page : settingPages()) {
-        list_->addItem(QString::fromWCharArray(page.title));
+        list_->addItem(QString::fromStdWString(std::wstring(page.title)));
         pages_->addWidget(makePage(page));
     }
     list_->setSpacing(3);

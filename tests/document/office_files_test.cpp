@@ -93,7 +93,8 @@ void expectSoundPackage(const Parts& parts)
         if (!name.ends_with(".rels"))
             continue;
         std::string folder = name.substr(0, name.find("_rels/"));
-        for (const pugi::xml_node& relation : nodes(xmlOf(parts, name), "Relationship"))
+        const pugi::xml_document relations = xmlOf(parts, name);
+        for (const pugi::xml_node& relation : nodes(relations, "Relationship"))
             EXPECT_EQ(parts.count(folder + relation.attribute("Target").value()), 1U)
                 << name << ": " << relation.attribute("Target").value();
     }
@@ -198,7 +199,8 @@ TEST(Docx, HasStylesHeadsSpansAndSections)
     ASSERT_EQ(sections.size(), 3U);
     EXPECT_STREQ(sections[1].attribute("w:orient").value(), "landscape");
     std::set<std::string> known;
-    for (const pugi::xml_node& style : nodes(xmlOf(parts, "word/styles.xml"), "w:style"))
+    const pugi::xml_document styles = xmlOf(parts, "word/styles.xml");
+    for (const pugi::xml_node& style : nodes(styles, "w:style"))
         known.insert(style.attribute("w:styleId").value());
     for (const pugi::xml_node& style : nodes(text, "w:pStyle"))
         EXPECT_EQ(known.count(style.attribute("w:val").value()), 1U) << style.attribute("w:val").value();
@@ -227,8 +229,8 @@ TEST(Odt, HasTypeFirstAndKnowsItsStyles)
         // Readers look for the type in its place, not compressed.
         EXPECT_EQ(bytes.substr(30, 47), "mimetypeapplication/vnd.oasis.opendocument.text");
         const Parts parts = partsOf(bytes);
-        for (const pugi::xml_node& entry :
-            nodes(xmlOf(parts, "META-INF/manifest.xml"), "manifest:file-entry"))
+        const pugi::xml_document manifest = xmlOf(parts, "META-INF/manifest.xml");
+        for (const pugi::xml_node& entry : nodes(manifest, "manifest:file-entry"))
             EXPECT_TRUE(entry.attribute("manifest:full-path").value() == std::string("/")
                 || parts.count(entry.attribute("manifest:full-path").value()));
         const pugi::xml_document text = xmlOf(parts, "content.xml");

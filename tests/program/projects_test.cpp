@@ -19,7 +19,7 @@ protected:
     void list()
     {
         Q_EMIT bus(ModeProjects)->signalUpdateProjectsPath();
-        EXPECT_TRUE(QTest::qWaitFor([this] { return isRead(); }, 20000));
+        EXPECT_TRUE(QTest::qWaitFor([this] { return isRead(); }, 120000));
     }
     bool isRead()
     {
@@ -200,7 +200,7 @@ TEST_F(Projects, ReadingStopsWhenAProjectIsOpenedAndGoesOnAfterIt)
     EXPECT_TRUE(progress->isHidden());
     const MessageAnswers answers({QMessageBox::No});
     action(ShellAction::Close)->trigger();
-    EXPECT_TRUE(QTest::qWaitFor([this] { return isRead(); }, 20000));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return isRead(); }, 120000));
     EXPECT_TRUE(QTest::qWaitFor([&] { return progress->isHidden(); }));
 }
 
