@@ -40,6 +40,13 @@ const RobotScreen robotScreens[] = {
     {ModeConsistents, ShellAction::Consistents, &consistencies, consistenciesIn, true},
 };
 
+// A sanitizer makes a session many times as long.
+#ifdef TELLURIX_SANITIZED
+constexpr int usualSessions = 15;
+#else
+constexpr int usualSessions = 200;
+#endif
+
 int numberFromEnvironment(const char* name, int otherwise)
 {
     const int number = qEnvironmentVariableIntValue(name);
@@ -148,25 +155,13 @@ protected:
         const auto second = record.find(screen.table->columns.back());
         return !screen.needsSecond || (second != record.end() && !second->second.isEmpty());
     }
-    MeantRecords taken(const RobotScreen& screen, const MeantRecords& all) const
+    static MeantRecords taken(const RobotScreen& screen, const MeantRecords& all)
     {
         MeantRecords some;
         for (const MeantRecord& record : all)
-            if (isTaken(screen, record) && !isReadAsAnother(screen, record, all))
+            if (isTaken(screen, record))
                 some.push_back(record);
         return some;
-    }
-    // An undo gives a comma back, and up to it the depth may be that of another record: the screen refuses
-    // it.
-    static bool isReadAsAnother(const RobotScreen& screen, const MeantRecord& record, const MeantRecords& all)
-    {
-        const QString key = record.at(screen.table->key);
-        const int comma = key.indexOf(QLatin1Char(','));
-        return screen.read && comma > 0 && std::any_of(all.begin(), all.end(), [&](const MeantRecord& other) {
-            const auto text = other.find(screen.table->key);
-            return text != other.end() && text->second != key
-                && text->second.section(QLatin1Char(','), 0, 0).toDouble() == key.left(comma).toDouble();
-        });
     }
     // The record that a person takes a row for: by its key, which stands there once.
     MeantRecord* recordAt(int row)
@@ -202,15 +197,24 @@ protected:
             record[1] = QStringLiteral("Скважина");
     }
 
-    QString depth(bool mayComma)
+    // An undo gives a comma back, and the registers read a depth up to its comma. So that it is always theirs
+    // to take, no whole number of metres stands before two commas, nor alone.
+    QString depth()
     {
         for (;;) {
             const int hundredths = number(1, 9999);
-            const QString text = QString::number(hundredths / 100) + QLatin1Char('.')
+            const QString metres = QString::number(hundredths / 100);
+            const QString text = metres + QLatin1Char('.')
                 + QStringLiteral("%1").arg(hundredths % 100, 2, 10, QLatin1Char('0'));
+            const bool isWhole = hundredths % 100 == 0;
+            if (isWhole && used_.count(metres) > 0)
+                continue;
             if (!used_.insert(text).second)
                 continue;
-            return mayComma && chance(40) ? QString(text).replace(QLatin1Char('.'), QLatin1Char(',')) : text;
+            const bool isWithComma = !isWhole && chance(40) && used_.count(metres) == 0;
+            if (isWhole || isWithComma)
+                used_.insert(metres);
+            return isWithComma ? QString(text).replace(QLatin1Char('.'), QLatin1Char(',')) : text;
         }
     }
     QString pointName()
@@ -236,7 +240,7 @@ protected:
     QString textFor(int column)
     {
         if (column == keyColumn())
-            return on_->mode == ModeListCoords ? pointName() : depth(true);
+            return on_->mode == ModeListCoords ? pointName() : depth();
         if (isNumberColumn(*on_, column))
             return chance(50) ? QStringLiteral("6 180 %1,45").arg(number(100, 999))
                               : QString::number(number(1, 99999));
@@ -358,13 +362,22 @@ protected:
             });
         });
     }
+    // What the screens say that is not stored, for the report.
+    std::string told()
+    {
+        QStringList all;
+        for (const RobotScreen& each : robotScreens)
+            if (screen(each.mode))
+                all += screen(each.mode)->property("tellurixUnsavedCells").toStringList();
+        return all.join(QLatin1Char('\n')).toStdString();
+    }
     void save()
     {
         const MessageAnswers answers({QMessageBox::Ok});
         press(Qt::Key_S, Qt::ControlModifier);
         // A window manager gives the keyboard back by itself.
         QApplication::setActiveWindow(shell.mainWindow.get());
-        EXPECT_EQ(answers.boxes().size(), waits() ? 1U : 0U) << "a save names what is not stored";
+        EXPECT_EQ(answers.boxes().size(), waits() ? 1U : 0U) << "a save names what is not stored; " << told();
         checkFile();
     }
 
@@ -384,7 +397,7 @@ protected:
         enterRows(number(1, 2));
     }
 
-    // Down a column, from record to record as they stand there now.
+    // Down a column: Enter leads to the record that stood below, wherever the corrected one has gone.
     void correctDown()
     {
         const int rows = spareRow();
@@ -395,15 +408,12 @@ protected:
         int column = one(columns);
         if (isFlag(column) || (column == 0 && on_->mode == ModeListCoords))
             column = columns[1];
-        std::vector<QString> keys;
-        for (int row = first; row < std::min(rows, first + number(1, 3)); ++row)
-            keys.push_back(seen(row, keyColumn()));
         goTo(first, column);
-        for (const QString& key : keys) {
-            MeantRecord* record = nullptr;
-            for (MeantRecord& each : records())
-                if (each[keyColumn()] == key)
-                    record = &each;
+        for (int left = number(1, 3); left > 0; --left) {
+            const int row = view()->currentIndex().row();
+            const QString key = seen(row, keyColumn());
+            const QString below = row + 1 < spareRow() ? seen(row + 1, keyColumn()) : QString();
+            MeantRecord* record = recordAt(row);
             ASSERT_NE(record, nullptr) << "a row that nobody meant: " << key.toStdString();
             if (chance(50)) {
                 press(Qt::Key_F2);
@@ -412,6 +422,9 @@ protected:
             typeCell(*record, column);
             press(Qt::Key_Return);
             check();
+            if (below.isEmpty())
+                return;
+            ASSERT_EQ(seen(view()->currentIndex().row(), keyColumn()).toStdString(), below.toStdString());
         }
     }
 
@@ -610,6 +623,10 @@ protected:
             view()->setFocus();
     }
 
+    // An event loop does so before anything else can be opened; a test has none, and whether a box that opens
+    // later lets them go would hang on how long it stands. A closed screen keeps what was refused in it.
+    static void letClosedScreensGo() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
     void closeAndOpen()
     {
         const bool waiting = waits();
@@ -621,8 +638,10 @@ protected:
                     : std::deque<QMessageBox::StandardButton>{QMessageBox::Yes});
             action(ShellAction::Close)->trigger();
             QApplication::setActiveWindow(shell.mainWindow.get());
-            EXPECT_EQ(answers.boxes().size(), waiting ? 2U : 1U) << "the closing names what is not stored";
+            EXPECT_EQ(answers.boxes().size(), waiting ? 2U : 1U)
+                << "the closing names what is not stored; " << told();
         }
+        letClosedScreensGo();
         refusals_ = 0;
         checkFile();
         openFromCommandLine(controller(), path_.toLocal8Bit().constData());
@@ -736,10 +755,7 @@ protected:
 TEST_F(TypingRobot, TheProjectHoldsWhatWasTyped)
 {
     const int first = numberFromEnvironment("TELLURIX_SEED", 1);
-    // Not 200 yet: in session 46 a save names a cell that the robot holds for stored, and its account of
-    // cells that wait after a paste and a correction has to be set right first. Run more by hand with
-    // TELLURIX_SESSIONS.
-    const int sessions = numberFromEnvironment("TELLURIX_SESSIONS", 45);
+    const int sessions = numberFromEnvironment("TELLURIX_SESSIONS", usualSessions);
     for (int seed = first; seed < first + sessions; ++seed) {
         meant_.clear();
         steps_.clear();
@@ -776,6 +792,7 @@ TEST_F(TypingRobot, TheProjectHoldsWhatWasTyped)
         }
         const MessageAnswers answers({QMessageBox::No});
         action(ShellAction::Close)->trigger();
+        letClosedScreensGo();
     }
     std::printf("%d sessions from seed %d\n", sessions, first);
 }
