@@ -3,7 +3,7 @@
 #include "db/db_project.h"
 #include "ground/grading.h"
 #include "ground/ground_controller.h"
-#include "support/plain_settings.h"
+#include "site/plain_settings.h"
 
 #include <benchmark/benchmark.h>
 

@@ -7,7 +7,7 @@
 #include "ground/ground_controller.h"
 #include "oracle.h"
 #include "platform/code_page.h"
-#include "support/plain_settings.h"
+#include "site/plain_settings.h"
 
 #include <algorithm>
 #include <bit>

@@ -1,7 +1,7 @@
 #include "site/soil_name.h"
 
 #include "dictionaries/soil_names.h"
-#include "site/language_settings.h"
+#include "site/plain_settings.h"
 
 #include <algorithm>
 #include <exception>
@@ -310,11 +310,11 @@ SoilNaming nameSoil(GroundController& ground,
 
 struct SoilClassifier::Parts {
     Parts(IDBProject& project, int language)
-        : settings(language)
-        , ground(&settings, &project)
+        : ground(&settings, &project)
     {
+        settings.setReportLanguage(language);
     }
-    LanguageSettings settings;
+    PlainSettings settings;
     Ground ground;
 };
 

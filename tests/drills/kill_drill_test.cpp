@@ -2,7 +2,7 @@
 
 #include "app/project_writer.h"
 #include "generated_site.h"
-#include "support/plain_settings.h"
+#include "site/plain_settings.h"
 #include "support/project_bytes.h"
 #include "support/temporary_folder.h"
 

@@ -3,7 +3,7 @@
 #include "core/base/reference.h"
 #include "db/db_project.h"
 #include "ground/ground_controller.h"
-#include "support/plain_settings.h"
+#include "site/plain_settings.h"
 
 #include <gtest/gtest.h>
 
