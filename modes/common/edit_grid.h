@@ -71,8 +71,6 @@ protected:
     void keyboardSearch(const QString&) override { }
     bool holdsNumbers(int column) const override;
     QString emptyMessage() const override;
-
-protected Q_SLOTS:
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
 private:

@@ -134,7 +134,9 @@ void AssignmentView::paintScale(QPainter& painter) const
         std::begin(steps), std::end(steps), [this](double metres) { return metres * pixelsPerMetre_ >= 26; });
     const double every = step == std::end(steps) ? 1000 : *step;
     painter.setPen(QColor(0x60, 0x60, 0x60));
-    for (double mark = std::floor(highest_ / every) * every; mark >= lowest_; mark -= every) {
+    const double top = std::floor(highest_ / every) * every;
+    for (int i = 0; top - i * every >= lowest_; ++i) {
+        const double mark = top - i * every;
         const double y = headHeight + (highest_ - mark) * pixelsPerMetre_ - verticalScrollBar()->value();
         if (y < 0 || y > viewport()->height())
             continue;

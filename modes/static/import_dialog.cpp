@@ -83,6 +83,7 @@ std::optional<ImportedJournal> askColumns(QWidget* parent, const SoundingTable& 
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
     std::vector<SoundingColumn> columns;
+    columns.reserve(static_cast<std::size_t>(view->columnCount()));
     for (int column = 0; column < view->columnCount(); ++column)
         columns.push_back(static_cast<SoundingColumn>(
             static_cast<QComboBox*>(view->cellWidget(0, column))->currentIndex()));

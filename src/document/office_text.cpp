@@ -73,12 +73,18 @@ std::wstring plainText(const Runs& runs)
     return text;
 }
 
+std::size_t utf16Length(wchar_t character)
+{
+    // Of two bytes, where the system has them, it is a unit itself.
+    const std::uint32_t code = static_cast<std::uint32_t>(character);
+    return code > 0xFFFF ? 2 : 1;
+}
+
 std::size_t utf16Length(std::wstring_view text)
 {
-    std::size_t length = text.size();
+    std::size_t length = 0;
     for (const wchar_t character : text)
-        if (static_cast<std::uint32_t>(character) > 0xFFFF)
-            ++length;
+        length += utf16Length(character);
     return length;
 }
 

@@ -22,6 +22,7 @@ std::string markupText(std::wstring_view text);
 std::wstring plainText(const Runs& runs);
 
 // Characters as spreadsheets count them, in units of UTF-16.
+std::size_t utf16Length(wchar_t character);
 std::size_t utf16Length(std::wstring_view text);
 
 // Shortest digits that read as this number, with a point under any locale, without an exponent.

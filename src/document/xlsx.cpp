@@ -54,7 +54,7 @@ std::wstring firstCharacters(std::wstring text, std::size_t units)
 {
     std::size_t length = utf16Length(text);
     while (length > units && !text.empty()) {
-        length -= static_cast<std::uint32_t>(text.back()) > 0xFFFF ? 2U : 1U;
+        length -= utf16Length(text.back());
         text.pop_back();
     }
     if (!text.empty() && (static_cast<std::uint32_t>(text.back()) & 0xFFFFFC00U) == 0xD800)

@@ -26,7 +26,7 @@ std::wstring beginningOf(std::wstring_view text, std::size_t units)
     std::wstring beginning;
     std::size_t length = 0;
     for (const wchar_t character : text) {
-        length += static_cast<std::uint32_t>(character) > 0xFFFF ? 2U : 1U;
+        length += utf16Length(character);
         if (length > units)
             break;
         beginning += character;
