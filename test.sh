@@ -15,8 +15,11 @@ tools/install_packages.sh "${lists[@]}"
 passed=0
 failed=0
 times=()
-# took NAME SINCE: notes how long a part took since then.
-took() { times+=("$1 $((SECONDS - $2)) s"); }
+# took NAME SINCE: says how long a part took since then, at once and in the list at the end.
+took() {
+    times+=("$1 $((SECONDS - $2)) s")
+    echo "-- ${times[-1]}, $SECONDS s in all"
+}
 # run NAME COMMAND...: one step, counted.
 step() {
     local name=$1 start=$SECONDS
