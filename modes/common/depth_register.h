@@ -14,7 +14,18 @@
 
 class ISettings;
 
-using RegisterValue = std::variant<LithologyValue, SampleValue, WaterValue, ConsistencyValue>;
+// A layer with the number of its element, which the project keeps in the numbered links; empty: none given.
+struct LayerValue : LithologyValue {
+    LayerValue() = default;
+    explicit LayerValue(const LithologyValue& layer)
+        : LithologyValue(layer)
+    {
+    }
+
+    std::wstring element;
+};
+
+using RegisterValue = std::variant<LayerValue, SampleValue, WaterValue, ConsistencyValue>;
 
 // A row of a point as the screen keeps it: what is typed, and what of it the project has. A row that the
 // project has stays in it as it last could be stored, whatever is typed over it.
@@ -36,6 +47,9 @@ using RegisterRows = QVector<RegisterRow>;
 struct PointState {
     std::wstring point;
     RegisterRows rows;
+    // Those that these take the place of when a step is undone or redone; none when they were just typed.
+    // What other screens hang on a row finds the row by them.
+    RegisterRows replaced = {};
 };
 using RegisterState = std::vector<PointState>;
 
@@ -79,6 +93,8 @@ public:
     virtual void complete(GridRows& rows, const PointFacts& point) const = 0;
     // Names come in the language of reports.
     virtual void useSettings(ISettings* settings) = 0;
+    // Choices that the project gives; it is null where none is open.
+    virtual void useProject(IDBProject*) { }
 
     // How many rows each point has.
     virtual Counts counts(IDBProject& project) const = 0;
@@ -94,7 +110,7 @@ public:
     void settle(RegisterRows& rows) const;
     // Makes the project's rows of this point those of the state. Rows that the project refuses come back
     // without key, with the reason.
-    RegisterRows store(IDBProject& project, const PointState& state) const;
+    virtual RegisterRows store(IDBProject& project, const PointState& state) const;
     GridRows shown(const RegisterRows& rows, const PointFacts& point) const;
 
     RegisterRow newRow() const { return {nextId(), {}, blankValue()}; }
@@ -122,8 +138,9 @@ private:
     void addNew(IDBProject& project, const std::wstring& point, RegisterRow& row) const;
 };
 
-// The register that this getter and this operation of the project give.
-template <class Map>
+// The register that this getter and this operation of the project give. Kept is the project's value, or what
+// the screen adds to it.
+template <class Map, class Kept = typename Map::mapped_type>
 class DepthRegisterOf : public DepthRegister
 {
 public:
@@ -160,25 +177,25 @@ public:
     }
 
 protected:
-    RegisterValue blankValue() const override { return Value(); }
+    RegisterValue blankValue() const override { return Kept(); }
     // A walk, not a search: the ordering may part the rows of a point whose name it cannot tell from others.
     DepthsAndValues load(IDBProject& project, const std::wstring& point) const override
     {
         DepthsAndValues rows;
         for (const auto& [key, value] : (project.*getter_)())
             if (key.pointName == point)
-                rows.emplace_back(key.depth, value);
+                rows.emplace_back(key.depth, Kept(value));
         return rows;
     }
     void replace(IDBProject& project, const PointDepthKey& key, const RegisterValue& value) const override
     {
         Map& map = (project.*getter_)();
         if (const auto found = findExact(map, key); found != map.end())
-            found->second = std::get<Value>(value);
+            found->second = std::get<Kept>(value);
     }
     bool add(IDBProject& project, const PointDepthKey& key, const RegisterValue& value) const override
     {
-        return (project.*adder_)(key, std::get<Value>(value));
+        return (project.*adder_)(key, std::get<Kept>(value));
     }
     void erase(IDBProject& project, const PointDepthKey& key) const override
     {

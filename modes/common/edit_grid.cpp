@@ -23,6 +23,10 @@ EditGrid::EditGrid(const QString& name, const QVector<GridColumn>& columns, QWid
     horizontalHeader()->setStretchLastSection(columns.last().kind == GridColumn::Text);
     setSourceModel(model_);
     setDefaultWidths(name);
+    // So does one of many lines that stands before the last.
+    for (int column = 0; column + 1 < columns.size(); ++column)
+        if (columns[column].multiline)
+            horizontalHeader()->setSectionResizeMode(column, QHeaderView::Stretch);
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
     setItemDelegate(delegate_);
     connect(delegate_, &GridDelegate::left, this, &EditGrid::leaveEditor);

@@ -209,6 +209,7 @@ void PointRegisterScreen::reload(const std::wstring& wanted)
     IDBProject* project = controller_->project();
     forgetOtherProject(project);
     register_->useSettings(controller_->settings());
+    register_->useProject(project);
     const QVector<GridColumn> columns = register_->columns();
     for (int column = 0; column < columns.size(); ++column)
         grid_->rows().setChoices(column, columns[column].choices);
@@ -360,10 +361,22 @@ ExchangeCommand<RegisterState>::Apply PointRegisterScreen::putter() const
         };
 }
 
+// Into the history, without making the change.
+void PointRegisterScreen::addStep(RegisterState before, RegisterState after)
+{
+    for (std::size_t point = 0; point < before.size() && point < after.size(); ++point) {
+        before[point].replaced = after[point].rows;
+        after[point].replaced = before[point].rows;
+    }
+    const auto command =
+        makeReference<ExchangeCommand<RegisterState>>(putter(), std::move(before), std::move(after));
+    controller_->undoRedo()->add(controller_->undoContext(), command.get());
+}
+
 void PointRegisterScreen::execute(const RegisterState& before, const RegisterState& after)
 {
-    const auto command = makeReference<ExchangeCommand<RegisterState>>(putter(), before, after);
-    controller_->undoRedo()->execute(controller_->undoContext(), command.get());
+    addStep(before, after);
+    putter()(after);
     tellProblems();
     showAccess();
 }
@@ -385,8 +398,7 @@ void PointRegisterScreen::edit(const GridRows& after)
             asTyped.front().rows[row].cells = typed[row].cells;
         clearComputed(asTyped.front().rows);
         register_->settle(asTyped.front().rows);
-        const auto typing = makeReference<ExchangeCommand<RegisterState>>(putter(), before, asTyped);
-        controller_->undoRedo()->add(controller_->undoContext(), typing.get());
+        addStep(before, asTyped);
         before = asTyped;
     }
     execute(before, wanted);

@@ -77,6 +77,7 @@ private:
     void showAccess();
     void edit(const GridRows& after);
     ExchangeCommand<RegisterState>::Apply putter() const;
+    void addStep(RegisterState before, RegisterState after);
     void execute(const RegisterState& before, const RegisterState& after);
     void mendRegister();
     void showCommas(IDBProject* project);

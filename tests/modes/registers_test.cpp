@@ -39,7 +39,7 @@ static std::string depthsOf(DBProject& project, const std::wstring& point)
 class Litology : public testing::Test
 {
 protected:
-    enum Column { Bottom, Thickness, Mark, Index, Description };
+    enum Column { Bottom, Thickness, Mark, Index, Description, Element };
 
     static Reference<DBProject> project()
     {
@@ -52,13 +52,24 @@ protected:
 
     ScreenHost host{"litology19.dll", ModeLitology, project()};
 
-    void expectTable(const char* expected) { EXPECT_EQ(host.cells().toStdString(), expected); }
+    // Without the elements, which the tests of their own speak of.
+    void expectTable(const char* expected)
+    {
+        QStringList rows = host.cells().split(QLatin1Char('\n'));
+        for (QString& row : rows) {
+            QStringList cells = row.split(QLatin1Char('|'));
+            if (cells.size() > Element)
+                cells.removeAt(Element);
+            row = cells.join(QLatin1Char('|'));
+        }
+        EXPECT_EQ(rows.join(QLatin1Char('\n')).toStdString(), expected);
+    }
 };
 
 TEST_F(Litology, ShowsThicknessesAndMarksAndStoresWhatIsTyped)
 {
     expectTable("3|3.00|97.50|aQ|песок\n12|9.00|88.50|gQ|глина");
-    host.goTo(1, Description);
+    host.goTo(1, Element);
     host.press(Qt::Key_Tab); // past the end
     host.type(text("5.20"));
     host.press(Qt::Key_Tab);
@@ -250,7 +261,8 @@ TEST_F(Litology, TellsTheShellWhatIsNotStoredAndShowsIt)
 TEST_F(Litology, PasteStoresWhatCanBeStoredInOneStep)
 {
     host.goTo(0, Bottom);
-    QGuiApplication::clipboard()->setText(text("1\t\t\ta\tА\n1.0\t\t\tb\tБ\n\t\t\tc\tВ\n2,5\t\t\td\tГ\n"));
+    QGuiApplication::clipboard()->setText(
+        text("1\t\t\ta\tА\n1.0\t\t\tb\tБ\n\t\t\tc\tВ\n2,5\t\t\td\tГ\n"));
     host.press(Qt::Key_V, Qt::ControlModifier);
     expectTable("1|1.00|99.50|a|А\n1.0|||b|Б\n|||c|В\n2.5|1.50|98.00|d|Г");
     EXPECT_EQ(depthsOf(*host.project, L"1"), "1 2.5 12 ") << "12 is held by the row that is 1.0 now";
@@ -259,6 +271,137 @@ TEST_F(Litology, PasteStoresWhatCanBeStoredInOneStep)
     host.controller.undo();
     expectTable("3|3.00|97.50|aQ|песок\n12|9.00|88.50|gQ|глина");
     EXPECT_EQ(depthsOf(*host.project, L"1"), "3 12 ");
+}
+
+// Layers of point 1 at 3, 12 and 20 m belong to the elements 5, 6 and none, the one of point 2 to 6.
+class LayersOfElements : public Litology
+{
+protected:
+    LayersOfElements()
+    {
+        for (const wchar_t* name : {L"5", L"6", L"7"})
+            host.project->addStrataElement(name, {});
+        host.project->addLithology({L"1", L"20"}, {L"dP", L"мел"});
+        host.project->addNumberedLink(L"1:1", L"5");
+        host.project->addNumberedLink(L"1:2", L"6");
+        host.project->addNumberedLink(L"2:1", L"6");
+        host.project->addNumberedLink(L"ИГЭ 5:0", L"Песок");
+        host.activate();
+    }
+
+    // What the project holds: the depth of each layer with its element.
+    std::string links()
+    {
+        std::string all;
+        std::size_t number = 0;
+        for (const auto& [key, layer] : host.project->getLithology()) {
+            if (key.pointName != L"1")
+                continue;
+            const auto link = findExact(host.project->getNumberedLinks(), L"1:" + std::to_wstring(++number));
+            const bool isLinked = link != host.project->getNumberedLinks().end();
+            all += QString::fromStdWString(key.depth + L"=" + (isLinked ? link->second : L"-") + L" ")
+                       .toStdString();
+        }
+        return all;
+    }
+};
+
+TEST_F(LayersOfElements, LinksGoWithTheirLayersThroughEveryEditAndBack)
+{
+    const std::string before = "3=5 12=6 20=- ";
+    EXPECT_EQ(links(), before);
+    const auto undone = [&](int steps, const std::string& after) {
+        EXPECT_EQ(links(), after);
+        for (int step = 0; step < steps; ++step)
+            host.controller.undo();
+        EXPECT_EQ(links(), before);
+        for (int step = 0; step < steps; ++step)
+            host.controller.redo();
+        EXPECT_EQ(links(), after);
+        for (int step = 0; step < steps; ++step)
+            host.controller.undo();
+        EXPECT_EQ(host.project->getNumberedLinks().size(), 4U) << "nor are others touched";
+    };
+    // Typed into the spare row, above them all.
+    host.enter(3, Bottom, text("1"));
+    undone(1, "1=- 3=5 12=6 20=- ");
+    // Deleted: the first, then all.
+    host.goTo(0, Bottom);
+    host.press(Qt::Key_Delete, Qt::ControlModifier);
+    undone(1, "12=6 20=- ");
+    host.goTo(0, Bottom);
+    host.press(Qt::Key_A, Qt::ControlModifier);
+    host.press(Qt::Key_Delete, Qt::ControlModifier);
+    undone(1, "");
+    // To another depth, past its neighbours; the two steps of a comma.
+    host.enter(0, Bottom, text("15"));
+    undone(1, "12=6 15=5 20=- ");
+    host.enter(2, Bottom, text("5,5"));
+    EXPECT_EQ(links(), "3=5 5.5=- 12=6 ");
+    undone(2, "3=5 5.5=- 12=6 ");
+    // Two change places, by one paste and with a comma on the way.
+    host.goTo(0, Bottom);
+    QGuiApplication::clipboard()->setText(text("12\n3,0\n"));
+    host.press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(links(), "3.0=6 12=5 20=- ");
+    host.controller.undo();
+    host.controller.undo();
+    EXPECT_EQ(links(), before);
+}
+
+TEST_F(LayersOfElements, AnUndoneEditKeepsWhatWasGivenMeanwhile)
+{
+    host.enter(3, Bottom, text("1"));
+    EXPECT_EQ(links(), "1=- 3=5 12=6 20=- ");
+    // On the screen of the elements, the layer at 20 m.
+    host.project->addNumberedLink(L"1:4", L"7");
+    findExact(host.project->getNumberedLinks(), L"1:2")->second = L"7";
+    host.choose(1);
+    host.choose(0);
+    host.controller.undo();
+    EXPECT_EQ(links(), "3=7 12=6 20=7 ");
+    host.controller.redo();
+    EXPECT_EQ(links(), "1=- 3=7 12=6 20=7 ");
+}
+
+TEST_F(LayersOfElements, ElementsAreChosenPastedAndUndoneInTheRegister)
+{
+    EXPECT_EQ(host.cell(0, Element), text("5"));
+    host.enter(2, Element, text("7"));
+    EXPECT_EQ(links(), "3=5 12=6 20=7 ");
+    host.goTo(1, Element);
+    host.press(Qt::Key_Delete);
+    EXPECT_EQ(links(), "3=5 12=- 20=7 ");
+    host.controller.undo();
+    host.goTo(0, Element);
+    QGuiApplication::clipboard()->setText(text("6\n9\n"));
+    host.press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(links(), "3=6 12=6 20=7 ") << "9 is no element";
+    EXPECT_TRUE(host.isMarked(1, Element));
+    EXPECT_TRUE(host.toolTip(1, Element).contains(text("«9» в проекте нет")));
+    EXPECT_FALSE(host.store());
+    host.controller.undo();
+    host.controller.undo();
+    EXPECT_EQ(links(), "3=5 12=6 20=- ");
+    EXPECT_TRUE(host.store());
+
+    eraseExact(host.project->getStrataElements(), std::wstring(L"6"));
+    host.activate();
+    EXPECT_TRUE(host.isWarned(1, Element));
+    host.enter(0, Description, text("ил"));
+    EXPECT_EQ(links(), "3=5 12=6 20=- ") << "a link to what is gone is not lost either";
+}
+
+TEST_F(LayersOfElements, APointWithAColonTakesNone)
+{
+    host.project->addPointRegisterEntry({L"С:2", 1}, {});
+    host.project->addLithology({L"С:2", L"4"}, {});
+    host.activate();
+    host.choose(2);
+    ASSERT_EQ(host.controller.editedSample(), L"С:2");
+    EXPECT_TRUE(host.isWarned(0, Element));
+    host.enter(0, Element, text("7"));
+    EXPECT_EQ(host.project->getNumberedLinks().size(), 4U);
 }
 
 TEST_F(Litology, AClickInTheColumnChoosesTheRow)

@@ -310,7 +310,13 @@ protected:
             const bool canTab = at == lastStop();
             if (isLastOfAll && chance(30))
                 return leaveOpen(at == lastColumn_ && !isFlag(at));
-            press(canTab && chance(50) ? Qt::Key_Tab : Qt::Key_Return);
+            if (canTab && chance(50)) {
+                press(Qt::Key_Tab);
+                if (on_->mode == ModeLitology) // past the element, which nobody gives here
+                    press(Qt::Key_Tab);
+            } else {
+                press(Qt::Key_Return);
+            }
             check();
         }
     }
@@ -483,7 +489,8 @@ protected:
             for (int column = 0; column < width; ++column) {
                 const auto& columns = on_->table->columns;
                 if (std::find(columns.begin(), columns.end(), column) == columns.end()) {
-                    cells += QStringLiteral("7,77"); // of a computed column: not taken
+                    // Of a computed column: not taken. There are no elements to give a layer.
+                    cells += on_->mode == ModeLitology && column == 5 ? QString() : QStringLiteral("7,77");
                     continue;
                 }
                 const QString text = isFlag(column) ? QStringLiteral("1") : textFor(column);
