@@ -2,6 +2,7 @@
 
 #include "db/exact_key.h"
 #include "persistence/section_marks.h"
+#include "site/element_links.h"
 
 #include <algorithm>
 #include <optional>
@@ -47,12 +48,12 @@ struct EitherText {
     }
 };
 
-// Links are numbered: "12:1", "12:2".
+// Links of layers are numbered: "12:1", "12:2". Those of number 0 belong to elements and to the site.
 struct BeforeColon {
     static bool holds(const std::wstring& key, const Names& names)
     {
-        const auto colon = key.find(L':');
-        return colon != std::wstring::npos && names.contains(key.substr(0, colon));
+        const auto link = readLayerLink(key);
+        return link && names.contains(std::wstring(link->point));
     }
     static void replace(std::wstring& key, const std::wstring&, const std::wstring& name)
     {
@@ -361,6 +362,11 @@ std::wstring renamePoint(IDBProject& project, const std::wstring& oldName, const
         const WantedNames names(project, {from});
         if (!Keyed<&IDBProject::getPointRegister>{}.rename(project, from, to))
             return L"такое имя уже занято или не читается";
+        using Links = InKeys<BeforeColon>;
+        if (!canBeLinked(to) && Links::count(project.getNumberedLinks(), {from}) > 0)
+            return L"слои точки отнесены к элементам, а имя с двоеточием эту связь оборвало бы";
+        // No point bore the new name, so links under it are left over from a time before.
+        Links::remove(project.getNumberedLinks(), {to});
         std::wstring_view refusing;
         forEachRegister([&](const auto& part) {
             if (refusing.empty() && !names.of(part).empty() && !part.rename(project, from, to))

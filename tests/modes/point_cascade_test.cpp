@@ -167,6 +167,7 @@ TEST(PointCascade, RefusalChangesNothing)
             }},
         {"a name that no ordering reads", L"№5", [](DBProject&) {}},
         {"eleven digits", L"12345678901", [](DBProject&) {}},
+        {"a colon, and the layers have elements", L"5:0", [](DBProject&) {}},
         {"the name of another point",
             L"80-1",
             [](DBProject& project) {
@@ -202,6 +203,25 @@ TEST(PointCascade, NamesOfElementsStayTheirs)
     EXPECT_EQ(project->getSubsidenceGroups().size(), 1U);
     EXPECT_EQ(project->getSectionCurves().size(), 2U);
     EXPECT_EQ(project->getStrataElements().size(), 1U);
+}
+
+TEST(PointCascade, LinksOfLayersGoWithTheirPointAndNoOthers)
+{
+    const auto project = makeReference<DBProject>();
+    project->addPointRegisterEntry({L"ИГЭ 1", 1}, {});
+    project->addLithology({L"ИГЭ 1", L"2"}, {});
+    for (const wchar_t* key : {L"ИГЭ 1:0", L"ИГЭ 1:1", L"С-2:1", L"С-2:2", L"Коррозия:0"})
+        project->addNumberedLink(key, L"1");
+    const auto keys = [&] {
+        std::wstring all;
+        for (const auto& [key, element] : project->getNumberedLinks())
+            all += key + L" ";
+        return all;
+    };
+    EXPECT_EQ(renamePoint(*project, L"ИГЭ 1", L"С-2"), L"");
+    EXPECT_EQ(keys(), L"ИГЭ 1:0 Коррозия:0 С-2:1 ") << "what was left of an older С-2 is gone";
+    EXPECT_EQ(removePoints(*project, {L"С-2", L"Коррозия"}), L"");
+    EXPECT_EQ(keys(), L"ИГЭ 1:0 Коррозия:0 ");
 }
 
 // A section that loses its end takes the next point's mark when the file is opened, which must be a number.
