@@ -46,10 +46,9 @@ private:
 } // namespace
 
 // Outside of the unnamed namespace: the grammar finds its own functions by the archive's.
-class StreamWriter
+class StreamWriter : public WalkArchive<StreamWriter>
 {
 public:
-    static constexpr bool reading = false;
     static constexpr bool binary = true;
 
     explicit StreamWriter(QDataStream& stream)
@@ -57,7 +56,6 @@ public:
     {
     }
 
-    void section(std::string_view) { }
     template <std::integral Integer>
     void byte(std::string_view, const Integer& value)
     {
@@ -70,7 +68,6 @@ public:
         stream_ << quint32{std::bit_cast<std::uint32_t>(value)};
     }
     void text(std::string_view, const std::wstring& value) { stream_ << QString::fromStdWString(value); }
-    void elementText(std::string_view name, const std::wstring& value) { text(name, value); }
     void guid(std::string_view, const Uuid& value)
     {
         for (const auto part : value.words)
@@ -89,23 +86,12 @@ public:
         for (auto& value : values)
             element(*this, {}, value);
     }
-    template <class Array, class Each>
-    void array(std::string_view, Array& values, Each&& each)
-    {
-        for (auto& value : values)
-            each(value);
-    }
     template <class Map>
     void map(std::string_view, const EntryNames& names, Map& values)
     {
         count(values.size());
         for (auto& [key, value] : values)
             entryFields(*this, names, key, value);
-    }
-    template <class Record>
-    void record(std::string_view, Record& value)
-    {
-        fields(*this, value);
     }
     void objects(std::string_view, const GLObjectList& values)
     {
@@ -121,22 +107,12 @@ public:
     void informs(std::string_view, const InformList&) { count(0); }
     void items(std::string_view, const std::vector<PropertyGridItem*>&) { count(0); }
 
-    void stem(std::string_view name, IDBProject& project) { text(name, project.getFileStem()); }
-    void doubledTitle(
-        std::string_view nameA, const std::wstring& a, std::string_view nameB, const std::wstring& b)
-    {
-        text(nameA, a);
-        text(nameB, b);
-    }
     void subsidence(std::string_view name, SubsidenceMap& values) { map(name, {}, values); }
-    void subsidenceNames(std::string_view name, SubsidenceNames& values) { map(name, {}, values); }
-    NestingLevel enter() { return NestingLevel(depth_); }
 
 private:
     void count(std::size_t number) { stream_ << static_cast<quint32>(number); }
 
     QDataStream& stream_;
-    int depth_ = 0;
 };
 
 namespace

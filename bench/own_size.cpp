@@ -1,19 +1,15 @@
 #include "own_size.h"
 
 #include "persistence/grammar/project.h"
-#include "persistence/nesting_level.h"
+#include "persistence/walk_archive.h"
 
 #include <span>
 
-class OwnSizeArchive
+class OwnSizeArchive : public WalkArchive<OwnSizeArchive>
 {
 public:
-    static constexpr bool reading = false;
-    static constexpr bool binary = false;
-
     std::size_t size() const { return size_; }
 
-    void section(std::string_view) { }
     template <class Integer>
     void byte(std::string_view, const Integer&)
     {
@@ -30,7 +26,6 @@ public:
         if (value.size() > inside)
             size_ += (value.size() + 1) * sizeof(wchar_t);
     }
-    void elementText(std::string_view name, const std::wstring& value) { text(name, value); }
     void guid(std::string_view, const Uuid&) { }
     void blob(std::string_view, const std::vector<std::uint8_t>& value) { size_ += value.size(); }
 
@@ -41,12 +36,6 @@ public:
         for (auto& value : values)
             element(*this, {}, value);
     }
-    template <class Array, class Each>
-    void array(std::string_view, Array& values, Each&& each)
-    {
-        for (auto& value : values)
-            each(value);
-    }
     template <class Map>
     void map(std::string_view, const EntryNames& names, Map& values)
     {
@@ -54,12 +43,6 @@ public:
         for (auto& [key, value] : values)
             entryFields(*this, names, key, value);
     }
-    template <class Record>
-    void record(std::string_view, Record& value)
-    {
-        fields(*this, value);
-    }
-
     void objects(std::string_view, const GLObjectList& values)
     {
         size_ += std::as_bytes(std::span(values)).size();
@@ -84,21 +67,10 @@ public:
             existingRecord(*this, *item);
     }
 
-    void stem(std::string_view name, IDBProject& project) { text(name, project.getFileStem()); }
-    void doubledTitle(
-        std::string_view nameA, const std::wstring& a, std::string_view nameB, const std::wstring& b)
-    {
-        text(nameA, a);
-        text(nameB, b);
-    }
     void subsidence(std::string_view name, SubsidenceMap& values) { map(name, {}, values); }
-    void subsidenceNames(std::string_view name, SubsidenceNames& values) { map(name, {}, values); }
-
-    NestingLevel enter() { return NestingLevel(depth_); }
 
 private:
     std::size_t size_ = 0;
-    int depth_ = 0;
 };
 
 std::size_t ownSize(IDBProject& project)

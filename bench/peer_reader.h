@@ -1,7 +1,7 @@
 #pragma once
 
 #include "persistence/grammar/project.h"
-#include "persistence/nesting_level.h"
+#include "persistence/walk_archive.h"
 
 #include <bit>
 #include <concepts>
@@ -12,7 +12,7 @@
 // Reads a project from a source that knows words, bytes, texts and how rows go into a register. Without the
 // engine's care: nothing is held against the bytes left, no report is made.
 template <class Source>
-class PeerReader
+class PeerReader : public WalkArchive<PeerReader<Source>>
 {
 public:
     static constexpr bool reading = true;
@@ -23,7 +23,6 @@ public:
     {
     }
 
-    void section(std::string_view) { }
     template <std::integral Integer>
     void byte(std::string_view, Integer& value)
     {
@@ -54,12 +53,6 @@ public:
         for (std::uint32_t i = 0; i < count; ++i)
             element(*this, {}, values.emplace_back());
     }
-    template <class Array, class Each>
-    void array(std::string_view, Array& values, Each&& each)
-    {
-        for (auto& value : values)
-            each(value);
-    }
     template <class Key, class Value, class Order>
     void map(std::string_view, const EntryNames& names, std::map<Key, Value, Order>& values)
     {
@@ -71,12 +64,6 @@ public:
             rows.insert(std::move(entry));
         }
     }
-    template <class Record>
-    void record(std::string_view, Record& value)
-    {
-        fields(*this, value);
-    }
-
     void objects(std::string_view, GLObjectList& values)
     {
         const std::uint32_t count = source_.word();
@@ -97,18 +84,8 @@ public:
     void items(std::string_view, std::vector<PropertyGridItem*>&) { source_.word(); }
 
     void stem(std::string_view, IDBProject& project) { source_.text(project.getFileStem()); }
-    void doubledTitle(std::string_view, std::wstring& a, std::string_view, std::wstring& b)
-    {
-        source_.text(a);
-        source_.text(b);
-    }
-    void complete(SectionPointMap&, SectionLineMap&, PointRegister&) { }
     void subsidence(std::string_view name, SubsidenceMap& values) { map(name, {}, values); }
-    void subsidenceNames(std::string_view name, SubsidenceNames& values) { map(name, {}, values); }
-
-    NestingLevel enter() { return NestingLevel(depth_); }
 
 private:
     Source& source_;
-    int depth_ = 0;
 };

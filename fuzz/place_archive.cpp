@@ -46,7 +46,7 @@ public:
     RandomArchive random;
 
 private:
-    RandomArchive::Level levels_[3] = {random.enter(), random.enter(), random.enter()};
+    NestingLevel levels_[3] = {random.enter(), random.enter(), random.enter()};
 };
 
 std::vector<std::uint8_t> makeObject(const EntryNames&, std::uint32_t seed)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "persistence/grammar/project.h"
-#include "persistence/nesting_level.h"
+#include "persistence/walk_archive.h"
 #include "persistence/write_archive.h"
 #include "support/random_project.h"
 
@@ -39,7 +39,7 @@ struct Place {
 // Walks the fields of a file as the reader does and notes their places. Nothing is converted and nothing
 // kept, so that what the reader would refuse is passed over; the walk ends with std::exception where the file
 // does.
-class PlaceArchive
+class PlaceArchive : public WalkArchive<PlaceArchive>
 {
 public:
     static constexpr bool reading = true;
@@ -52,7 +52,6 @@ public:
     {
     }
 
-    void section(std::string_view) { }
     template <std::integral Integer>
     void byte(std::string_view name, const Integer&)
     {
@@ -85,37 +84,12 @@ public:
             entryFields(*this, names, scratch.first, scratch.second);
         });
     }
-    template <class Array, class Each>
-    void array(std::string_view, Array& values, Each&& each)
-    {
-        for (auto& value : values)
-            each(value);
-    }
-    template <class Record>
-    void record(std::string_view, Record& value)
-    {
-        fields(*this, value);
-    }
-
     void objects(std::string_view name, const GLObjectList&);
     void planes(std::string_view name, const GLObjectList&);
     void informs(std::string_view name, const InformList&);
     void items(std::string_view name, const std::vector<PropertyGridItem*>&);
     void stem(std::string_view name, IDBProject&) { text(name, {}); }
-    void doubledTitle(
-        std::string_view nameA, const std::wstring& a, std::string_view nameB, const std::wstring& b)
-    {
-        text(nameA, a);
-        text(nameB, b);
-    }
-    void complete(SectionPointMap&, SectionLineMap&, PointRegister&) { }
     void subsidence(std::string_view name, SubsidenceMap& values);
-    void subsidenceNames(std::string_view name, const SubsidenceNames& values)
-    {
-        map(name, {"name", "names"}, values);
-    }
-
-    NestingLevel enter() { return NestingLevel(depth_); }
 
 private:
     std::uint32_t peekWord() const;
@@ -167,7 +141,6 @@ private:
     std::span<const std::uint8_t> bytes_;
     std::size_t position_;
     std::vector<Place>& places_;
-    int depth_ = 0;
 };
 
 // The places of a project file behind its head, as far as the file can be followed.

@@ -6,9 +6,9 @@
 #include "persistence/grammar/drawings.h"
 #include "persistence/grammar/grammar.h"
 #include "persistence/grammar/informs.h"
-#include "persistence/nesting_level.h"
 #include "persistence/save_losses.h"
 #include "persistence/stored_texts.h"
+#include "persistence/walk_archive.h"
 
 #include <concepts>
 #include <cstdint>
@@ -19,12 +19,9 @@
 #include <vector>
 
 // Walks the fields of a project as the writer does and notes what of them the file cannot keep.
-class LossArchive
+class LossArchive : public WalkArchive<LossArchive>
 {
 public:
-    static constexpr bool reading = false;
-    static constexpr bool binary = false;
-
     explicit LossArchive(std::size_t limit)
         : limit_(limit)
     {
@@ -51,20 +48,6 @@ public:
     void guid(std::string_view, const Uuid&) { }
     void blob(std::string_view, const std::vector<std::uint8_t>&) { }
 
-    template <class List>
-    void list(std::string_view name, List& values)
-    {
-        for (auto& value : values)
-            element(*this, name, value);
-    }
-
-    template <class Array, class Each>
-    void array(std::string_view, Array& values, Each&& each)
-    {
-        for (auto& value : values)
-            each(value);
-    }
-
     template <class Key, class Value, class Order>
     void map(std::string_view name, const EntryNames& names, std::map<Key, Value, Order>& values)
     {
@@ -78,12 +61,6 @@ public:
         key_ = outer;
     }
 
-    template <class Record>
-    void record(std::string_view, Record& value)
-    {
-        fields(*this, value);
-    }
-
     void objects(std::string_view name, const GLObjectList& values);
     void planes(std::string_view name, const GLObjectList& values);
     void informs(std::string_view name, const InformList& values);
@@ -92,12 +69,6 @@ public:
     void doubledTitle(
         std::string_view nameA, const std::wstring& a, std::string_view nameB, const std::wstring& b);
     void subsidence(std::string_view name, SubsidenceMap& values);
-    void subsidenceNames(std::string_view name, SubsidenceNames& values)
-    {
-        map(name, {"name", "names"}, values);
-    }
-
-    NestingLevel enter() { return NestingLevel(depth_); }
     void note(SaveLoss::Kind kind, std::string_view field);
     void note(SaveLoss::Kind kind, std::string_view field, const std::wstring& key);
 
@@ -150,5 +121,4 @@ private:
     std::vector<SaveLoss> others_;
     std::string_view section_;
     RowKey key_;
-    int depth_ = 0;
 };

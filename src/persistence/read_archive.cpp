@@ -8,6 +8,7 @@
 
 #include <stdexcept>
 #include <unordered_map>
+#include <utility>
 
 ReadArchive::ReadArchive(
     std::span<const std::uint8_t> bytes, std::size_t position, ReadReport& report, const WorkSharing& sharing)
@@ -23,6 +24,12 @@ ReadArchive::ReadArchive(
 void ReadArchive::failPastEnd()
 {
     throw std::out_of_range("invalid vector<T> subscript");
+}
+
+// Here and by function, so that what a thread needs is compiled once and not once a register.
+std::future<void> ReadArchive::readAside(std::function<void()> read)
+{
+    return inAnotherThread(std::move(read));
 }
 
 std::span<const std::uint8_t> ReadArchive::readTextBytes()
@@ -107,13 +114,6 @@ void ReadArchive::stem(std::string_view name, IDBProject& project)
 {
     text(name, report_.storedStem);
     project.setFileStem(fileStem(project.getFilePath()));
-}
-
-void ReadArchive::doubledTitle(
-    std::string_view nameA, std::wstring& a, std::string_view nameB, std::wstring& b)
-{
-    text(nameA, a);
-    text(nameB, b);
 }
 
 void ReadArchive::complete(SectionPointMap& points, SectionLineMap& lines, PointRegister& pointRegister)

@@ -9,16 +9,17 @@
 #include "persistence/grammar/grammar.h"
 #include "persistence/grammar/informs.h"
 #include "persistence/grammar/strata.h"
-#include "persistence/nesting_level.h"
 #include "persistence/read_report.h"
 #include "persistence/skip_archive.h"
 #include "persistence/smallest_size.h"
+#include "persistence/walk_archive.h"
 
 #include <algorithm>
 #include <bit>
 #include <concepts>
 #include <cstdint>
 #include <cstring>
+#include <functional>
 #include <future>
 #include <span>
 #include <string>
@@ -27,7 +28,7 @@
 // Reads fields from the bytes of a file, strictly one after the other. Every read past the end throws
 // std::out_of_range ("invalid vector<T> subscript"); nothing is allocated beyond what the bytes left can
 // fill. The rows of a large register are read by several threads.
-class ReadArchive
+class ReadArchive : public WalkArchive<ReadArchive>
 {
 public:
     static constexpr bool reading = true;
@@ -71,13 +72,6 @@ public:
             element(*this, {}, values.emplace_back());
     }
 
-    template <class Array, class Each>
-    void array(std::string_view, Array& values, Each&& each)
-    {
-        for (auto& value : values)
-            each(value);
-    }
-
     template <class Key, class Value, class Order>
     void map(std::string_view, const EntryNames& names, std::map<Key, Value, Order>& values)
     {
@@ -100,12 +94,6 @@ public:
             addRow<Key>(readRow<Key, Value>(names), rows, names);
     }
 
-    template <class Record>
-    void record(std::string_view, Record& value)
-    {
-        fields(*this, value);
-    }
-
     // Object lists: a type code, then the object. An unknown code is one byte and no object; what follows it
     // is then read as something else, as the format has it.
     void objects(std::string_view name, GLObjectList& values);
@@ -115,14 +103,11 @@ public:
 
     // The short name in the file is not taken: the project's is that of the path in its head.
     void stem(std::string_view name, IDBProject& project);
-    void doubledTitle(std::string_view nameA, std::wstring& a, std::string_view nameB, std::wstring& b);
     void complete(SectionPointMap& points, SectionLineMap& lines, PointRegister& pointRegister);
     // Every cell takes the title of its row; a cell whose text is empty is none, a row without cells stays.
     void subsidence(std::string_view name, SubsidenceMap& values);
     // A name that comes twice keeps its last list.
     void subsidenceNames(std::string_view name, SubsidenceNames& values);
-
-    NestingLevel enter() { return NestingLevel(depth_); }
 
     // What stands in the file and does not come into the project.
     void drop(std::string_view what) { report_.addDrop(what, position_); }
@@ -166,11 +151,15 @@ private:
     struct ReadPart {
         std::size_t firstRow = 0;
         std::size_t begin = 0;
-        std::future<std::vector<ReadRow<Key, Value>>> rows;
+        std::vector<ReadRow<Key, Value>> rows;
+        std::future<void> reading; // the last member: gone before the rows that it fills
 
         std::vector<ReadRow<Key, Value>> takeRows(std::size_t position)
         {
-            return rows.valid() && position == begin ? rows.get() : std::vector<ReadRow<Key, Value>>();
+            if (!reading.valid() || position != begin)
+                return {};
+            reading.get();
+            return std::move(rows);
         }
     };
 
@@ -205,19 +194,21 @@ private:
             const std::size_t first = count * i / sharing_.threads;
             places.rows<Key, Value>(first - row);
             row = first;
-            parts.push_back({first, places.position(), {}});
+            parts.push_back({first, places.position(), {}, {}});
         }
         if (!places.isWhole() || places.position() - position_ < sharing_.worthwhile / 2)
             return {};
         for (std::size_t i = 0; i < parts.size(); ++i) {
             const std::size_t end = i + 1 < parts.size() ? parts[i + 1].firstRow : count;
-            parts[i].rows = inAnotherThread(
-                [bytes = bytes_, begin = parts[i].begin, rows = end - parts[i].firstRow, names] {
-                    return readRows<Key, Value>(bytes, begin, rows, names);
+            parts[i].reading =
+                readAside([bytes = bytes_, &part = parts[i], count = end - parts[i].firstRow, names] {
+                    part.rows = readRows<Key, Value>(bytes, part.begin, count, names);
                 });
         }
         return parts;
     }
+
+    static std::future<void> readAside(std::function<void()> read);
 
     // No rows where anything is wrong with them: only reading in order tells what, and when.
     template <class Key, class Value>
@@ -259,7 +250,6 @@ private:
     std::size_t position_;
     ReadReport& report_;
     WorkSharing sharing_;
-    int depth_ = 0;
 };
 
 template <class Record, class Make>

@@ -1,16 +1,16 @@
 #pragma once
 
 #include "persistence/grammar/grammar.h"
+#include "persistence/walk_archive.h"
 
 #include <cstdint>
 #include <span>
 #include <string_view>
 
 // Walks over the rows of a register without keeping anything, to learn where in the file each begins.
-class SkipArchive
+class SkipArchive : public WalkArchive<SkipArchive>
 {
 public:
-    static constexpr bool reading = false;
     static constexpr bool binary = true;
 
     SkipArchive(std::span<const std::uint8_t> bytes, std::size_t position)
@@ -56,23 +56,11 @@ public:
         for (std::uint32_t left = readWord(); left > 0 && whole_; --left)
             element(*this, {}, value);
     }
-    template <class Array, class Each>
-    void array(std::string_view, Array& values, Each&& each)
-    {
-        for (auto& value : values)
-            each(value);
-    }
     template <class Map>
     void map(std::string_view, const EntryNames&, const Map&)
     {
         rows<typename Map::key_type, typename Map::mapped_type>(readWord());
     }
-    template <class Record>
-    void record(std::string_view, Record& value)
-    {
-        fields(*this, value);
-    }
-
     // So many rows of a register.
     template <class Key, class Value>
     void rows(std::size_t count)

@@ -1,16 +1,15 @@
 #pragma once
 
 #include "persistence/grammar/grammar.h"
+#include "persistence/walk_archive.h"
 
 #include <cstddef>
 #include <string_view>
 
 // Adds up the fewest bytes that a record can take in a file: every text, list and map empty.
-class SizeArchive
+class SizeArchive : public WalkArchive<SizeArchive>
 {
 public:
-    static constexpr bool reading = false;
-
     std::size_t size() const { return size_; }
 
     template <class Integer>
@@ -53,17 +52,6 @@ public:
     void map(std::string_view, const EntryNames&, const Map&)
     {
         size_ += 4;
-    }
-    template <class Array, class Each>
-    void array(std::string_view, Array& values, Each&& each)
-    {
-        for (auto& value : values)
-            each(value);
-    }
-    template <class Record>
-    void record(std::string_view, Record& value)
-    {
-        fields(*this, value);
     }
 
 private:

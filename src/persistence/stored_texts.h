@@ -2,6 +2,7 @@
 
 #include "db/walk_order.h"
 #include "persistence/grammar/grammar.h"
+#include "persistence/walk_archive.h"
 #include "platform/ascii.h"
 
 #include <cstdint>
@@ -16,7 +17,7 @@
 std::wstring storedText(const std::wstring& text);
 
 // Turns the texts of a record into those that an opening will find.
-class StoredTexts
+class StoredTexts : public WalkArchive<StoredTexts>
 {
 public:
     static constexpr bool reading = true;
@@ -33,17 +34,6 @@ public:
     {
         if (!isPlainAscii(value))
             value = storedText(value);
-    }
-    template <class Element>
-    void list(std::string_view, std::vector<Element>& values)
-    {
-        for (Element& value : values)
-            element(*this, {}, value);
-    }
-    template <class Record>
-    void record(std::string_view, Record& value)
-    {
-        fields(*this, value);
     }
 };
 

@@ -25,6 +25,16 @@ ByteBlocks WriteArchive::takeLast()
     return std::exchange(blocks_, {});
 }
 
+// Here and by function, so that what a thread needs is compiled once and not once a register.
+std::future<ByteBlocks> WriteArchive::writtenAside(std::function<void(WriteArchive&)> write)
+{
+    return inAnotherThread([write = std::move(write)] {
+        WriteArchive archive(WorkSharing{1});
+        write(archive);
+        return archive.takeBlocks();
+    });
+}
+
 void WriteArchive::leaveTo(std::future<ByteBlocks> thread)
 {
     keep({takeLast(), std::move(thread)});

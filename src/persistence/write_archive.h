@@ -6,7 +6,7 @@
 #include "persistence/grammar/grammar.h"
 #include "persistence/grammar/informs.h"
 #include "persistence/grammar/strata.h"
-#include "persistence/nesting_level.h"
+#include "persistence/walk_archive.h"
 #include "platform/ascii.h"
 #include "platform/byte_blocks.h"
 #include "platform/code_page.h"
@@ -28,10 +28,9 @@
 // Writes fields as the bytes of a file into memory. Nothing it is given can fail but a drawing nested deeper
 // than the reader follows, which throws MException. The rows of a large register are written by several
 // threads.
-class WriteArchive
+class WriteArchive : public WalkArchive<WriteArchive>
 {
 public:
-    static constexpr bool reading = false;
     static constexpr bool binary = true;
 
     // What is written, or by whom what follows it is being written.
@@ -55,8 +54,6 @@ public:
     // The bytes written so far; the archive is empty afterwards.
     ByteBlocks takeBlocks();
     std::vector<std::uint8_t> takeBytes() { return takeBlocks().joined(); }
-
-    void section(std::string_view) { }
 
     // The low byte of a wider number: that is how much of it the format keeps.
     template <std::integral Integer>
@@ -82,8 +79,6 @@ public:
         putWord(length, static_cast<std::uint32_t>(end - first));
         at_ = end;
     }
-    // Written like any other text, though not all of them can be read back.
-    void elementText(std::string_view name, const std::wstring& value) { text(name, value); }
     void guid(std::string_view name, const Uuid& value);
     void blob(std::string_view name, const std::vector<std::uint8_t>& value);
 
@@ -93,13 +88,6 @@ public:
         writeCount(values.size());
         for (auto& value : values)
             element(*this, {}, value);
-    }
-
-    template <class Array, class Each>
-    void array(std::string_view, Array& values, Each&& each)
-    {
-        for (auto& value : values)
-            each(value);
     }
 
     template <class Map>
@@ -121,12 +109,6 @@ public:
             writeRows(names, next, left);
     }
 
-    template <class Record>
-    void record(std::string_view, Record& value)
-    {
-        fields(*this, value);
-    }
-
     // An object of no listed class is counted and not written, as the format has it.
     void objects(std::string_view name, const GLObjectList& values);
     void planes(std::string_view name, const GLObjectList& values);
@@ -140,12 +122,6 @@ public:
         std::string_view nameA, const std::wstring& a, std::string_view nameB, const std::wstring& b);
     // The title of a row is that of its first cell.
     void subsidence(std::string_view name, SubsidenceMap& values);
-    void subsidenceNames(std::string_view name, SubsidenceNames& values)
-    {
-        map(name, {"name", "names"}, values);
-    }
-
-    NestingLevel enter() { return NestingLevel(depth_); }
 
 private:
     template <class Row>
@@ -173,12 +149,9 @@ private:
                                std::size_t part) { return own + left * part / parts; };
         std::vector<std::future<ByteBlocks>> others;
         for (std::size_t part = 0; part < parts; ++part)
-            others.push_back(
-                inAnotherThread([names, first, skipped = begin(part), rows = begin(part + 1) - begin(part)] {
-                    WriteArchive archive(WorkSharing{1});
-                    archive.writeRows(names, advanced(first, skipped), rows);
-                    return archive.takeBlocks();
-                }));
+            others.push_back(writtenAside(
+                [names, first, skipped = begin(part), rows = begin(part + 1) - begin(part)](
+                    WriteArchive& archive) { archive.writeRows(names, advanced(first, skipped), rows); }));
         writeRows(names, first, own);
         for (std::size_t part = 0; part < parts; ++part) {
             if (others[part].valid())
@@ -187,6 +160,8 @@ private:
                 writeRows(names, advanced(first, begin(part)), begin(part + 1) - begin(part));
         }
     }
+    // What the function writes into an archive of its own, in another thread.
+    static std::future<ByteBlocks> writtenAside(std::function<void(WriteArchive&)> write);
     void leaveTo(std::future<ByteBlocks> thread);
     ByteBlocks takeLast();
     std::size_t size();
@@ -225,5 +200,4 @@ private:
     std::uint8_t* at_ = nullptr; // in the last block
     std::uint8_t* end_ = nullptr;
     WorkSharing sharing_;
-    int depth_ = 0;
 };

@@ -3,6 +3,7 @@
 #include "core/base/reference.h"
 #include "db/db_project.h"
 #include "persistence/grammar/project.h"
+#include "persistence/walk_archive.h"
 
 #include <algorithm>
 #include <array>
@@ -14,11 +15,10 @@
 
 // Fills every field that a project file can hold, by the description of the file itself, so that a field that
 // comes later is filled too. The same seed gives the same project on every system.
-class RandomArchive
+class RandomArchive : public WalkArchive<RandomArchive>
 {
 public:
     static constexpr bool reading = true;
-    static constexpr bool binary = false;
 
     // Names are all numbers or all lettered, as the orderings need for a walk order that stays.
     RandomArchive(std::uint32_t seed, bool lettered)
@@ -27,7 +27,6 @@ public:
     {
     }
 
-    void section(std::string_view) { }
     template <class Integer>
     void byte(std::string_view, Integer& value)
     {
@@ -77,12 +76,6 @@ public:
         for (Element& value : values)
             element(*this, {}, value);
     }
-    template <class Array, class Each>
-    void array(std::string_view, Array& values, Each&& each)
-    {
-        for (auto& value : values)
-            each(value);
-    }
     template <class Key, class Value, class Order>
     void map(std::string_view, const EntryNames& names, std::map<Key, Value, Order>& values)
     {
@@ -92,19 +85,14 @@ public:
             values.insert(std::move(entry));
         }
     }
-    template <class Record>
-    void record(std::string_view, Record& value)
-    {
-        fields(*this, value);
-    }
     void objects(std::string_view, GLObjectList& values)
     {
         for (std::size_t i = some() + 6; i > 0; --i) {
-            const std::uint32_t wanted = below(depth_ < 3 ? 9 : 8);
+            const std::uint32_t wanted = below(depth() < 3 ? 9 : 8);
             std::uint32_t row = 0;
             anyDrawingClass([&](auto drawing) {
                 constexpr bool isBlock = std::same_as<typename decltype(drawing)::Object, GLBlockDB>;
-                if ((isBlock && depth_ >= 3) || row++ != wanted)
+                if ((isBlock && depth() >= 3) || row++ != wanted)
                     return false;
                 values.push_back(readObject(*this, drawing).detach());
                 return true;
@@ -118,12 +106,12 @@ public:
     }
     void informs(std::string_view, InformList& values)
     {
-        for (std::size_t i = depth_ < 3 ? some() : 0; i > 0; --i)
+        for (std::size_t i = depth() < 3 ? some() : 0; i > 0; --i)
             values.push_back(readInform(*this).detach());
     }
     void items(std::string_view, std::vector<PropertyGridItem*>& values)
     {
-        for (std::size_t i = depth_ < 3 ? some() : 0; i > 0; --i)
+        for (std::size_t i = depth() < 3 ? some() : 0; i > 0; --i)
             values.push_back(readItem(*this).detach());
     }
     void stem(std::string_view, IDBProject& project)
@@ -136,7 +124,6 @@ public:
         text({}, a);
         b = a;
     }
-    void complete(SectionPointMap&, SectionLineMap&, PointRegister&) { }
     void subsidence(std::string_view, SubsidenceMap& values)
     {
         for (std::size_t i = some(); i > 0; --i) {
@@ -148,27 +135,6 @@ public:
                     {static_cast<std::int32_t>(10 * cell), L"0,0" + std::to_wstring(cell), title});
         }
     }
-    void subsidenceNames(std::string_view name, SubsidenceNames& values)
-    {
-        map(name, {"name", "names"}, values);
-    }
-
-    class Level
-    {
-    public:
-        explicit Level(int& depth)
-            : depth_(depth)
-        {
-            ++depth_;
-        }
-        ~Level() { --depth_; }
-        Level(const Level&) = delete;
-        Level& operator=(const Level&) = delete;
-
-    private:
-        int& depth_;
-    };
-    Level enter() { return Level(depth_); }
 
 private:
     std::uint32_t below(std::size_t bound) { return static_cast<std::uint32_t>(random_() % bound); }
@@ -191,7 +157,6 @@ private:
     };
     std::mt19937 random_;
     bool lettered_;
-    int depth_ = 0;
 };
 
 inline Reference<DBProject> randomProject(std::uint32_t seed, bool lettered)

@@ -7,7 +7,7 @@
 #include "persistence/grammar/grammar.h"
 #include "persistence/grammar/informs.h"
 #include "persistence/grammar/strata.h"
-#include "persistence/nesting_level.h"
+#include "persistence/walk_archive.h"
 #include "platform/code_page.h"
 #include "tlxtool/messages.h"
 
@@ -25,10 +25,9 @@
 
 // Walks the fields of a project as the writer does, counts the bytes that it would write, and notes names and
 // depths that will bite later.
-class CheckArchive
+class CheckArchive : public WalkArchive<CheckArchive>
 {
 public:
-    static constexpr bool reading = false;
     static constexpr bool binary = true;
 
     // Begins behind the head of the file. The offsets of the findings count bytes as a save would write them.
@@ -58,7 +57,6 @@ public:
         position_ += 4;
     }
     void text(std::string_view, const std::wstring& value) { position_ += 4 + codePageLength(value); }
-    void elementText(std::string_view name, const std::wstring& value) { text(name, value); }
     void guid(std::string_view, const Uuid&) { position_ += 4 + 36; }
     void blob(std::string_view, const std::vector<std::uint8_t>& value) { position_ += 4 + value.size(); }
 
@@ -68,12 +66,6 @@ public:
         position_ += 4;
         for (auto& value : values)
             element(*this, {}, value);
-    }
-    template <class Array, class Each>
-    void array(std::string_view, Array& values, Each&& each)
-    {
-        for (auto& value : values)
-            each(value);
     }
     template <class Map>
     void map(std::string_view name, const EntryNames& names, Map& values)
@@ -114,11 +106,6 @@ public:
     void doubledTitle(
         std::string_view nameA, const std::wstring& a, std::string_view nameB, const std::wstring& b);
     void subsidence(std::string_view name, SubsidenceMap& values);
-    void subsidenceNames(std::string_view name, SubsidenceNames& values)
-    {
-        map(name, {"name", "names"}, values);
-    }
-    NestingLevel enter() { return NestingLevel(depth_); }
 
 private:
     // How often a register names a point, and where first.
@@ -186,7 +173,6 @@ private:
     std::vector<Finding> findings_;
     std::string_view section_;
     std::size_t position_;
-    int depth_ = 0;
 
     bool insideRegister_ = false;
     std::size_t registerBegin_ = 0;

@@ -5,7 +5,7 @@
 #include "persistence/grammar/grammar.h"
 #include "persistence/grammar/informs.h"
 #include "persistence/grammar/strata.h"
-#include "persistence/nesting_level.h"
+#include "persistence/walk_archive.h"
 #include "platform/utf8.h"
 
 #include <concepts>
@@ -30,17 +30,12 @@ struct CsvTable {
 // with the key of the entry repeated in front; where the entry is nothing but its list, the two are one
 // table. Single fields stand in the table "project". Drawing objects and records along profiles are no
 // registers and are left out.
-class CsvArchive
+class CsvArchive : public WalkArchive<CsvArchive>
 {
 public:
-    static constexpr bool reading = false;
-    static constexpr bool binary = false;
-
     CsvArchive();
 
     const std::list<CsvTable>& tables() const { return tables_; }
-
-    void section(std::string_view) { }
 
     template <std::integral Integer>
     void byte(std::string_view name, const Integer& value)
@@ -56,7 +51,6 @@ public:
     // With a comma, as spreadsheets under a Russian system read numbers; texts stay as they were typed.
     void word(std::string_view name, float value);
     void text(std::string_view name, const std::wstring& value) { cell(name, toUtf8(value)); }
-    void elementText(std::string_view name, const std::wstring& value) { text(name, value); }
     void guid(std::string_view name, const Uuid& value);
     void blob(std::string_view name, const std::vector<std::uint8_t>& value);
 
@@ -109,15 +103,9 @@ public:
     void planes(std::string_view, const GLObjectList&) { }
     void informs(std::string_view, const InformList&) { }
     void items(std::string_view, const std::vector<PropertyGridItem*>&) { }
-    void stem(std::string_view name, IDBProject& project) { text(name, project.getFileStem()); }
     void doubledTitle(
         std::string_view nameA, const std::wstring& a, std::string_view nameB, const std::wstring& b);
     void subsidence(std::string_view name, SubsidenceMap& values);
-    void subsidenceNames(std::string_view name, SubsidenceNames& values)
-    {
-        map(name, {"name", "names"}, values);
-    }
-    NestingLevel enter() { return NestingLevel(depth_); }
 
 private:
     // The row that is being filled. Its first cells are the key, which the rows of lists inside it repeat.
@@ -206,5 +194,4 @@ private:
     std::string prefix_;
     std::string arrayName_;
     std::size_t arrayNumber_ = 0;
-    int depth_ = 0;
 };

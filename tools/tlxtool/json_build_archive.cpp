@@ -253,10 +253,10 @@ void JsonBuildArchive::subsidenceCells(std::vector<SubsidenceCell>& cells)
 
 NestingLevel JsonBuildArchive::enter()
 {
-    if (depth_ >= format::nestingLimit)
+    if (depth() >= format::nestingLimit)
         fail(
             "вложено глубже " + std::to_string(format::nestingLimit) + " уровней; разберите вложенные блоки");
-    return NestingLevel(depth_);
+    return WalkArchive::enter();
 }
 
 void JsonBuildArchive::failRefused(const std::wstring& key, std::string_view reason) const

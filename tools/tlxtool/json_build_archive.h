@@ -8,7 +8,7 @@
 #include "persistence/grammar/grammar.h"
 #include "persistence/grammar/informs.h"
 #include "persistence/grammar/strata.h"
-#include "persistence/nesting_level.h"
+#include "persistence/walk_archive.h"
 #include "tlxtool/json.h"
 
 #include <concepts>
@@ -25,11 +25,10 @@
 // fault (a missing or unknown member, another type, a number out of range, a row that its register refuses)
 // throws ToolError, which begins with the path of the place: "project.lithology[3].depth". What the reader of
 // files completes or drops, this one takes as it stands.
-class JsonBuildArchive
+class JsonBuildArchive : public WalkArchive<JsonBuildArchive>
 {
 public:
     static constexpr bool reading = true;
-    static constexpr bool binary = false;
 
     explicit JsonBuildArchive(const Json& root)
         : root_(root)
@@ -54,8 +53,6 @@ public:
     void optional(std::string_view name);
     [[noreturn]] void fail(const std::string& what) const;
 
-    void section(std::string_view) { }
-
     template <std::integral Integer>
     void byte(std::string_view name, Integer& value)
     {
@@ -71,7 +68,6 @@ public:
     }
     void word(std::string_view name, float& value);
     void text(std::string_view name, std::wstring& value);
-    void elementText(std::string_view name, std::wstring& value) { text(name, value); }
     void guid(std::string_view name, Uuid& value);
     void blob(std::string_view name, std::vector<std::uint8_t>& value);
 
@@ -123,13 +119,7 @@ public:
     void items(std::string_view name, std::vector<PropertyGridItem*>& values);
     void stem(std::string_view name, IDBProject& project);
     void doubledTitle(std::string_view nameA, std::wstring& a, std::string_view nameB, std::wstring& b);
-    void complete(SectionPointMap&, SectionLineMap&, PointRegister&) { }
     void subsidence(std::string_view name, SubsidenceMap& values);
-    void subsidenceNames(std::string_view name, SubsidenceNames& values)
-    {
-        map(name, {"name", "names"}, values);
-    }
-
     NestingLevel enter();
 
 private:
@@ -194,5 +184,4 @@ private:
 
     const Json& root_;
     std::vector<Level> levels_;
-    int depth_ = 0;
 };

@@ -6,7 +6,7 @@
 #include "persistence/grammar/grammar.h"
 #include "persistence/grammar/informs.h"
 #include "persistence/grammar/strata.h"
-#include "persistence/nesting_level.h"
+#include "persistence/walk_archive.h"
 #include "platform/utf8.h"
 #include "tlxtool/json.h"
 
@@ -21,20 +21,15 @@
 
 // Turns the fields of a project into the members of a JSON object. Maps become arrays of objects in walk
 // order, raw bytes base64, identifiers their text.
-class JsonDumpArchive
+class JsonDumpArchive : public WalkArchive<JsonDumpArchive>
 {
 public:
-    static constexpr bool reading = false;
-    static constexpr bool binary = false;
-
     // The keys of the entries of each register of the project, as a person reads them, in walk order.
     using RegisterKeys = std::map<std::string, std::vector<std::string>, std::less<>>;
 
     explicit JsonDumpArchive(Json& project);
 
     const RegisterKeys& registerKeys() const { return registerKeys_; }
-
-    void section(std::string_view) { }
 
     template <std::integral Integer>
     void byte(std::string_view name, const Integer& value)
@@ -50,7 +45,6 @@ public:
     }
     void word(std::string_view name, float value);
     void text(std::string_view name, const std::wstring& value) { add(name, toUtf8(value)); }
-    void elementText(std::string_view name, const std::wstring& value) { text(name, value); }
     void guid(std::string_view name, const Uuid& value);
     void blob(std::string_view name, const std::vector<std::uint8_t>& value);
 
@@ -101,12 +95,6 @@ public:
     void doubledTitle(
         std::string_view nameA, const std::wstring& a, std::string_view nameB, const std::wstring& b);
     void subsidence(std::string_view name, SubsidenceMap& values);
-    void subsidenceNames(std::string_view name, SubsidenceNames& values)
-    {
-        map(name, {"name", "names"}, values);
-    }
-
-    NestingLevel enter() { return NestingLevel(depth_); }
 
 private:
     // Appends a member to the object or an element to the array that is being filled.
@@ -125,5 +113,4 @@ private:
     Json* root_;
     Json* target_;
     RegisterKeys registerKeys_;
-    int depth_ = 0;
 };

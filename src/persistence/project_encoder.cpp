@@ -1,29 +1,14 @@
-#include "persistence/project_codec.h"
-
 #include "core/base/mexception.h"
 #include "persistence/grammar/project.h"
-#include "persistence/read_archive.h"
+#include "persistence/project_codec.h"
 #include "persistence/write_archive.h"
 
 #include <condition_variable>
 #include <deque>
-#include <exception>
 #include <mutex>
 #include <optional>
-
-void decodeProject(
-    std::span<const std::uint8_t> bytes, IDBProject& project, ReadReport& report, const WorkSharing& sharing)
-{
-    ReadArchive archive(bytes, format::projectHead.contentOffset, report, sharing);
-    try {
-        projectFields(archive, project);
-        report.position = archive.position();
-    } catch (const std::exception& failure) {
-        report.position = archive.position();
-        report.failure = failure.what();
-        throw;
-    }
-}
+#include <stdexcept>
+#include <utility>
 
 static void headBytes(WriteArchive& archive, const format::Head& head)
 {

@@ -1,0 +1,3 @@
+#include "persistence/read_sections.h"
+
+template void planSectionFields(ReadArchive& archive, IDBProject& project);
