@@ -143,8 +143,11 @@ private:
                 + nameOf(data_, look_);
         addTitleBlock(
             sketch, isFirst ? look_.firstBlock : look_.nextBlock, {field_.right, field_.bottom}, texts);
-        if (look_.hasSideStrip)
+        if (look_.hasSideStrip) {
             addSideStrip(sketch, {field_.left, field_.bottom}, look_.language);
+            if (isFirst)
+                addAgreedField(sketch, {field_.left, field_.bottom}, texts);
+        }
         return drawing;
     }
 

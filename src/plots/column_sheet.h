@@ -26,6 +26,7 @@ inline bool isStrip(std::int32_t column)
 // The lanes from left to right within that width; beside the strip stands room for lines from layers to rows.
 std::vector<PlacedLane> placedLanes(const ColumnLook& look, double left, double right);
 
+inline constexpr double leadsWidth = 5; // between the strip and rows, mm
 inline constexpr double headRow = 6; // of the texts above the table, mm
 inline constexpr double captionHeight = 32; // mm
 inline constexpr double sampleLabelHeight = 3.4; // mm
@@ -79,3 +80,15 @@ private:
     double greatestTip_ = 0;
     double greatestSleeve_ = 0;
 };
+
+template <class Row>
+std::vector<const Row*> ColumnSheet::onPage(const std::vector<Row>& rows) const
+{
+    const bool isLast = page_.bottom >= drawnDepth(data_) - 1e-9;
+    std::vector<const Row*> found;
+    for (const Row& row : rows)
+        if (row.depth >= page_.top
+            && (row.depth < page_.bottom || (isLast && row.depth <= page_.bottom + 1e-9)))
+            found.push_back(&row);
+    return found;
+}

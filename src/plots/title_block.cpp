@@ -32,6 +32,7 @@ constexpr Words usualRoles[] = {
 
 constexpr double rowHeight = 5;
 constexpr double leftWidth = 65;
+constexpr double stripLength = 85; // of the side strip, from below
 
 struct Form {
     TitleBlock block;
@@ -105,9 +106,9 @@ std::wstring textOf(const Cell& cell, const TitleBlockTexts& texts)
     case Field::Stage:
         return texts.stage;
     case Field::Sheet:
-        return std::to_wstring(texts.sheet);
+        return texts.sheet > 0 ? std::to_wstring(texts.sheet) : std::wstring();
     case Field::Sheets:
-        return std::to_wstring(texts.sheets);
+        return texts.sheets > 0 ? std::to_wstring(texts.sheets) : std::wstring();
     }
     return {};
 }
@@ -245,4 +246,42 @@ void addSideStrip(Sketch& sketch, const Spot& corner, int language)
         bottom -= part.length;
     }
     sketch.box({corner.x - width, bottom, corner.x, corner.y}, thickLine);
+}
+
+void addAgreedField(Sketch& sketch, const Spot& corner, const TitleBlockTexts& texts)
+{
+    constexpr Words caption = {L"СОГЛАСОВАНО", L"ПОГОДЖЕНО"};
+    // Role, name, signature, date, from below.
+    constexpr double lengths[] = {20, 20, 15, 10};
+    constexpr double rowWidth = 5;
+    constexpr int rows = 2;
+    constexpr double width = (rows + 1) * rowWidth;
+    const double below = corner.y - stripLength;
+    double above = below;
+    for (const double length : lengths)
+        above -= length;
+    constexpr BoxText turned = {
+        .height = 2.5, .font = Font::Narrow, .smallest = 1.2, .isTurned = true, .padding = 0.5};
+    sketch.setLayer(Layer::Stamp);
+    const double left = corner.x - width;
+    const Extent head{left, above, left + rowWidth, below};
+    sketch.box(head);
+    sketch.textInBox(caption.in(texts.language), head, turned);
+    for (int row = 0; row < rows; ++row) {
+        const auto number = static_cast<std::size_t>(row);
+        const bool isNamed = number < texts.agreed.size();
+        const std::wstring cells[] = {isNamed ? texts.agreed[number].role : std::wstring(),
+            isNamed ? texts.agreed[number].name : std::wstring(),
+            {},
+            {}};
+        double bottom = below;
+        for (std::size_t cell = 0; cell < std::size(lengths); ++cell) {
+            const Extent box{
+                left + (row + 1) * rowWidth, bottom - lengths[cell], left + (row + 2) * rowWidth, bottom};
+            sketch.box(box);
+            sketch.textInBox(cells[cell], box, turned);
+            bottom = box.top;
+        }
+    }
+    sketch.box({left, above, corner.x, below}, thickLine);
 }

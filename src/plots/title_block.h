@@ -22,9 +22,10 @@ struct TitleBlockTexts {
     std::wstring company;
     std::wstring stage;
     std::wstring date; // beside each person
-    int sheet = 1;
+    int sheet = 1; // 0: its cell stays free, as that of the sheets does
     int sheets = 1;
     std::vector<Person> people; // six at most; empty: the usual roles without names
+    std::vector<Person> agreed; // two at most, in the field "Согласовано"
 };
 
 enum class TitleBlock : std::uint8_t {
@@ -41,3 +42,5 @@ double titleBlockHeight(TitleBlock block);
 void addTitleBlock(Sketch& sketch, TitleBlock block, const Spot& corner, const TitleBlockTexts& texts);
 // The strip of the master copy's numbers, left of the frame, from the lower left corner of the frame up.
 void addSideStrip(Sketch& sketch, const Spot& corner, int language);
+// The field "Согласовано" above that strip, of first sheets.
+void addAgreedField(Sketch& sketch, const Spot& corner, const TitleBlockTexts& texts);

@@ -2,6 +2,7 @@
 #include "core/base/typed_number.h"
 #include "drawing/hatch.h"
 #include "plots/column.h"
+#include "plots/column_group.h"
 #include "plots/column_pages.h"
 #include "plots/plot_checks.h"
 
@@ -268,6 +269,48 @@ TEST(Column, SheetsAreCountedAndHeadsContinued)
     EXPECT_TRUE(hasText(pages[1], L"Скважина №: Скв-1 (продолжение)"));
     EXPECT_TRUE(hasText(pages[1], L"Геоиндекс"));
     EXPECT_TRUE(hasText(pages[0], std::to_wstring(pages.size())));
+}
+
+TEST(ColumnGroup, ColumnsStandBesideEachOtherAtOneScale)
+{
+    std::mt19937 random(7);
+    std::vector<ColumnData> columns;
+    for (int number = 0; number < 7; ++number) {
+        columns.push_back(randomColumn(random));
+        columns.back().point = L"С-" + std::to_wstring(number + 1);
+    }
+    ColumnLook look;
+    look.sheet = sheetOf(sheetFormat(L"A3"), true);
+    look.texts.designation = L"2026-17";
+    look.hasSideStrip = true;
+    const int count = columnsOnSheet(look, 5);
+    EXPECT_GE(count, 2);
+    EXPECT_EQ(columnsOnSheet(look, 1), 1);
+    ColumnLook narrow = look;
+    narrow.sheet = sheetOf(sheetFormat(L"A4"), false);
+    EXPECT_EQ(columnsOnSheet(narrow, 50), 1); // all ten lanes are not to be read in half of an A4
+    const std::vector<Drawing> sheets = columnsSideBySide(columns, look, 5);
+    ASSERT_GE(sheets.size(), 7U / static_cast<unsigned>(count));
+    std::size_t heads = 0;
+    for (std::size_t sheet = 0; sheet < sheets.size(); ++sheet) {
+        EXPECT_TRUE(textsAreApart(sheets[sheet])) << sheet;
+        EXPECT_TRUE(hasText(sheets[sheet], L"2026-17")) << sheet;
+        EXPECT_TRUE(hasText(sheets[sheet], std::to_wstring(sheet + 1))) << sheet;
+        for (const ColumnData& column : columns)
+            heads += hasText(sheets[sheet], L"Скважина №: " + column.point) ? 1U : 0U;
+        const double stamp = titleBlockHeight(TitleBlock::Following);
+        for (const Item& item : sheets[sheet].items) {
+            EXPECT_EQ(item.id, 0);
+            const Extent extent = *extentOf(item);
+            EXPECT_LE(extent.right, 415 + 0.3);
+            if (item.layer == Layer::Hatch) {
+                EXPECT_GE(extent.left, 20);
+                EXPECT_LE(extent.bottom, 292 - stamp);
+            }
+        }
+    }
+    EXPECT_EQ(heads, columns.size());
+    EXPECT_TRUE(columnsSideBySide({}, look, 5).empty());
 }
 
 TEST(SpreadApart, KeepsOrderAndPlaces)

@@ -51,3 +51,23 @@ TEST(TitleBlock, SpeaksUkrainian)
     for (const wchar_t* text : {L"Зм.", L"Кільк.", L"Арк.", L"Аркушів", L"Дата", L"Зам. інв. №"})
         EXPECT_TRUE(hasText(drawing, text)) << ::testing::PrintToString(text);
 }
+
+TEST(TitleBlock, AgreedFieldStandsAboveTheStrip)
+{
+    Drawing drawing;
+    drawing.height = 297;
+    Sketch sketch(drawing);
+    TitleBlockTexts texts;
+    texts.agreed = {{L"Главный инженер проекта", L"Савин-Константиновский"}, {L"Заказчик", L"Ли"}};
+    addSideStrip(sketch, {20, 292}, languageRussian);
+    addAgreedField(sketch, {20, 292}, texts);
+    EXPECT_TRUE(textsAreApart(drawing));
+    EXPECT_TRUE(hasText(drawing, L"СОГЛАСОВАНО"));
+    EXPECT_TRUE(hasText(drawing, L"Заказчик"));
+    for (const Item& item : drawing.items) {
+        const Extent extent = *extentOf(item);
+        EXPECT_GE(extent.left, 5 - 1e-9);
+        EXPECT_LE(extent.right, 20 + 1e-9);
+        EXPECT_GE(extent.top, 292 - 85 - 65 - 1e-9);
+    }
+}
