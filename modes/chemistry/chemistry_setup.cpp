@@ -13,7 +13,7 @@ std::optional<Document> chemistryDocument(IDBProject& project)
     const std::wstring folder = QCoreApplication::applicationDirPath().toStdWString();
     std::vector<LimitMistake> mistakes;
     const AggressivenessLimits limits = limitsBeside(folder, mistakes);
-    Document document = chemistryReport(project, limits, readOffice(officePath(folder)));
+    Document document = chemistryReport(project, limits);
     // Mistakes in the file of limits must not pass unseen.
     for (const LimitMistake& mistake : mistakes) {
         Paragraph line;

@@ -1,8 +1,9 @@
 #include "common/column_look.h"
 
+#include "common/office_paper.h"
 #include "dictionaries/report_language.h"
-#include "modules/idbproject.h"
 #include "modules/isettings.h"
+#include "modules/itellurix_controller.h"
 
 static Color colorOf(int red, int green, int blue)
 {
@@ -13,8 +14,9 @@ static Color colorOf(int red, int green, int blue)
 // Of a colour there are three getters.
 #define CHOSEN_COLOR(key) colorOf(settings.key##Red(), settings.key##Green(), settings.key##Blue())
 
-ColumnLook columnLookOf(ISettings& settings, IDBProject* project)
+ColumnLook columnLookOf(ITellurixController& controller)
 {
+    ISettings& settings = *controller.settings();
     ColumnLook look;
     look.language = knownLanguage(settings.reportLanguage());
     look.hatchScale = settings.scaleHatchingColumn();
@@ -30,10 +32,7 @@ ColumnLook columnLookOf(ISettings& settings, IDBProject* project)
     look.hasGraphGrid = settings.gridGraphIgk() != 0;
     look.isIndexPlain = settings.geoIndexIgk() != 0;
     look.hasSampleNumbers = settings.isNumberTestsIgk();
-    if (project) {
-        look.texts.designation = project->getProjectCode();
-        look.texts.object = project->getProjectName();
-    }
+    look.texts = officePaper(controller).texts;
     return look;
 }
 

@@ -136,7 +136,7 @@ void copyDrawing(const Drawing& drawing, const Hatches& hatches)
     QGuiApplication::clipboard()->setMimeData(data.release());
 }
 
-void saveDrawings(QWidget* parent,
+QString saveDrawings(QWidget* parent,
     const std::vector<Drawing>& pages,
     int shown,
     const Hatches& hatches,
@@ -144,26 +144,36 @@ void saveDrawings(QWidget* parent,
 {
     const QString file = askFile(parent, fileName);
     if (file.isEmpty())
-        return;
+        return {};
     Sheets sheets = Sheets::All;
     if (pages.size() > 1 && !file.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive))
         sheets = askSheets(parent, pages.size());
     if (sheets == Sheets::None)
-        return;
+        return {};
     try {
         std::vector<Drawing> one;
         if (sheets == Sheets::Shown)
             one.push_back(pages[static_cast<std::size_t>(shown)]);
         OutputProgress progress(parent, pages.size());
-        writeDrawings(file.toStdWString(), one.empty() ? pages : one, hatches, [&progress](std::size_t page) {
-            return progress.goesOn(page);
-        });
+        const std::vector<Drawing>& chosen = one.empty() ? pages : one;
+        const std::size_t written =
+            writeDrawings(file.toStdWString(), chosen, hatches, [&progress](std::size_t page) {
+                return progress.goesOn(page);
+            });
         if (const QString missing = missingFonts(); !missing.isEmpty())
             QMessageBox::warning(parent, QStringLiteral("Сохранить чертёж"), missing);
+        const bool isNumbered =
+            chosen.size() > 1 && !file.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive);
+        const QFileInfo info(file);
+        if (written > 0)
+            return isNumbered ? info.path() + QLatin1Char('/') + info.completeBaseName()
+                    + QStringLiteral("_1.") + info.suffix()
+                              : file;
     } catch (const MException& failure) {
         QMessageBox::warning(
             parent, QStringLiteral("Сохранить чертёж"), QString::fromStdWString(failure.message()));
     }
+    return {};
 }
 
 void printDrawings(QWidget* parent, const std::vector<Drawing>& pages, const Hatches& hatches)

@@ -14,8 +14,9 @@ class QWidget;
 // As picture and as SVG.
 void copyDrawing(const Drawing& drawing, const Hatches& hatches);
 // Asks for place and format. A PDF holds all sheets; of the other formats there is one file a sheet, and the
-// user says whether the shown one alone is meant.
-void saveDrawings(QWidget* parent,
+// user says whether the shown one alone is meant. Gives back the file, the first of several; empty where the
+// user called it off or nothing was written.
+QString saveDrawings(QWidget* parent,
     const std::vector<Drawing>& pages,
     int shown,
     const Hatches& hatches,

@@ -90,6 +90,7 @@ ExportDialog::ExportDialog(ExportSource source, QWidget* parent)
     , source_(std::move(source))
     , format_(new QComboBox(this))
     , file_(new QLineEdit(this))
+    , frames_(new QCheckBox(QStringLiteral("Рамка и штамп на страницах"), this))
     , opens_(new QCheckBox(QStringLiteral("Открыть файл после сохранения"), this))
 {
     setWindowTitle(QStringLiteral("Экспорт"));
@@ -101,6 +102,13 @@ ExportDialog::ExportDialog(ExportSource source, QWidget* parent)
         qBound(0, kept->value(QStringLiteral("export/format")).toInt(), format_->count() - 1));
     opens_->setChecked(kept->value(QStringLiteral("export/opens"), false).toBool());
 
+    const bool isUsual = source_.paper && source_.paper->office.hasFrame && !source_.isTable;
+    frames_->setObjectName(QStringLiteral("frames"));
+    frames_->setToolTip(QStringLiteral("Форма 5 на первом листе, форма 6 на следующих. Организация, "
+                                       "исполнители и стадия — из настроек, страница «Документы»"));
+    frames_->setChecked(kept->value(frameKey(), isUsual).toBool());
+    frames_->setVisible(source_.paper.has_value());
+
     auto* form = new QFormLayout;
     form->setHorizontalSpacing(16);
     form->setVerticalSpacing(10);
@@ -108,7 +116,10 @@ ExportDialog::ExportDialog(ExportSource source, QWidget* parent)
         form->addRow(QStringLiteral("Строки"), rows);
     form->addRow(QStringLiteral("Формат"), format_);
     form->addRow(QStringLiteral("Файл"), makeFile());
+    if (source_.paper)
+        form->addRow(QString(), frames_);
     form->addRow(QString(), opens_);
+    followFormat();
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel, this);
     buttons->button(QDialogButtonBox::Save)->setText(QStringLiteral("Сохранить"));
@@ -177,8 +188,36 @@ bool ExportDialog::isAll() const
     return !rows_ || rows_->checkedId() == 1;
 }
 
+QString ExportDialog::frameKey() const
+{
+    return source_.isTable ? QStringLiteral("export/tableFrames") : QStringLiteral("export/frames");
+}
+
+QString ExportDialog::file() const
+{
+    return QDir::fromNativeSeparators(file_->text().trimmed());
+}
+
+// Formats without pages have room for no picture and no frame.
+Document ExportDialog::documentFor(bool isPaper) const
+{
+    Document document = source_.make(isAll());
+    if (!source_.paper)
+        return document;
+    const OfficePaper& paper = *source_.paper;
+    const bool hasFrames = isPaper && frames_->isChecked();
+    if (!source_.isTable || hasFrames)
+        addOffice(document, paper.office, isPaper ? paper.logo : std::optional<Drawing>());
+    if (hasFrames)
+        addFrames(document, paper.texts);
+    return document;
+}
+
 void ExportDialog::followFormat()
 {
+    const QString chosen = suffix();
+    frames_->setEnabled(
+        chosen == QLatin1String("pdf") || chosen == QLatin1String("docx") || chosen == QLatin1String("odt"));
     QString path = file_->text();
     for (const Format& format : formats) {
         const QString end = QLatin1Char('.') + QString::fromUtf16(format.suffix);
@@ -203,7 +242,8 @@ void ExportDialog::browse()
 bool ExportDialog::write(const QString& path)
 {
     ExportRemarks remarks;
-    const Document document = source_.make(isAll());
+    const Document document =
+        documentFor(suffix() != QLatin1String("xlsx") && suffix() != QLatin1String("csv"));
     if (suffix() == QLatin1String("pdf")) {
         PagesProgress progress(this);
         const auto goesOn = [&progress](std::size_t page) { return progress.goesOn(page); };
@@ -239,7 +279,7 @@ bool ExportDialog::write(const QString& path)
 void ExportDialog::accept()
 {
     followFormat();
-    const QString path = QDir::fromNativeSeparators(file_->text().trimmed());
+    const QString path = file();
     const QFileInfo info(path);
     if (info.completeBaseName().isEmpty() || !info.dir().exists()) {
         QMessageBox::warning(this,
@@ -263,6 +303,8 @@ void ExportDialog::accept()
     kept->setValue(QStringLiteral("export/folder"), info.absolutePath());
     kept->setValue(QStringLiteral("export/format"), format_->currentIndex());
     kept->setValue(QStringLiteral("export/opens"), opens_->isChecked());
+    if (frames_->isEnabled())
+        kept->setValue(frameKey(), frames_->isChecked());
     if (opens_->isChecked() && !QDesktopServices::openUrl(QUrl::fromLocalFile(info.absoluteFilePath())))
         QMessageBox::information(this,
             windowTitle(),
@@ -274,7 +316,7 @@ void ExportDialog::print()
 {
     PagesProgress progress(this);
     const std::vector<Drawing> pages =
-        pagesOf(source_.make(isAll()), [&progress](std::size_t page) { return progress.goesOn(page); });
+        pagesOf(documentFor(true), [&progress](std::size_t page) { return progress.goesOn(page); });
     if (!pages.empty())
         printDrawings(this, pages, source_.hatches);
 }
@@ -291,14 +333,20 @@ void exportTable(TableView& table, const QString& title)
     source.make = [&](bool isAll) {
         return tableDocument(tableBlockOf(table, isAll ? all : shown, title), QString());
     };
+    source.isTable = true;
+    if (ITellurixController* controller = controllerOf(&table))
+        source.paper = officePaper(*controller);
     ExportDialog(std::move(source), table.window()).exec();
 }
 
-void exportDocument(QWidget* parent, const Document& document, const Hatches& hatches)
+QString exportDocument(
+    QWidget* parent, ITellurixController& controller, const Document& document, const Hatches& hatches)
 {
     ExportSource source;
+    source.paper = officePaper(controller);
     source.name = QString::fromStdWString(document.title);
     source.make = [&document](bool) { return document; };
     source.hatches = hatches;
-    ExportDialog(std::move(source), parent).exec();
+    ExportDialog dialog(std::move(source), parent);
+    return dialog.exec() == QDialog::Accepted ? dialog.file() : QString();
 }

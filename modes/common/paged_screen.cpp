@@ -1,6 +1,6 @@
 #include "common/paged_screen.h"
 
-#include "common/document_output.h"
+#include "common/export_dialog.h"
 #include "common/page.h"
 #include "common/view_settings.h"
 
@@ -216,7 +216,7 @@ void PagedScreen::printReport()
 
 void PagedScreen::handOver(const Document& document)
 {
-    const QString file = saveDocument(this, document);
+    const QString file = exportDocument(this, *controller(), document);
     if (!file.isEmpty())
         say(QStringLiteral("Отчет записан: %1").arg(file));
 }

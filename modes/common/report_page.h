@@ -19,6 +19,8 @@ public:
     std::optional<Document> report() override { return document_; }
 
 private:
+    Document onPaper(Document document) const;
+
     Make make_;
     QString whenEmpty_;
     std::optional<Document> document_;

@@ -11,10 +11,12 @@
 #include "modules/idb_igk_preset.h"
 #include "modules/idbproject.h"
 #include "modules/isettings.h"
+#include "plots/column_group.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDesktopServices>
 #include <QFormLayout>
 #include <QInputDialog>
 #include <QLabel>
@@ -23,7 +25,9 @@
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QSettings>
+#include <QSignalBlocker>
 #include <QSplitter>
+#include <QUrl>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -41,7 +45,9 @@ IgkScreen::IgkScreen(TX_Modes mode, ITellurixController* controller, QWidget* pa
     , scale_(new QComboBox)
     , sheet_(new QComboBox)
     , landscape_(new QCheckBox(QStringLiteral("Поперёк")))
-    , strip_(new QCheckBox(QStringLiteral("Боковой штамп")))
+    , block_(new QComboBox)
+    , strip_(new QCheckBox(QStringLiteral("Боковой штамп и «Согласовано»")))
+    , several_(new QCheckBox(QStringLiteral("Несколько колонок на листе")))
     , sounding_(new QComboBox)
     , lanes_(new LaneList)
 {
@@ -66,9 +72,9 @@ IgkScreen::IgkScreen(TX_Modes mode, ITellurixController* controller, QWidget* pa
     sounding_->setAccessibleName(QStringLiteral("Зондирование"));
     fillPresets();
     connect(points_, &QListWidget::currentRowChanged, this, [this] { drawChosen(); });
-    for (QComboBox* box : {scale_, sheet_, sounding_})
+    for (QComboBox* box : {scale_, sheet_, block_, sounding_})
         connect(box, qOverload<int>(&QComboBox::activated), this, [this] { drawChosen(); });
-    for (QCheckBox* box : {landscape_, strip_})
+    for (QCheckBox* box : {landscape_, strip_, several_})
         connect(box, &QCheckBox::toggled, this, [this] { drawChosen(); });
     connect(lanes_, &LaneList::lanesChanged, this, &IgkScreen::drawChosen);
     connect(presets_, qOverload<int>(&QComboBox::activated), this, &IgkScreen::choosePreset);
@@ -97,6 +103,11 @@ QWidget* IgkScreen::makeOptions()
     for (const SheetFormat& format : sheetFormats())
         sheet_->addItem(QString::fromWCharArray(format.name).replace(QLatin1Char('x'), QChar(0xD7)),
             QString::fromWCharArray(format.name));
+    block_->addItem(QStringLiteral("основной, форма 3"), static_cast<int>(TitleBlock::Drawing));
+    block_->addItem(QStringLiteral("текстовый, форма 5"), static_cast<int>(TitleBlock::Text));
+    block_->addItem(QStringLiteral("узкий, форма 6"), static_cast<int>(TitleBlock::Following));
+    block_->addItem(QStringLiteral("без штампа"), static_cast<int>(TitleBlock::None));
+    block_->setToolTip(QStringLiteral("На первом листе; на следующих — узкий"));
     auto* panel = new QWidget;
     auto* layout = new QVBoxLayout(panel);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -105,7 +116,12 @@ QWidget* IgkScreen::makeOptions()
     form->addRow(QStringLiteral("Масштаб"), scale_);
     form->addRow(QStringLiteral("Лист"), sheet_);
     form->addRow(QString(), landscape_);
+    form->addRow(QStringLiteral("Штамп"), block_);
     form->addRow(QString(), strip_);
+    several_->setObjectName(QStringLiteral("igk/several"));
+    several_->setToolTip(
+        QStringLiteral("Рядом, сколько задано в настройках и сколько читается на листе этой ширины"));
+    form->addRow(QString(), several_);
     form->addRow(QStringLiteral("Зондирование"), sounding_);
     layout->addLayout(form);
     layout->addWidget(new QLabel(QStringLiteral("Графы")));
@@ -155,8 +171,22 @@ void IgkScreen::choosePreset(int row)
     if (isOwn)
         lanes_->setWidths(own_[name].widths);
     removal_->setEnabled(isOwn);
+    {
+        const QSignalBlocker quiet(several_);
+        several_->setChecked(settings()->isFormColIgk() || presetHasSeveral(name));
+    }
     viewSettings()->setValue(QStringLiteral("igk/preset"), name);
     drawChosen();
+}
+
+// Mode 1 of a preset: columns beside each other.
+bool IgkScreen::presetHasSeveral(const QString& name) const
+{
+    const auto own = own_.find(name);
+    if (own != own_.end())
+        return own->second.preset.mode == 1;
+    IDBIgkPreset* library = controller()->igkPreset();
+    return library && library->isMode1(name.toStdWString());
 }
 
 void IgkScreen::savePreset()
@@ -174,6 +204,7 @@ void IgkScreen::savePreset()
         throw MException(L"Заготовка с этим именем поставляется с программой: выберите другое имя.");
     UserPresets changed = own_;
     changed[name] = {lanes_->preset(), lanes_->lanes()};
+    changed[name].preset.mode = several_->isChecked() ? 1 : 0;
     writeUserPresets(changed);
     own_ = std::move(changed);
     fillPresets();
@@ -241,11 +272,13 @@ std::wstring IgkScreen::chosenPoint() const
 
 ColumnLook IgkScreen::look() const
 {
-    ColumnLook look = columnLookOf(*settings(), project());
+    ColumnLook look = columnLookOf(*controller());
     look.sheet =
         sheetOf(sheetFormat(sheet_->currentData().toString().toStdWString()), landscape_->isChecked());
     look.scale = scale_->currentData().toInt();
     look.lanes = lanes_->lanes();
+    look.firstBlock = static_cast<TitleBlock>(block_->currentData().toInt());
+    look.nextBlock = look.firstBlock == TitleBlock::None ? TitleBlock::None : TitleBlock::Following;
     look.hasSideStrip = strip_->isChecked();
     return look;
 }
@@ -271,17 +304,39 @@ void IgkScreen::drawChosen()
     attempt([&] {
         const Color paper = columnPaper(*settings());
         view_->canvas().setPaper({paper.red, paper.green, paper.blue});
-        const std::wstring sounding = sounding_->currentData().toString().toStdWString();
-        view_->setPages(columnOf(columnData(*project(), point, sounding), look()),
-            hatches_,
-            QStringLiteral("Колонка %1").arg(fromWide(point)));
+        const int row = points_->currentRow();
+        const int count =
+            several_->isChecked() ? columnsOnSheet(look(), settings()->formColNumberColIgk()) : 1;
+        const QString name = count > 1 ? QStringLiteral("Колонки с %1").arg(fromWide(point))
+                                       : QStringLiteral("Колонка %1").arg(fromWide(point));
+        view_->setPages(sheetsOf(row, qMin(count, points_->count() - row), {}), hatches_, name);
     });
+}
+
+std::vector<Drawing> IgkScreen::sheetsOf(
+    int firstRow, int count, const std::function<bool(int done)>& goesOn) const
+{
+    const std::wstring sounding = sounding_->currentData().toString().toStdWString();
+    const ColumnLook wanted = look();
+    const int perSheet = settings()->formColNumberColIgk();
+    const bool isGroup = several_->isChecked() && columnsOnSheet(wanted, perSheet) > 1;
+    std::vector<ColumnData> columns;
+    std::vector<Drawing> sheets;
+    for (int row = firstRow; row < firstRow + count; ++row) {
+        if (goesOn && !goesOn(row))
+            return {};
+        columns.push_back(columnData(*project(), points_->item(row)->text().toStdWString(), sounding));
+        if (isGroup)
+            continue;
+        for (Drawing& sheet : columnOf(columns.back(), wanted))
+            sheets.push_back(std::move(sheet));
+    }
+    return isGroup ? columnsSideBySide(columns, wanted, perSheet) : sheets;
 }
 
 void IgkScreen::drawAllToFile()
 {
-    IDBProject* open = project();
-    if (!open)
+    if (!project())
         return;
     constexpr int appearsAfter = 500; // ms
     QProgressDialog progress(
@@ -289,19 +344,17 @@ void IgkScreen::drawAllToFile()
     progress.setWindowTitle(QStringLiteral("Колонки"));
     progress.setWindowModality(Qt::WindowModal);
     progress.setMinimumDuration(appearsAfter);
-    const std::wstring sounding = sounding_->currentData().toString().toStdWString();
-    std::vector<Drawing> sheets;
-    for (int row = 0; row < points_->count(); ++row) {
-        progress.setValue(row);
-        if (progress.wasCanceled())
-            return;
-        const std::wstring point = points_->item(row)->text().toStdWString();
-        for (Drawing& sheet : columnOf(columnData(*open, point, sounding), look()))
-            sheets.push_back(std::move(sheet));
-    }
+    const std::vector<Drawing> sheets = sheetsOf(0, points_->count(), [&progress](int done) {
+        progress.setValue(done);
+        return !progress.wasCanceled();
+    });
     progress.reset();
-    if (!sheets.empty())
-        saveDrawings(this, sheets, 0, hatches_, QStringLiteral("Колонки"));
+    if (sheets.empty())
+        return;
+    const QString file = saveDrawings(this, sheets, 0, hatches_, QStringLiteral("Колонки"));
+    // The file stays open for the user unless he has it closed.
+    if (!file.isEmpty() && !settings()->isCloseFileIgk())
+        QDesktopServices::openUrl(QUrl::fromLocalFile(file));
 }
 
 void IgkScreen::tellLayer(qint64 id)

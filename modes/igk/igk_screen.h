@@ -4,6 +4,8 @@
 #include "drawing/hatch.h"
 #include "igk/user_presets.h"
 
+#include <functional>
+
 class DrawingView;
 class LaneList;
 class QCheckBox;
@@ -37,6 +39,9 @@ private:
     void drawChosen();
     void drawAllToFile();
     ColumnLook look() const;
+    bool presetHasSeveral(const QString& name) const;
+    // Points from the chosen one on, or all; as many beside each other as the settings say.
+    std::vector<Drawing> sheetsOf(int firstRow, int count, const std::function<bool(int done)>& goesOn) const;
     std::wstring chosenPoint() const;
     void tellLayer(qint64 id);
 
@@ -49,7 +54,9 @@ private:
     QComboBox* scale_;
     QComboBox* sheet_;
     QCheckBox* landscape_;
+    QComboBox* block_;
     QCheckBox* strip_;
+    QCheckBox* several_;
     QComboBox* sounding_;
     LaneList* lanes_;
     bool isReading_ = false;

@@ -30,7 +30,12 @@ UserPresets readUserPresets()
     const QJsonObject all = document.object();
     for (auto named = all.begin(); named != all.end(); ++named) {
         UserPreset preset;
-        for (const QJsonValue& value : named.value().toArray()) {
+        // Those of earlier versions are lists of columns alone.
+        const QJsonObject whole = named.value().toObject();
+        preset.preset.mode = whole.value(QStringLiteral("several")).toBool() ? 1 : 0;
+        const QJsonArray columns = named.value().isArray() ? named.value().toArray()
+                                                           : whole.value(QStringLiteral("columns")).toArray();
+        for (const QJsonValue& value : columns) {
             const QJsonObject lane = value.toObject();
             const int column = lane.value(QStringLiteral("column")).toInt();
             const bool isTurned = lane.value(QStringLiteral("turned")).toBool();
@@ -58,7 +63,9 @@ void writeUserPresets(const UserPresets& presets)
                 {QStringLiteral("turned"), item.flagB},
                 {QStringLiteral("width"), width}});
         }
-        all.insert(name, lanes);
+        all.insert(name,
+            QJsonObject{
+                {QStringLiteral("several"), preset.preset.mode == 1}, {QStringLiteral("columns"), lanes}});
     }
     const QByteArray text = QJsonDocument(all).toJson();
     const auto* begin = reinterpret_cast<const std::uint8_t*>(text.constData());

@@ -1,6 +1,6 @@
 #include "laboratory/register_page.h"
 
-#include "common/document_output.h"
+#include "common/export_dialog.h"
 #include "common/edit_grid.h"
 #include "common/mode_screen.h"
 #include "db/exact_key.h"
@@ -140,7 +140,7 @@ RegisterPage::RegisterPage(ModeScreen& screen)
         [](RegisterPage& page) {
             page.closeEditors();
             if (const std::optional<Document> document = page.report())
-                saveDocument(&page, *document);
+                exportDocument(&page, *page.screen_.controller(), *document);
         });
     addButton(QStringLiteral("Новая проба"), QStringLiteral("Ins"), [](RegisterPage& page) {
         page.closeEditors();

@@ -1,6 +1,6 @@
 #include "laboratory/test_page.h"
 
-#include "common/document_output.h"
+#include "common/export_dialog.h"
 #include "common/drawing_view.h"
 #include "common/edit_grid.h"
 #include "common/mode_screen.h"
@@ -166,7 +166,7 @@ void TestPage::makeBar(QVBoxLayout* layout)
             screen_.attempt([this] {
                 closeEditors();
                 if (const std::optional<Document> document = report())
-                    saveDocument(this, *document);
+                    exportDocument(this, *screen_.controller(), *document);
             });
         });
         bar->addWidget(passports);

@@ -461,6 +461,5 @@ void ListCoords::printRegister()
     IDBProject* project = controller_->project();
     if (!project)
         return;
-    const Office office = readOffice(officePath(QCoreApplication::applicationDirPath().toStdWString()));
-    exportDocument(window(), coordinatesReport(*project, office));
+    exportDocument(window(), *controller_, coordinatesReport(*project));
 }

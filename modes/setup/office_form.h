@@ -6,6 +6,8 @@
 
 #include <vector>
 
+class LogoEdit;
+class QCheckBox;
 class QComboBox;
 class QFormLayout;
 class QLineEdit;
@@ -28,13 +30,21 @@ private:
 
     QLineEdit* addText(QFormLayout* form, const QString& label, const char* name, const QString& tip);
     QWidget* makePeople(QWidget* parent);
+    QWidget* makeAgreed(QWidget* parent);
+    static std::vector<Office::Person> peopleOf(const std::vector<PersonRow>& rows);
+    static void showPeople(const std::vector<PersonRow>& rows, const std::vector<Office::Person>& people);
 
     QLineEdit* company_;
     QLineEdit* city_;
+    LogoEdit* logo_;
     QComboBox* stage_;
+    QLineEdit* date_;
     std::vector<PersonRow> people_;
+    std::vector<PersonRow> agreed_;
     QComboBox* signatures_;
+    QCheckBox* hasFrame_;
 };
 
-// The file of the program that runs.
+// Of the program that runs, and the user's file in it.
+std::wstring programFolder();
 std::wstring ownOfficePath();

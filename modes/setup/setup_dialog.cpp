@@ -1,5 +1,6 @@
 #include "setup/setup_dialog.h"
 
+#include "common/office_paper.h"
 #include "modules/isettings.h"
 #include "modules/itellurix_controller.h"
 #include "platform/files.h"
@@ -76,8 +77,17 @@ QWidget* SetupDialog::makePage(const SettingPage& page)
         editors_.push_back(std::move(editor));
     }
     if (page.title == officePage) {
+        if (isOfficeOfProject(programFolder(), openProjectFolder(*controller_))) {
+            auto* note = new QLabel(
+                QStringLiteral("Показаны сведения, приложенные к открытому проекту. Измените их — и они "
+                               "станут вашими для всех проектов."),
+                content);
+            note->setWordWrap(true);
+            form->insertRow(0, note);
+        }
         office_ = new OfficeForm(form, content);
-        office_->show(readOffice(ownOfficePath()));
+        office_->show(officeInForce(programFolder(), openProjectFolder(*controller_)));
+        shownOffice_ = office_->office();
         for (QComboBox* box : content->findChildren<QComboBox*>())
             box->installEventFilter(this);
     }
@@ -141,10 +151,10 @@ bool SetupDialog::makeProjectsFolder()
 
 bool SetupDialog::storeOffice()
 {
-    Office after = office_->office();
-    const Office before = readOffice(ownOfficePath());
-    after.logo = before.logo;
-    after.hasFrame = before.hasFrame;
+    // What came with a project does not become the user's own by a look at it.
+    const Office after = office_->office();
+    if (after == shownOffice_)
+        return true;
     const FileResult written = writeOffice(ownOfficePath(), after);
     if (written)
         return true;

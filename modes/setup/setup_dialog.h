@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/office.h"
 #include "setup/setting_editor.h"
 
 #include <QDialog>
@@ -34,6 +35,7 @@ private:
     ITellurixController* controller_;
     std::vector<SettingEditor> editors_;
     OfficeForm* office_ = nullptr; // owned by its page
+    Office shownOffice_;
     QListWidget* list_;
     QStackedWidget* pages_;
 };

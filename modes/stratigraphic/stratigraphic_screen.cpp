@@ -211,7 +211,7 @@ void StratigraphicScreen::drawColumn()
     }
     drawn.depth = top;
     attempt([&] {
-        ColumnLook look = columnLookOf(*settings(), nullptr);
+        ColumnLook look = columnLookOf(*controller());
         look.heading = column_.title.isEmpty() ? L"Стратиграфическая колонка" : column_.title.toStdWString();
         look.lanes = {{column_lane::Index, true, 16},
             {column_lane::Strip, false, 30},

@@ -69,7 +69,7 @@ void ElementColumnScreen::drawElements()
     }
     attempt([&] {
         const bool isUkrainian = settings()->reportLanguage() == languageUkrainian;
-        ColumnLook look = columnLookOf(*settings(), project());
+        ColumnLook look = columnLookOf(*controller());
         look.sheet = sheetOf(sheetFormat(sheet_->currentText().toStdWString()), false);
         look.heading = isUkrainian ? L"Зведена колонка інженерно-геологічних елементів"
                                    : L"Сводная колонка инженерно-геологических элементов";

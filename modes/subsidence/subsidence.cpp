@@ -50,10 +50,8 @@ public:
         : PagedScreen(mode, controller, QStringLiteral("subsidence"))
     {
         const auto make = [controller](IDBProject& project) -> std::optional<Document> {
-            const Office office =
-                readOffice(officePath(QCoreApplication::applicationDirPath().toStdWString()));
             Document document =
-                subsidenceReport(project, office, knownLanguage(controller->settings()->reportLanguage()));
+                subsidenceReport(project, knownLanguage(controller->settings()->reportLanguage()));
             if (document.blocks.empty())
                 return std::nullopt;
             return document;

@@ -4,6 +4,7 @@
 #include "document/docx_styles.h"
 #include "document/emf.h"
 #include "document/office_package.h"
+#include "document/page_frame.h"
 #include "document/table_grid.h"
 
 #include <algorithm>
@@ -28,8 +29,6 @@ std::string spaces()
     return "xmlns:w=\"" + std::string(wordSpace) + "\" xmlns:r=\"" + relationSpace
         + R"(" xmlns:wp="http://schemas.openxmlformats.org/drawingml/2006/wordprocessingDrawing")"
           R"( xmlns:a="http://schemas.openxmlformats.org/drawingml/2006/main")"
-          R"( xmlns:mc="http://schemas.openxmlformats.org/markup-compatibility/2006")"
-          R"( xmlns:wps="http://schemas.microsoft.com/office/word/2010/wordprocessingShape")"
           R"( xmlns:pic="http://schemas.openxmlformats.org/drawingml/2006/picture")";
 }
 
@@ -293,27 +292,18 @@ private:
             + graphic(id, page_.width, page_.height) + "</wp:anchor></w:drawing></w:r>";
     }
 
-    // A number in a box of its own at a place of the page, of which the middle is told from the lower right.
-    std::string placedBox(const std::string& text, const Spot& at, double wide)
+    // A number in a frame of its own at a place of the page, of which the middle is told from the lower
+    // right. Boxes of the newer kind end up in the corner of the page in one processor.
+    std::string placedNumber(const char* code, const Spot& at) const
     {
+        constexpr double wide = 12;
         constexpr double high = 5;
-        const std::string extent = "cx=\"" + emus(wide) + "\" cy=\"" + emus(high) + "\"";
-        const std::string number = std::to_string(1000 + ++boxes_);
-        return R"(<w:r><mc:AlternateContent><mc:Choice Requires="wps"><w:drawing><wp:anchor distT="0" distB="0" distL="0")"
-               R"( distR="0" simplePos="0" relativeHeight="2" behindDoc="1" locked="0" layoutInCell="1" allowOverlap="1">)"
-               R"(<wp:simplePos x="0" y="0"/><wp:positionH relativeFrom="page"><wp:posOffset>)"
-            + emus(page_.width - at.x - wide / 2)
-            + R"(</wp:posOffset></wp:positionH><wp:positionV relativeFrom="page"><wp:posOffset>)"
-            + emus(page_.height - at.y - high + 1.2) + "</wp:posOffset></wp:positionV><wp:extent " + extent
-            + "/><wp:wrapNone/><wp:docPr id=\"" + number + "\" name=\"Номер " + number
-            + R"("/><a:graphic><a:graphicData uri="http://schemas.microsoft.com/office/word/2010/wordprocessingShape"><wps:wsp>)"
-              R"(<wps:cNvSpPr txBox="1"/><wps:spPr><a:xfrm><a:off x="0" y="0"/><a:ext )"
-            + extent
-            + R"(/></a:xfrm><a:prstGeom prst="rect"><a:avLst/></a:prstGeom><a:noFill/><a:ln><a:noFill/></a:ln></wps:spPr>)"
-              R"(<wps:txbx><w:txbxContent><w:p><w:pPr><w:pStyle w:val="Header"/><w:tabs>)"
-            + text
-            + R"(</w:p></w:txbxContent></wps:txbx><wps:bodyPr lIns="0" tIns="0" rIns="0" bIns="0"/></wps:wsp></a:graphicData>)"
-              R"(</a:graphic></wp:anchor></w:drawing></mc:Choice></mc:AlternateContent></w:r>)";
+        constexpr double belowBaseLine = 1.2;
+        return R"(<w:p><w:pPr><w:pStyle w:val="Header"/><w:framePr w:w=")" + twips(wide) + "\" w:h=\""
+            + twips(high) + R"(" w:hRule="exact" w:wrap="around" w:vAnchor="page" w:hAnchor="page" w:x=")"
+            + twips(page_.width - at.x - wide / 2) + "\" w:y=\""
+            + twips(page_.height - at.y - high + belowBaseLine) + R"("/><w:jc w:val="center"/></w:pPr>)"
+            + field(code) + "</w:p>";
     }
 
     // A header with the frame of the first page, or of the next ones; answers its id.
@@ -323,18 +313,11 @@ private:
         const std::string relations = "_rels/" + name + ".rels";
         const std::string picture = addPicture(document_.frame.draw(page_, isFirst ? 1 : 2, 0));
         std::string text = std::string(xmlDeclaration) + "<w:hdr " + spaces() + ">";
-        text += R"(<w:p><w:pPr><w:pStyle w:val="Header"/></w:pPr>)" + framePicture("rId1");
-        // One box for both numbers: of two, one processor puts the second into the corner of the page.
         const PageFrame& frame = document_.frame;
-        constexpr double wide = 12;
-        const Spot& spot = isFirst ? frame.firstNumber : frame.number;
-        const double apart = isFirst ? std::max(0.0, spot.x - frame.firstCount.x) : 0;
-        const auto stop = [](double mm) { return "<w:tab w:val=\"center\" w:pos=\"" + twips(mm) + "\"/>"; };
-        const std::string tab = "<w:r><w:tab/></w:r>";
-        text += placedBox(stop(wide / 2) + (apart > 0 ? stop(wide / 2 + apart) : "") + "</w:tabs></w:pPr>"
-                + tab + field("PAGE") + (apart > 0 ? tab + field("NUMPAGES") : ""),
-            {spot.x - apart / 2, spot.y},
-            wide + apart);
+        text += placedNumber("PAGE", isFirst ? frame.firstNumber : frame.number);
+        if (isFirst)
+            text += placedNumber("NUMPAGES", frame.firstCount);
+        text += R"(<w:p><w:pPr><w:pStyle w:val="Header"/></w:pPr>)" + framePicture("rId1");
         text += "</w:p></w:hdr>";
         parts_.emplace_back(name, text);
         parts_.emplace_back(relations,
@@ -342,6 +325,22 @@ private:
                 + R"(<Relationships xmlns="http://schemas.openxmlformats.org/package/2006/relationships"><Relationship Id="rId1" Type=")"
                 + relationSpace + "/image\" Target=\"" + picture + "\"/></Relationships>");
         return package_.addPart(name, type("header+xml"), "header");
+    }
+
+    // Nothing but height, which moves the texts of the first page up above its stamp.
+    template <class Reference>
+    std::string firstFoot(const Reference& reference)
+    {
+        constexpr double airAbove = 4; // mm
+        const double stamp = stampHeight(document_.frame, page_, 1) + airAbove;
+        if (stamp <= page_.bottom)
+            return {};
+        const std::string name = "footer" + std::to_string(++foots_) + ".xml";
+        parts_.emplace_back(name,
+            std::string(xmlDeclaration) + "<w:ftr " + spaces()
+                + R"(><w:p><w:pPr><w:pStyle w:val="Footer"/><w:spacing w:before="0" w:after="0" w:line=")"
+                + twips(stamp - page_.bottom / 2) + R"(" w:lineRule="exact"/></w:pPr></w:p></w:ftr>)");
+        return reference("footer", "first", package_.addPart(name, type("footer+xml"), "footer"));
     }
 
     std::string headsAndFoots()
@@ -352,7 +351,7 @@ private:
         if (document_.frame.draw) {
             if (isFirstSection_)
                 return reference("header", "first", addFrame(true))
-                    + reference("header", "default", addFrame(false));
+                    + reference("header", "default", addFrame(false)) + firstFoot(reference);
             return reference("header", "default", addFrame(false));
         }
         std::string text;
@@ -401,7 +400,6 @@ private:
     std::string headId_;
     int pictures_ = 0;
     int frames_ = 0;
-    int boxes_ = 0;
     int foots_ = 0;
     int lists_ = 1;
     bool inNumberedList_ = false;

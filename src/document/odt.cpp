@@ -3,6 +3,7 @@
 #include "document/column_widths.h"
 #include "document/odt_styles.h"
 #include "document/office_package.h"
+#include "document/page_frame.h"
 #include "document/table_grid.h"
 #include "document/zip_archive.h"
 #include "drawing/svg.h"
@@ -144,7 +145,10 @@ private:
     {
         if (document_.frame.draw) {
             const std::string next = masterOf(page_);
-            pages_.push_back({"First", page_, next, framePicture(true), false});
+            constexpr double airAbove = 4; // mm
+            PageFormat first = page_;
+            first.bottom = std::max(first.bottom, stampHeight(document_.frame, page_, 1) + airAbove);
+            pages_.push_back({"First", first, next, framePicture(true), false});
             master_ = "First";
         } else {
             master_ = masterOf(page_);

@@ -12,6 +12,8 @@ namespace
 {
 
 constexpr std::size_t mostPeople = 6;
+constexpr std::size_t mostAgreed = 2;
+constexpr const wchar_t* projectOfficeName = L"office.ini";
 
 // Texts by their keys in the file.
 struct TextKey {
@@ -23,6 +25,7 @@ constexpr TextKey textKeys[] = {
     {L"city", &Office::city},
     {L"stage", &Office::stage},
     {L"logo", &Office::logo},
+    {L"date", &Office::date},
 };
 
 // A value keeps to its line.
@@ -57,8 +60,24 @@ void readLine(Office& office, std::wstring_view line)
         office.hasFrame = *number != 0;
     // "person=role|name"
     const std::size_t bar = value.find(L'|');
-    if (key == L"person" && bar != std::wstring_view::npos && office.people.size() < mostPeople)
-        office.people.push_back({std::wstring(value.substr(0, bar)), std::wstring(value.substr(bar + 1))});
+    if (bar == std::wstring_view::npos)
+        return;
+    const Office::Person person{std::wstring(value.substr(0, bar)), std::wstring(value.substr(bar + 1))};
+    if (key == L"person" && office.people.size() < mostPeople)
+        office.people.push_back(person);
+    if (key == L"agreed" && office.agreed.size() < mostAgreed)
+        office.agreed.push_back(person);
+}
+
+std::wstring folderOf(const std::wstring& path)
+{
+    const std::size_t end = path.find_last_of(L"\\/");
+    return end == std::wstring::npos ? std::wstring() : path.substr(0, end + 1);
+}
+
+std::wstring projectOfficePath(const std::wstring& projectFolder)
+{
+    return projectFolder + L"/" + projectOfficeName;
 }
 
 } // namespace
@@ -98,7 +117,22 @@ Office readOffice(const std::wstring& path)
     }
     if (office.people.empty())
         office.people = emptyOffice().people;
+    // A name alone goes with its folder from place to place.
+    if (!office.logo.empty() && folderOf(office.logo).empty())
+        office.logo = folderOf(path) + office.logo;
     return office;
+}
+
+bool isOfficeOfProject(const std::wstring& programFolder, const std::wstring& projectFolder)
+{
+    return !projectFolder.empty() && !fileExists(officePath(programFolder))
+        && fileExists(projectOfficePath(projectFolder));
+}
+
+Office officeInForce(const std::wstring& programFolder, const std::wstring& projectFolder)
+{
+    return readOffice(isOfficeOfProject(programFolder, projectFolder) ? projectOfficePath(projectFolder)
+                                                                      : officePath(programFolder));
 }
 
 FileResult writeOffice(const std::wstring& path, const Office& office)
@@ -108,11 +142,15 @@ FileResult writeOffice(const std::wstring& path, const Office& office)
         text += std::wstring(key.key) + L"=" + oneLine(office.*key.text) + L"\n";
     text += L"signatures=" + std::to_wstring(static_cast<int>(office.signatures)) + L"\n";
     text += std::wstring(L"frame=") + (office.hasFrame ? L"1" : L"0") + L"\n";
-    for (std::size_t i = 0; i < std::min(mostPeople, office.people.size()); ++i) {
-        std::wstring role = oneLine(office.people[i].role);
-        std::replace(role.begin(), role.end(), L'|', L'/');
-        text += L"person=" + role + L"|" + oneLine(office.people[i].name) + L"\n";
-    }
+    const auto addPeople = [&text](const wchar_t* key, const std::vector<Office::Person>& people) {
+        for (const Office::Person& person : people) {
+            std::wstring role = oneLine(person.role);
+            std::replace(role.begin(), role.end(), L'|', L'/');
+            text += key + role + L"|" + oneLine(person.name) + L"\n";
+        }
+    };
+    addPeople(L"person=", office.people);
+    addPeople(L"agreed=", office.agreed);
     const std::string bytes = toUtf8(text);
     return replaceFile(path, {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
 }

@@ -2,6 +2,7 @@
 
 #include "document/column_widths.h"
 #include "document/office_text.h"
+#include "document/page_frame.h"
 #include "document/set_lines.h"
 #include "document/table_grid.h"
 #include "drawing/text_layout.h"
@@ -46,6 +47,7 @@ public:
         : document_(document)
         , goesOn_(goesOn)
         , format_(document.page)
+        , firstStamp_(stampHeight(document.frame, document.page, 1))
     {
     }
 
@@ -67,7 +69,12 @@ public:
 private:
     double left() const { return format_.left; }
     double room() const { return std::max(20.0, format_.width - format_.left - format_.right); }
-    double bottom() const { return format_.height - format_.bottom; }
+    double bottom() const
+    {
+        const bool hasStamp = pages_.size() <= 1 && firstStamp_ > 0;
+        return format_.height
+            - (hasStamp ? std::max(format_.bottom, firstStamp_ + airAbove) : format_.bottom);
+    }
     double high() const { return std::max(20.0, bottom() - format_.top); }
 
     void turn()
@@ -486,7 +493,9 @@ private:
 
     const Document& document_;
     const std::function<bool(std::size_t)>& goesOn_;
+    static constexpr double airAbove = 4; // mm between texts and the stamp of the first page
     PageFormat format_;
+    double firstStamp_; // mm from below
     std::vector<Drawing> pages_;
     std::vector<PageFormat> formats_;
     std::vector<double> widths_; // of the table in work

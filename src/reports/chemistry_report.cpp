@@ -2,7 +2,6 @@
 
 #include "modules/idbproject.h"
 #include "plots/piper.h"
-#include "reports/signatures.h"
 #include "site/chemistry.h"
 
 #include <algorithm>
@@ -273,13 +272,11 @@ void addWaters(Document& document, const std::vector<Water>& waters)
 
 } // namespace
 
-Document chemistryReport(IDBProject& project, const AggressivenessLimits& limits, const Office& office)
+Document chemistryReport(IDBProject& project, const AggressivenessLimits& limits)
 {
     Document document;
     document.title = L"Химический состав и агрессивность воды и грунтов";
-    document.author = office.company;
     document.header = project.getProjectCode();
-    document.footer = office.company;
     document.page = {297, 210, 20, 15, 10, 15};
     document.blocks.emplace_back(Heading{document.title, 1});
     if (!project.getProjectName().empty())
@@ -304,6 +301,5 @@ Document chemistryReport(IDBProject& project, const AggressivenessLimits& limits
                 + L" мм. В скобках показатель, по которому принята степень. Пределы взяты из вторых рук: "
                   L"перед выпуском сверьте их с "
                   L"действующей редакцией СП 28.13330."));
-    addSignatures(document, office);
     return document;
 }

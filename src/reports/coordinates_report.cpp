@@ -1,7 +1,6 @@
 #include "reports/coordinates_report.h"
 
 #include "modules/idbproject.h"
-#include "reports/signatures.h"
 #include "site/by_point.h"
 #include "site/points.h"
 
@@ -49,13 +48,11 @@ std::unordered_map<std::wstring_view, std::wstring_view> depthsOf(IDBProject& pr
 
 } // namespace
 
-Document coordinatesReport(IDBProject& project, const Office& office)
+Document coordinatesReport(IDBProject& project)
 {
     Document document;
     document.title = L"Ведомость координат и высот точек изысканий";
-    document.author = office.company;
     document.header = project.getProjectCode();
-    document.footer = office.company;
     document.blocks.emplace_back(Heading{document.title, 1});
     if (!project.getProjectName().empty())
         document.blocks.emplace_back(Paragraph{{{L"Объект: " + project.getProjectName()}}});
@@ -94,6 +91,5 @@ Document coordinatesReport(IDBProject& project, const Office& office)
             textCell(row.text6)});
     }
     document.blocks.emplace_back(std::move(table));
-    addSignatures(document, office);
     return document;
 }

@@ -2,7 +2,6 @@
 
 #include "modules/idbproject.h"
 #include "plots/subsidence_picture.h"
-#include "reports/signatures.h"
 #include "site/subsidence.h"
 
 #include <algorithm>
@@ -125,13 +124,11 @@ void addPoint(Document& document, const SubsidencePoint& point)
 
 } // namespace
 
-Document subsidenceReport(IDBProject& project, const Office& office, int language)
+Document subsidenceReport(IDBProject& project, int language)
 {
     Document document;
     document.title = L"Просадочность грунтов";
-    document.author = office.company;
     document.header = project.getProjectCode();
-    document.footer = office.company;
     const SiteLaboratory laboratory(project, language);
     const std::vector<SubsidencePoint> points = subsidencePoints(project, laboratory);
     if (points.empty())
@@ -148,6 +145,5 @@ Document subsidenceReport(IDBProject& project, const Office& office, int languag
     document.blocks.emplace_back(std::move(note));
     for (const SubsidencePoint& point : points)
         addPoint(document, point);
-    addSignatures(document, office);
     return document;
 }

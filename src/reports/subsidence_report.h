@@ -1,10 +1,9 @@
 #pragma once
 
 #include "document/document.h"
-#include "document/office.h"
 
 class IDBProject;
 
 // Subsidence of the site by own weight: a summary of all points with collapse tests, then for each point all
 // steps in a table that a person can check, and its picture. Nothing in it where no point has a test.
-Document subsidenceReport(IDBProject& project, const Office& office, int language);
+Document subsidenceReport(IDBProject& project, int language);

@@ -90,6 +90,35 @@ TEST(Office, ComesBackAsItWasWritten)
     EXPECT_EQ(read.people[1].name, L"Петров");
 }
 
+TEST(Office, OfTheProjectHoldsUntilTheUserHasHisOwn)
+{
+    const TemporaryFolder program;
+    const TemporaryFolder project;
+    const std::wstring own = officePath(program.file(L"."));
+    const std::wstring place = program.file(L".");
+    const std::wstring brought = project.file(L".");
+    EXPECT_EQ(officeInForce(place, brought).company, L"");
+    EXPECT_FALSE(isOfficeOfProject(place, brought));
+    writeOfficeFile(project.file(L"office.ini"),
+        "company=Пример\nlogo=logo.png\nagreed=ГИП|Савин\nagreed=a|b\nagreed=c|d\n");
+    writeOfficeFile(project.file(L"logo.png"), "picture");
+    EXPECT_TRUE(isOfficeOfProject(place, brought));
+    const Office example = officeInForce(place, brought);
+    EXPECT_EQ(example.company, L"Пример");
+    EXPECT_EQ(example.agreed.size(), 2U);
+    EXPECT_EQ(contentOf(example.logo), "picture");
+    EXPECT_EQ(officeInForce(place, {}).company, L"");
+    Office mine;
+    mine.company = L"Свои";
+    mine.date = L"01.02.26";
+    mine.logo = example.logo;
+    mine.agreed = example.agreed;
+    ASSERT_TRUE(writeOffice(own, mine));
+    mine.people = emptyOffice().people;
+    EXPECT_EQ(officeInForce(place, brought), mine);
+    EXPECT_FALSE(isOfficeOfProject(place, brought));
+}
+
 TEST(Office, DamagedFileGivesTheUsualRoles)
 {
     const TemporaryFolder folder;

@@ -251,6 +251,23 @@ TEST(Odt, HasTypeFirstAndKnowsItsStyles)
     }
 }
 
+// A text processor knows no limit of a cell.
+TEST(OfficeFiles, KeepEveryLetterThatXmlCanHold)
+{
+    const Document document = sampleDocument();
+    const Parts docx = partsOf(toDocx(document));
+    const Parts odt = partsOf(toOdt(document));
+    for (const auto& [parts, name] : {std::pair{docx, "word/document.xml"}, std::pair{odt, "content.xml"}}) {
+        const std::wstring text = fromUtf8(textOf(xmlOf(parts, name))).value();
+        EXPECT_GE(std::count(text.begin(), text.end(), L'я'), 40000) << name;
+        EXPECT_NE(text.find(L"\U0001F30D"), std::wstring::npos) << name;
+        EXPECT_NE(text.find(L"=cmd|' /C calc'!A0"), std::wstring::npos) << name;
+        EXPECT_TRUE(std::none_of(text.begin(), text.end(), [](wchar_t letter) {
+            return letter < L' ' && letter != L'\n' && letter != L'\t';
+        })) << name;
+    }
+}
+
 TEST(Html, EscapesAndPairs)
 {
     const std::string html = toHtml(sampleDocument());

@@ -48,7 +48,7 @@ TEST(ChemistryReport, ShowsTheWorkedWaterInThreeUnitsAndAsFormula)
 {
     DBProject project;
     project.addChemistry({L"Скв-1", L"3.5"}, worked());
-    const Document document = chemistryReport(project, AggressivenessLimits::ofProgram(), emptyOffice());
+    const Document document = chemistryReport(project, AggressivenessLimits::ofProgram());
     const auto tables = tablesOf(document);
     ASSERT_EQ(tables.size(), 3U); // analyses, formulas, aggressiveness of water; no soil
     const TableRows& rows = tables[0]->rows;
@@ -77,7 +77,7 @@ TEST(ChemistryReport, SoilsStandApart)
     soil.cells[CellSoilCl] = L"100";
     soil.cells[CellKind] = L"грунт";
     project.addChemistry({L"Скв-2", L"1.0"}, soil);
-    const Document document = chemistryReport(project, AggressivenessLimits::ofProgram(), emptyOffice());
+    const Document document = chemistryReport(project, AggressivenessLimits::ofProgram());
     const auto tables = tablesOf(document);
     ASSERT_EQ(tables.size(), 1U);
     EXPECT_EQ(tables[0]->title, L"Агрессивность грунтов");

@@ -1,5 +1,6 @@
 #include "db/db_project.h"
 #include "reports/coordinates_report.h"
+#include "reports/office_pages.h"
 
 #include <gtest/gtest.h>
 
@@ -22,7 +23,8 @@ TEST(CoordinatesReport, ListsPointsWithDepthsAndSignatures)
     office.people = {{L"Выполнил", L"Иванов"}, {L"Проверил", L""}};
     office.signatures = Office::BelowTables;
 
-    const Document document = coordinatesReport(project, office);
+    Document document = coordinatesReport(project);
+    addOffice(document, office);
     EXPECT_EQ(document.footer, L"ООО «Грунт»");
     const TableBlock* table = nullptr;
     std::vector<std::wstring> paragraphs;
