@@ -131,3 +131,71 @@ TEST(Rock, ABadTextLeavesEarlierGradesNewAndLaterOnesOld)
     EXPECT_EQ(soils.softeningGrade(), L"неразмягчаемый");
     EXPECT_EQ(soils.permeabilityGrade(), L"водопроницаемый");
 }
+
+// By the one whose text is bad: what comes before it is graded anew, what comes behind keeps its grade.
+TEST(Rock, GradesInItsOrder)
+{
+    using Result = const std::wstring& (GroundController::*)();
+    struct Step {
+        std::size_t argument;
+        Result result;
+    };
+    const Step order[] = {{2, &GroundController::strengthGrade},
+        {0, &GroundController::densityGrade},
+        {3, &GroundController::weatheringGrade},
+        {4, &GroundController::softeningGrade},
+        {5, &GroundController::solubilityGrade},
+        {1, &GroundController::permeabilityGrade},
+        {6, &GroundController::salinityGrade}};
+    Soils soils;
+    const auto determine = [&soils](const std::array<std::wstring, 7>& t) {
+        soils.determineRockGrades(t[0], t[1], t[2], t[3], t[4], t[5], t[6]);
+    };
+    for (std::size_t bad = 0; bad < std::size(order); ++bad) {
+        std::array<std::wstring, 7> texts;
+        texts.fill(L"0.5");
+        determine(texts);
+        std::array<std::wstring, 7> old;
+        for (std::size_t i = 0; i < std::size(order); ++i)
+            old[i] = (soils.*order[i].result)();
+        texts.fill(L""); // undetermined
+        texts[order[bad].argument] = L"?";
+        EXPECT_EQ(failureOf([&] { determine(texts); }), "invalid stof argument");
+        for (std::size_t i = 0; i < std::size(order); ++i)
+            EXPECT_EQ((soils.*order[i].result)(), i <= bad ? none : old[i]) << bad << ", " << i;
+    }
+}
+
+// Every text before anything was determined, in the language that was spoken then.
+TEST(Classification, BeginsUndetermined)
+{
+    for (const auto& [language, wanted] : {std::pair{0, L"Не определен"}, std::pair{1, L"Не визначений"}}) {
+        PlainSettings settings;
+        settings.setReportLanguage(language);
+        class Fresh : public GroundController
+        {
+        public:
+            explicit Fresh(PlainSettings& spoken)
+                : GroundController(&spoken, nullptr)
+            {
+            }
+        } fresh(settings);
+        for (const auto result : {&GroundController::soilName,
+                 &GroundController::consistencyName,
+                 &GroundController::groupName,
+                 &GroundController::densityGrade,
+                 &GroundController::permeabilityGrade,
+                 &GroundController::strengthGrade,
+                 &GroundController::weatheringGrade,
+                 &GroundController::softeningGrade,
+                 &GroundController::solubilityGrade,
+                 &GroundController::salinityGrade,
+                 &GroundController::consistencyNameAgain,
+                 &GroundController::frozenStateName})
+            EXPECT_EQ((fresh.*result)(), wanted);
+        EXPECT_EQ(fresh.elementValue(), 0);
+        std::int32_t value = -7;
+        fresh.setElementValue(value);
+        EXPECT_EQ(fresh.elementValue(), -7);
+    }
+}

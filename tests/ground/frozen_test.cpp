@@ -63,6 +63,13 @@ TEST(FrozenSoil, StateByGroup)
         {{2, 3, 4, 5, 6, 7}, {L"-2", L"-2", L"", L"0.16", L"0.2"}, none},
         {{2, 3, 4, 5, 6, 7}, {L"", L"0", L"", L"", L""}, none},
         {{8, 9}, {L"плохо", L"плохо", L"", L"", L""}, none},
+        // Just beside what is asked of compressibility and filling.
+        {{1}, {L"-1", L"-2", L"", L"1", textOf(justAbove(0.1F))}, none},
+        {{2}, {L"-2", L"-1", L"-0.5", L"0.5", textOf(justAbove(0.1F))}, plastic},
+        {{3}, {L"-0.1", L"-2", L"", L"1", L"0.1"}, hard},
+        {{3}, {L"-0.1", L"-2", L"", L"1", textOf(justAbove(0.1F))}, none},
+        {{2, 3, 4}, {L"-2", L"-1", L"-0.5", textOf(justBelow(0.8F)), L"0.2"}, plastic},
+        {{2, 3, 4, 5, 6, 7}, {L"-2", L"-2", L"", textOf(justAbove(0.15F)), L"0.2"}, none},
     };
     Soils soils;
     for (const Row& row : rows)

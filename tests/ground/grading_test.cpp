@@ -70,6 +70,65 @@ TEST(Grading, ClassesOfTheScale200)
     }
 }
 
+TEST(Grading, ClassChangesJustBesideItsPercentage)
+{
+    struct Row {
+        std::size_t rank; // of the only fraction that is there
+        float bound;
+        int below, at, above;
+    };
+    const Row rows[] = {{1, 50, 0, 0, 1},
+        {6, 50, 0, 0, 2},
+        {8, 50, 4, 4, 3},
+        {8, 25, 0, 0, 4},
+        {10, 50, 0, 0, 5},
+        {11, 50, 0, 0, 6},
+        {12, 75, 8, 7, 7},
+        {12, 0.00001F, 0, 0, 8}};
+    Soils soils;
+    for (const Row& row : rows) {
+        const auto classAt = [&](float percentage) {
+            std::vector<std::wstring> texts(row.rank, L"0");
+            texts.back() = textOf(percentage);
+            return soils.determineSand(ranked(texts, 1)) + 4;
+        };
+        EXPECT_EQ(classAt(justBelow(row.bound)), row.below) << row.rank << ", below " << row.bound;
+        EXPECT_EQ(classAt(row.bound), row.at) << row.rank << ", at " << row.bound;
+        EXPECT_EQ(classAt(justAbove(row.bound)), row.above) << row.rank << ", above " << row.bound;
+    }
+}
+
+// What one call found has no part in the next.
+TEST(Grading, NothingIsLeftOfTheSoilBefore)
+{
+    const Fractions boulders = {{4, L"60"}};
+    Soils soils;
+    soils.determineGroup(boulders);
+    soils.determineFrozenGrades(L"", L"", L"", L"", L"", L"", L"");
+    EXPECT_EQ(soils.groupName(), coarse);
+    soils.determineGroup({});
+    EXPECT_EQ(
+        failureOf([&] { soils.determineFrozenGrades(L"?", L"?", L"?", L"?", L"?", L"?", L"?"); }), "none")
+        << "there is no group to grade";
+
+    struct Row {
+        const wchar_t* before;
+        const wchar_t* plasticity;
+        std::wstring group;
+    };
+    for (const Row& row : {Row{L"20", L"", coarse},
+             Row{L"10", L"0.5", coarse},
+             Row{L"5", L"nan", coarse},
+             Row{L"5", L"10", L"Суглинок"},
+             Row{L"5", L"20", L"Глина"},
+             Row{L"10", L"20", L"Глина"},
+             Row{L"20", L"5", L"Супесь"}}) {
+        soils.determineCohesive(row.before, L"");
+        soils.determineCohesive(row.plasticity, L"");
+        EXPECT_EQ(groupOf(soils, boulders), row.group) << row.plasticity;
+    }
+}
+
 TEST(Grading, TheScale800LooksAtBoundsAlone)
 {
     Soils soils;

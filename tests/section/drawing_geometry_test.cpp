@@ -1,8 +1,13 @@
 #include "core/base/reference.h"
+#include "section/gl_arc.h"
+#include "section/gl_circle.h"
 #include "section/gl_ellipse.h"
 #include "section/gl_line.h"
 #include "section/gl_plane.h"
+#include "section/gl_polygon.h"
 #include "section/gl_polyline.h"
+#include "section/gl_spline.h"
+#include "section/gl_text.h"
 
 #include <gtest/gtest.h>
 
@@ -80,6 +85,7 @@ TEST(PolylineQuads, OneForEachSegmentThatHasALength)
     const Vec3 b{1, 0, 0};
     const Vec3 aboveB{1, 0, 1};
     const Vec3 c{2, 2, 0};
+    const Vec3 nowhere{notANumber, 0, 0};
     struct Case {
         std::vector<Vec3> points;
         bool closed;
@@ -89,6 +95,8 @@ TEST(PolylineQuads, OneForEachSegmentThatHasALength)
     for (const Case& row : std::vector<Case>{
              {{}, false, 0, 0},
              {{}, true, 0, 0},
+             {{a}, false, 1, 0},
+             {{a}, true, 2, 0},
              {{a, b}, false, 2, 0},
              {{a, b}, true, 3, 0},
              {{a, b, c}, false, 3, 2},
@@ -97,6 +105,8 @@ TEST(PolylineQuads, OneForEachSegmentThatHasALength)
              {{a, b, b, c}, false, 4, 2},
              {{a, a, a}, false, 3, 0},
              {{a, b, aboveB, c}, false, 4, 3},
+             // What is no number is like nothing, itself included.
+             {{a, nowhere, nowhere}, false, 3, 2},
          }) {
         SCOPED_TRACE(testing::Message() << row.points.size() << " points, closed " << row.closed);
         const auto line = polyline(row.points, row.closed);
@@ -105,6 +115,7 @@ TEST(PolylineQuads, OneForEachSegmentThatHasALength)
         if (row.stored > row.points.size()) {
             EXPECT_EQ(line->points().back(), row.points.front());
         }
+        EXPECT_FALSE(row.points.size() < 2 && line->vertical()) << "both its ends are one";
     }
     // Behind a repeated point the next segment starts there.
     EXPECT_EQ(polyline({a, b, b, c})->quads()[1], polyline({a, b, c})->quads()[1]);
@@ -148,6 +159,9 @@ TEST(EllipseOutline, WalksInWholeUnits)
              {1.5F, 1.5F, {{0, 1.5F}, {1, 1.5F}, {2, 0.5F}, {2, -0.5F}}},
              {0, 2, {{0, 2}, {0, 1}, {0, 0}}},
              {2, 0, {{0, 0}}},
+             // The walk ends where less than 1e-5 is left of the way down, not at nothing.
+             {0, 1 + 5e-6F, {{0, 1 + 5e-6F}, {1, 1 + 5e-6F - 1}}},
+             {0, 1 + 5e-5F, {{0, 1 + 5e-5F}, {1, 1 + 5e-5F - 1}, {1, 1 + 5e-5F - 2}}},
          }) {
         SCOPED_TRACE(testing::Message() << row.radiusX << " by " << row.radiusY);
         std::vector<Vec3> wanted;
@@ -219,4 +233,39 @@ TEST(Plane, CornersInALineKeepTheirShortNormal)
     EXPECT_EQ(plane({0, 0, 0}, {1, 1, 1}, {2, 2, 2})->normal, Vec3());
     EXPECT_EQ(plane({3, 0, 0}, {4, 0, 0}, {3, 8e-6F, 0})->normal, (Vec3{0, 0, 8e-6F}));
     EXPECT_EQ(plane({3, 0, 0}, {4, 0, 0}, {3, 2e-5F, 0})->normal, (Vec3{0, 0, 1}));
+}
+
+template <class Object, class Data>
+static void expectOwnColour(const Data& data, const Vec3& given)
+{
+    const Uuid id{{1, 2, 3, 4}};
+    const Uuid link{{5, 6, 7, 8}};
+    const auto object = makeReference<Object>(data, id, L"имя", link);
+    GLObjectDB& base = *object;
+    EXPECT_EQ(base.getColor(), given);
+    base.setColor({0.25F, 0.5F, 0.75F});
+    EXPECT_EQ(base.getColor(), (Vec3{0.25F, 0.5F, 0.75F}));
+    EXPECT_EQ(base.objectState, 1);
+    EXPECT_EQ(base.stateBytes, (std::array<std::uint8_t, 3>{}));
+    EXPECT_EQ(base.getId(), id);
+    EXPECT_EQ(base.getLinkId(), link);
+    EXPECT_EQ(base.getName(), L"имя");
+}
+
+TEST(DrawingObjects, HaveAColourOfTheirOwnAndBeginInStateOne)
+{
+    const Vec3 given{0.1F, 0.2F, 0.3F};
+    const auto coloured = [&given](auto data) {
+        data.color = given;
+        return data;
+    };
+    expectOwnColour<GLLineDB>(coloured(GLLineData{}), given);
+    expectOwnColour<GLTextDB>(coloured(GLTextData{}), given);
+    expectOwnColour<GLPolygonDB>(coloured(GLPolygonData{}), given);
+    expectOwnColour<GLPolyLineDB>(coloured(GLPolyLineData{}), given);
+    expectOwnColour<GLCircleDB>(coloured(GLCircleData{}), given);
+    expectOwnColour<GLSplineDB>(coloured(GLSplineData{}), given);
+    expectOwnColour<GLEllipseDB>(coloured(GLEllipseData{}), given);
+    expectOwnColour<GLArcDB>(coloured(GLArcData{}), given);
+    expectOwnColour<GLPlaneDB>(GLPlaneData{}, Vec3{});
 }
