@@ -258,19 +258,17 @@ void AssignmentPage::assign(const QVector<LayerPlace>& layers, const QString& el
     IDBProject* project = screen_.project();
     if (!project)
         return;
-    const NumberedLinks before = project->getNumberedLinks();
-    NumberedLinks after = before;
+    const ElementsState before = elementsOf(*project);
+    ElementsState after = before;
     for (const LayerPlace& place : layers) {
         const AssignedPoint& point = view_->points()[place.point];
-        assignElement(after,
+        assignElement(after.links,
             point.name.toStdWString(),
             static_cast<std::size_t>(point.layers[place.layer].number),
             element.toStdWString());
     }
-    if (after == before)
-        return;
-    screen_.change<NumberedLinks>(
-        [](IDBProject& open, const NumberedLinks& links) { open.setNumberedLinks(links); }, before, after);
+    if (after.links != before.links)
+        screen_.change<ElementsState>(putElements, before, after);
 }
 
 void AssignmentPage::addElementForLayer()

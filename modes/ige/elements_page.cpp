@@ -4,6 +4,7 @@
 #include "common/mode_screen.h"
 #include "core/base/mexception.h"
 #include "db/exact_key.h"
+#include "ige/element_dialogs.h"
 #include "ige/element_look.h"
 #include "ige/result_table.h"
 #include "modules/idb_hatch.h"
@@ -16,9 +17,6 @@
 #include <QHBoxLayout>
 #include <QInputDialog>
 #include <QLabel>
-#include <QListWidget>
-#include <QPainter>
-#include <QPainterPath>
 #include <QPushButton>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -127,13 +125,14 @@ QHBoxLayout* ElementsPage::makeButtons()
         u"Перенумеровать по глубине залегания, со всеми ссылками",
         &ElementsPage::renumber);
     add(u"Объединить…", u"Передать слои текущего элемента другому", &ElementsPage::merge);
+    add(u"Разделить…", u"Часть слоёв текущего элемента — в новый элемент", &ElementsPage::split);
     add(u"Цвет…", u"Цвет текущего элемента на чертежах", &ElementsPage::chooseColor);
     add(u"Штриховка…", u"Штриховка текущего элемента на чертежах", &ElementsPage::chooseHatch);
     row->addStretch(1);
     return row;
 }
 
-qint64 ElementsPage::idOf(const QString& name)
+qint64 ElementsPage::idOf(const std::wstring& name)
 {
     qint64& id = ids_[name];
     if (id == 0)
@@ -145,7 +144,7 @@ QVector<QString> ElementsPage::cellsOf(
     IDBProject& project, const std::wstring& name, const StrataElement& element) const
 {
     const std::uint32_t hatch = hatchNumber(element.patternA);
-    QVector<QString> cells{QString::fromStdWString(name),
+    QVector<QString> cells{fromWide(shortElementName(name)),
         QString::fromStdWString(element.texts[element_text::GeologicalIndex]),
         fromWide(elementName(project.getNumberedLinks(), name)),
         fromWide(elementKindName(elementKindOf(element))),
@@ -158,9 +157,11 @@ QVector<QString> ElementsPage::cellsOf(
 void ElementsPage::read(IDBProject* project)
 {
     GridRows rows;
+    names_.clear();
     if (project)
         for (const auto& [name, element] : project->getStrataElements()) {
-            GridRow row{idOf(QString::fromStdWString(name)), cellsOf(*project, name, element)};
+            GridRow row{idOf(name), cellsOf(*project, name, element)};
+            names_.insert(row.id, name);
             row.problems.resize(row.cells.size());
             row.warnings.resize(row.cells.size());
             for (int cell = Index; cell < row.cells.size(); ++cell)
@@ -180,6 +181,7 @@ void ElementsPage::forget()
 {
     notice_->hide();
     ids_.clear();
+    names_.clear();
 }
 
 void ElementsPage::closeEditors()
@@ -230,8 +232,7 @@ bool ElementsPage::make(const Act& act)
     IDBProject* project = screen_.project();
     if (!project)
         return false;
-    ElementsState before = elementsOf(*project);
-    ElementsState after = before;
+    ElementsState after = elementsOf(*project);
     try {
         act(after, *project);
     } catch (const MException& exception) {
@@ -239,10 +240,8 @@ bool ElementsPage::make(const Act& act)
         refuse(QString::fromStdWString(exception.message()));
         return false;
     }
-    if (after.soundings)
-        before.soundings = project->getSoundings();
     notice_->hide();
-    screen_.change<ElementsState>(putElements, before, after);
+    screen_.change<ElementsState>(putElements, replacedBy(*project, after), after);
     return true;
 }
 
@@ -267,10 +266,39 @@ void ElementsPage::edit(const GridRows& after)
                 latin ? std::function<void()>([this, mended] { edit(mended); }) : nullptr);
             return;
         }
-    make([&](ElementsState& state, IDBProject& project) { applyRows(after, state, project); });
+    take(after, [](std::wstring_view name) { return std::wstring(name); });
 }
 
-void ElementsPage::applyRows(const GridRows& after, ElementsState& state, IDBProject& project)
+void ElementsPage::take(const GridRows& after, const NameForm& form)
+{
+    std::wstring offered;
+    make([&](ElementsState& state, IDBProject& project) {
+        try {
+            applyRows(after, state, project, form);
+        } catch (const MixedElementNames&) {
+            for (const GridRow& row : after)
+                if (!row.cells[Name].isEmpty())
+                    offered = uniformElementName(row.cells[Name].toStdWString());
+            throw;
+        }
+    });
+    if (!offered.empty())
+        refuse(noticeText_->text(),
+            QStringLiteral("Дать всем вид «%1»").arg(QString::fromStdWString(offered)),
+            [this, after] { take(after, uniformElementName); });
+}
+
+std::wstring ElementsPage::typedName(const QString& cell) const
+{
+    const std::wstring text = cell.toStdWString();
+    const bool isUniform = std::any_of(names_.begin(), names_.end(), [](const std::wstring& name) {
+        return shortElementName(name) != name;
+    });
+    return isUniform && !text.empty() ? uniformElementName(text) : text;
+}
+
+void ElementsPage::applyRows(
+    const GridRows& after, ElementsState& state, IDBProject& project, const NameForm& form)
 {
     const GridRows shown = grid_->rows().rows();
     const auto rowWith = [](const GridRows& rows, qint64 id) {
@@ -280,27 +308,38 @@ void ElementsPage::applyRows(const GridRows& after, ElementsState& state, IDBPro
     };
     for (const GridRow& row : shown)
         if (!rowWith(after, row.id))
-            deleteElement(state, project, row.cells[Name].toStdWString());
+            deleteElement(state, project, names_[row.id]);
     std::vector<std::pair<std::wstring, std::wstring>> renamed;
+    for (const GridRow& row : after)
+        if (const GridRow* known = row.id == 0 ? nullptr : rowWith(shown, row.id)) {
+            const std::wstring& old = names_[row.id];
+            const std::wstring name =
+                form(known->cells[Name] == row.cells[Name] ? old : typedName(row.cells[Name]));
+            if (name != old)
+                renamed.emplace_back(old, name);
+        }
+    if (!renamed.empty())
+        renameElements(state, project, renamed);
+    const std::map<std::wstring, std::wstring> nameNow(renamed.begin(), renamed.end());
     for (const GridRow& row : after) {
         const GridRow* known = row.id == 0 ? nullptr : rowWith(shown, row.id);
-        std::wstring name = (known ? known->cells[Name] : row.cells[Name]).toStdWString();
-        if (!known) {
-            if (name.empty())
-                name = freeElementName(state.elements);
+        std::wstring name;
+        if (known) {
+            const auto found = nameNow.find(names_[row.id]);
+            name = found == nameNow.end() ? names_[row.id] : found->second;
+        } else {
+            name = row.cells[Name].isEmpty() ? freeElementName(state.elements)
+                                             : form(typedName(row.cells[Name]));
             addElement(state, name);
-        } else if (known->cells[Name] != row.cells[Name]) {
-            renamed.emplace_back(name, row.cells[Name].toStdWString());
         }
         for (int column = Index; column < row.cells.size(); ++column)
             if (known ? known->cells[column] != row.cells[column] : !row.cells[column].isEmpty())
                 applyCell(state, name, column, row.cells[column]);
     }
-    if (renamed.empty())
-        return;
-    renameElements(state, project, renamed);
+    std::map<std::wstring, qint64> ids = ids_;
     for (const auto& [old, name] : renamed)
-        ids_[QString::fromStdWString(name)] = ids_.take(QString::fromStdWString(old));
+        ids[name] = ids_[old];
+    ids_ = std::move(ids);
 }
 
 void ElementsPage::applyCell(
@@ -323,8 +362,7 @@ void ElementsPage::applyCell(
 
 std::wstring ElementsPage::currentElement() const
 {
-    const int row = grid_->rows().rowOf(grid_->currentRow());
-    return row < 0 ? std::wstring() : grid_->rows().rows()[row].cells[Name].toStdWString();
+    return names_.value(grid_->currentRow());
 }
 
 void ElementsPage::renumber()
@@ -359,6 +397,18 @@ void ElementsPage::merge()
         });
 }
 
+void ElementsPage::split()
+{
+    const std::wstring name = currentElement();
+    if (name.empty())
+        return;
+    const auto layers = askLayersToSplit(this, *screen_.project(), name);
+    if (!layers.empty())
+        make([&](ElementsState& state, IDBProject&) {
+            splitElement(state, name, freeElementName(state.elements), layers);
+        });
+}
+
 void ElementsPage::chooseColor()
 {
     const std::wstring name = currentElement();
@@ -378,39 +428,8 @@ void ElementsPage::chooseHatch()
     IDBHatch* library = screen_.controller()->hatch();
     if (name.empty() || !library)
         return;
-    QDialog dialog(this);
-    dialog.setWindowTitle(QStringLiteral("Штриховка элемента"));
-    dialog.resize(560, 460);
-    auto* list = new QListWidget(&dialog);
-    list->setViewMode(QListView::IconMode);
-    list->setIconSize({72, 44});
-    list->setGridSize({128, 84});
-    list->setResizeMode(QListView::Adjust);
-    list->setMovement(QListView::Static);
-    list->setWordWrap(true);
-    const auto add = [&](std::uint32_t number, const QString& title) {
-        QPixmap picture(72, 44);
-        picture.fill(Qt::white);
-        QPainter painter(&picture);
-        QPainterPath area;
-        area.addRect(0, 0, 72, 44);
-        patterns_.fill(painter, area, number);
-        painter.drawRect(0, 0, 71, 43);
-        painter.end();
-        auto* item = new QListWidgetItem(QIcon(picture), title, list);
-        item->setData(Qt::UserRole, number);
-    };
-    add(0, QStringLiteral("по виду грунта"));
-    for (const auto& [number, bytes] : library->getHatches())
-        if (patterns_.has(number))
-            add(number, patterns_.name(number));
-    auto* layout = new QVBoxLayout(&dialog);
-    layout->addWidget(list);
-    connect(list, &QListWidget::itemActivated, &dialog, &QDialog::accept);
-    if (dialog.exec() != QDialog::Accepted || !list->currentItem())
-        return;
-    const std::uint32_t number = list->currentItem()->data(Qt::UserRole).toUInt();
-    make([&](ElementsState& state, IDBProject&) {
-        findExact(state.elements, name)->second.patternA = hatchBytes(number);
-    });
+    if (const auto number = askHatch(this, *library, patterns_))
+        make([&](ElementsState& state, IDBProject&) {
+            findExact(state.elements, name)->second.patternA = hatchBytes(*number);
+        });
 }

@@ -7,6 +7,8 @@
 #include <QHash>
 
 #include <functional>
+#include <map>
+#include <string_view>
 
 class EditGrid;
 class ModeScreen;
@@ -31,11 +33,17 @@ public:
 
 private:
     using Act = std::function<void(ElementsState& state, IDBProject& project)>;
+    using NameForm = std::function<std::wstring(std::wstring_view name)>;
 
     void makeNotice();
     QHBoxLayout* makeButtons();
     void edit(const QVector<GridRow>& after);
-    void applyRows(const QVector<GridRow>& after, ElementsState& state, IDBProject& project);
+    // Where some names have letters and others none, offers to give all of them one form.
+    void take(const QVector<GridRow>& after, const NameForm& form);
+    void applyRows(
+        const QVector<GridRow>& after, ElementsState& state, IDBProject& project, const NameForm& form);
+    // The name that is meant by what stands in a cell: names of the one form are shown short.
+    std::wstring typedName(const QString& cell) const;
     void applyCell(ElementsState& state, const std::wstring& name, int column, const QString& text) const;
     // Makes the change one undo step; what cannot be is told and changes nothing.
     bool make(const Act& act);
@@ -43,10 +51,11 @@ private:
     void offerUniformNames(IDBProject& project);
     void renumber();
     void merge();
+    void split();
     void chooseColor();
     void chooseHatch();
     std::wstring currentElement() const;
-    qint64 idOf(const QString& name);
+    qint64 idOf(const std::wstring& name);
     QVector<QString> cellsOf(
         IDBProject& project, const std::wstring& name, const StrataElement& element) const;
 
@@ -57,6 +66,7 @@ private:
     QPushButton* noticeButton_;
     std::function<void()> accept_;
     EditGrid* grid_;
-    QHash<QString, qint64> ids_;
+    std::map<std::wstring, qint64> ids_;
+    QHash<qint64, std::wstring> names_; // of the rows
     qint64 lastId_ = 0;
 };

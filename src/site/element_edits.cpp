@@ -44,7 +44,7 @@ void renameLinks(ElementsState& state, const Renaming& nameOf)
     std::vector<std::pair<std::wstring, std::wstring>> kept;
     std::vector<std::pair<std::wstring, std::wstring>> moved;
     for (const auto& [element, record] : state.elements)
-        if (const auto own = findExact(links, elementNameKey(element)); own != links.end()) {
+        if (const auto own = links.find(elementNameKey(element)); own != links.end()) {
             const std::wstring name = nameOf(element);
             (name == element ? kept : moved).emplace_back(name, own->second);
             links.erase(own);
@@ -67,21 +67,51 @@ bool namesElements(const SoundingRegister& soundings, const Renaming& nameOf)
     return false;
 }
 
+// Own entries first: of two that become one the one that stays keeps what it had.
+SoundingFlags renamedFlags(const SoundingFlags& flags, const Renaming& nameOf)
+{
+    SoundingFlags renamed;
+    for (const bool isOwn : {true, false})
+        for (const auto& [element, kind] : flags)
+            if (const std::wstring name = nameOf(element); (name == element) == isOwn && !name.empty())
+                renamed.insert({name, kind});
+    return renamed;
+}
+
+// A body of a number that is taken takes the next one: no line drawn by hand is lost.
+SectionCurveMap renamedCurves(const SectionCurveMap& curves, const Renaming& nameOf)
+{
+    SectionCurveMap renamed;
+    for (const bool isOwn : {true, false})
+        for (const auto& [key, cells] : curves) {
+            CurveKey name = {key.first, renamedCurve(key.second, nameOf)};
+            if ((name.second == key.second) != isOwn)
+                continue;
+            const std::wstring stem = name.second.substr(0, name.second.rfind(L':') + 1);
+            for (std::size_t body = 1; !renamed.insert({name, cells}).second; ++body)
+                name.second = stem + std::to_wstring(body);
+        }
+    return renamed;
+}
+
+template <class Map>
+bool sameKeys(const Map& a, const Map& b)
+{
+    return std::ranges::equal(
+        a, b, [](const auto& one, const auto& other) { return sameText(one.first, other.first); });
+}
+
 void renameUses(ElementsState& state, IDBProject& project, const Renaming& nameOf)
 {
     renameLinks(state, nameOf);
-    SoundingFlags flags;
-    for (const auto& [element, kind] : state.soundingFlags)
-        if (const std::wstring name = nameOf(element); !name.empty())
-            flags.insert({name, kind});
-    state.soundingFlags = std::move(flags);
-    SectionCurveMap curves;
-    for (const auto& [key, cells] : state.curves) {
-        CurveKey renamed = key;
-        renamed.second = renamedCurve(key.second, nameOf);
-        curves.insert({renamed, cells});
-    }
-    state.curves = std::move(curves);
+    const SoundingFlags flags = state.soundingFlags.value_or(project.getSoundingFlags());
+    if (SoundingFlags renamed = renamedFlags(flags, nameOf); !sameKeys(renamed, flags))
+        state.soundingFlags = std::move(renamed);
+    const SectionCurveMap curves = state.curves.value_or(project.getSectionCurves());
+    if (SectionCurveMap renamed = renamedCurves(curves, nameOf); !sameKeys(renamed, curves))
+        state.curves = std::move(renamed);
+    if (auto renamed = renamedDrawings(project, nameOf))
+        state.drawings = std::move(renamed);
     if (!state.soundings && namesElements(project.getSoundings(), nameOf))
         state.soundings = project.getSoundings();
     if (!state.soundings)
@@ -102,7 +132,7 @@ void checkNames(const std::vector<std::wstring>& names)
             throw MException(L"Два элемента не могут иметь один номер: " + name + L".");
     }
     if (!haveCommonOrder(names))
-        throw MException(
+        throw MixedElementNames(
             L"Номера с буквами и без букв вместе, как и номера, которые начинаются одним числом, "
             L"не имеют общего порядка: элементы терялись бы. Дайте всем номерам один вид, "
             L"например «ИГЭ-2а».");
@@ -119,23 +149,73 @@ std::vector<std::wstring> namesOf(const StrataElementMap& elements)
 
 } // namespace
 
+static LayerDepths layerDepths(IDBProject& project)
+{
+    LayerDepths depths;
+    for (const auto& [key, layer] : project.getLithology())
+        depths[key.pointName].push_back(key.depth);
+    return depths;
+}
+
 ElementsState elementsOf(IDBProject& project)
 {
     return {project.getStrataElements(),
         project.getNumberedLinks(),
-        project.getSoundingFlags(),
-        project.getSectionCurves(),
-        std::nullopt};
+        std::make_shared<const LayerDepths>(layerDepths(project))};
+}
+
+ElementsState replacedBy(IDBProject& project, const ElementsState& state)
+{
+    ElementsState before = elementsOf(project);
+    if (state.soundingFlags)
+        before.soundingFlags = project.getSoundingFlags();
+    if (state.curves)
+        before.curves = project.getSectionCurves();
+    if (state.soundings)
+        before.soundings = project.getSoundings();
+    if (state.drawings)
+        before.drawings = drawingsOf(project);
+    return before;
+}
+
+// The links of the state on the layers as they are now.
+static NumberedLinks linksInPlace(NumberedLinks& current, const ElementsState& state, const LayerDepths& now)
+{
+    if (!state.layers || now == *state.layers)
+        return state.links;
+    NumberedLinks links;
+    NumberedLinks known = state.links;
+    for (const auto& [key, value] : known)
+        if (!readLayerLink(key))
+            links.insert({key, value});
+    static const std::vector<std::wstring> none;
+    for (const auto& [point, depths] : now) {
+        const auto found = state.layers->find(point);
+        const std::vector<std::wstring>& then = found == state.layers->end() ? none : found->second;
+        for (std::size_t number = 1; number <= depths.size(); ++number) {
+            const auto place = std::find(then.begin(), then.end(), depths[number - 1]);
+            NumberedLinks& from = place == then.end() ? current : known;
+            const std::size_t old =
+                place == then.end() ? number : static_cast<std::size_t>(place - then.begin()) + 1;
+            if (const auto link = from.find(layerLinkKey(point, old)); link != from.end())
+                links.insert({layerLinkKey(point, number), link->second});
+        }
+    }
+    return links;
 }
 
 void putElements(IDBProject& project, const ElementsState& state)
 {
     project.getStrataElements() = state.elements;
-    project.setNumberedLinks(state.links);
-    project.setSoundingFlags(state.soundingFlags);
-    project.setSectionCurves(state.curves);
+    project.setNumberedLinks(linksInPlace(project.getNumberedLinks(), state, layerDepths(project)));
+    if (state.soundingFlags)
+        project.setSoundingFlags(*state.soundingFlags);
+    if (state.curves)
+        project.setSectionCurves(*state.curves);
     if (state.soundings)
         project.setSoundings(*state.soundings);
+    if (state.drawings)
+        putDrawings(project, *state.drawings);
 }
 
 std::wstring freeElementName(const StrataElementMap& elements)
@@ -152,8 +232,10 @@ std::wstring freeElementName(const StrataElementMap& elements)
 
 void addElement(ElementsState& state, const std::wstring& name, const StrataElement& element)
 {
-    if (const std::wstring problem = elementNameProblem(state.elements, name); !problem.empty())
+    if (const std::wstring problem = elementNameProblem({}, name); !problem.empty())
         throw MException(problem);
+    if (findExact(state.elements, name) != state.elements.end())
+        throw MException(L"Элемент " + name + L" уже есть.");
     std::vector<std::wstring> names = namesOf(state.elements);
     names.push_back(name);
     checkNames(names);
@@ -195,6 +277,27 @@ void mergeElements(
     eraseExact(state.elements, name);
 }
 
+void splitElement(ElementsState& state,
+    const std::wstring& name,
+    const std::wstring& newName,
+    const std::vector<std::pair<std::wstring, std::size_t>>& layers)
+{
+    const auto element = findExact(state.elements, name);
+    if (element == state.elements.end())
+        throw MException(L"Элемента " + name + L" нет.");
+    if (layers.empty())
+        throw MException(L"Отметьте слои, которые отойдут новому элементу.");
+    const StrataElement record = element->second;
+    const std::wstring words(elementName(state.links, name));
+    addElement(state, newName, record);
+    setElementName(state.links, newName, words);
+    for (const auto& [point, number] : layers)
+        assignElement(state.links, point, number, newName);
+    if (std::ranges::none_of(
+            state.links, [&](const auto& link) { return link.second == name && readLayerLink(link.first); }))
+        throw MException(L"У элемента " + name + L" не осталось бы слоёв: оставьте ему хотя бы один.");
+}
+
 std::vector<std::pair<std::wstring, std::wstring>> numbersFromAbove(IDBProject& project)
 {
     // An element stands where its layers stand on the average among those of their points.
@@ -232,7 +335,8 @@ std::vector<std::pair<std::wstring, std::wstring>> uniformNames(const StrataElem
 
 static void setLink(NumberedLinks& links, const std::wstring& key, const std::wstring& value)
 {
-    const auto found = findExact(links, key);
+    // Their order tells any two keys apart, whatever stands before the colon.
+    const auto found = links.find(key);
     if (value.empty()) {
         if (found != links.end())
             links.erase(found);

@@ -1,7 +1,5 @@
 #include "site/element_links.h"
 
-#include "db/exact_key.h"
-
 #include <algorithm>
 
 static constexpr std::wstring_view elementPrefix = L"ИГЭ ";
@@ -63,6 +61,6 @@ std::wstring_view ElementLinks::elementOf(std::wstring_view point, std::size_t n
 
 std::wstring_view elementName(NumberedLinks& links, std::wstring_view element)
 {
-    const auto found = findExact(links, elementNameKey(element));
+    const auto found = links.find(elementNameKey(element));
     return found == links.end() ? std::wstring_view() : std::wstring_view(found->second);
 }

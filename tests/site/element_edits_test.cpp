@@ -1,6 +1,8 @@
 #include "core/base/mexception.h"
 #include "core/base/reference.h"
 #include "db/db_project.h"
+#include "db/exact_key.h"
+#include "section/gl_block.h"
 #include "site/element_edits.h"
 #include "site/element_links.h"
 #include "site/element_proposal.h"
@@ -8,6 +10,8 @@
 #include "site/layers.h"
 
 #include <gtest/gtest.h>
+
+#include <functional>
 
 namespace
 {
@@ -54,11 +58,9 @@ protected:
 
 TEST_F(ElementEdits, NewNamesGoWhereverTheOldOnesStood)
 {
-    const ElementsState before = elementsOf(*project);
-    ElementsState state = before;
+    ElementsState state = elementsOf(*project);
     renameElements(state, *project, {{L"1", L"2"}, {L"2", L"1"}});
-    ElementsState restored = before;
-    restored.soundings = project->getSoundings();
+    const ElementsState restored = replacedBy(*project, state);
     putElements(*project, state);
     EXPECT_EQ(elements(), L"3 2 1 ");
     EXPECT_EQ(words(L"2"), L"Суглинок");
@@ -71,6 +73,83 @@ TEST_F(ElementEdits, NewNamesGoWhereverTheOldOnesStood)
     putElements(*project, restored);
     EXPECT_EQ(elements(), L"3 1 2 ");
     EXPECT_EQ(reading(), L"1");
+}
+
+TEST_F(ElementEdits, BodiesDrawnByHandAreRenamedAndMergedWithoutLoss)
+{
+    const auto block = [](const wchar_t* name, std::vector<GLObjectDB*> objects) {
+        return new GLBlockDB({std::move(objects)}, Uuid{}, name, Uuid{});
+    };
+    project->getTerrainGlObjectsA().push_back(block(L"Разрез 1-1'",
+        {block(L"Слой", {block(L"ИГЭ 1", {}), block(L"ИГЭ 1 ?", {}), block(L"ИГЭ 12", {})})}));
+    project->getLongGlObjects().push_back(block(L"Профиль", {block(L"ИГЭ 2", {})}));
+    project->addSectionCurve({L"Разрез 1-1'", L"Подошва 2:2"}, {{L"0", L"7"}});
+    project->addSoundingFlag(L"2", 4);
+    const auto drawn = [](const GLObjectList& list) {
+        std::wstring names;
+        const std::function<void(const GLObjectDB*)> tell = [&](const GLObjectDB* object) {
+            names += object->getName() + L"; ";
+            for (const GLObjectDB* each : dynamic_cast<const GLBlockDB*>(object)->objects())
+                tell(each);
+        };
+        for (const GLObjectDB* object : list)
+            tell(object);
+        return names;
+    };
+    const GLObjectDB* untouched = project->getLongGlObjects().front();
+
+    ElementsState state = elementsOf(*project);
+    mergeElements(state, *project, L"1", L"2");
+    const ElementsState before = replacedBy(*project, state);
+    putElements(*project, state);
+    EXPECT_EQ(drawn(project->getTerrainGlObjectsA()), L"Разрез 1-1'; Слой; ИГЭ 2; ИГЭ 2 ?; ИГЭ 12; ");
+    EXPECT_EQ(project->getLongGlObjects().front(), untouched);
+    EXPECT_EQ(findExact(project->getSoundingFlags(), L"2")->second, 4) << "of the one that stays";
+    auto& curves = project->getSectionCurves();
+    ASSERT_EQ(curves.size(), 3U);
+    EXPECT_EQ(findExact(curves, {L"Разрез 1-1'", L"Подошва 2:2"})->second.size(), 1U);
+    EXPECT_NE(findExact(curves, {L"Разрез 1-1'", L"Подошва 2:1"}), curves.end());
+
+    putElements(*project, before);
+    EXPECT_EQ(drawn(project->getTerrainGlObjectsA()), L"Разрез 1-1'; Слой; ИГЭ 1; ИГЭ 1 ?; ИГЭ 12; ");
+    EXPECT_EQ(project->getSoundingFlags().size(), 2U);
+    EXPECT_EQ(elements(), L"3 1 2 ");
+}
+
+TEST_F(ElementEdits, AStateOfFormerLayersGoesToWhereTheyAreNow)
+{
+    const ElementsState before = elementsOf(*project);
+    ElementsState state = before;
+    assignElement(state.links, L"С-1", 2, L"3");
+    putElements(*project, state);
+    EXPECT_EQ(elements(), L"3 3 2 ");
+    // Another screen adds a layer at the top, gives it an element, and takes the third layer away.
+    project->addLithology({L"С-1", L"0.5"}, {});
+    eraseExact(project->getLithology(), {L"С-1", L"6"});
+    NumberedLinks links = project->getNumberedLinks();
+    moveLayerLinks(links, L"С-1", {0, 1, 2});
+    assignElement(links, L"С-1", 1, L"2");
+    project->setNumberedLinks(links);
+    EXPECT_EQ(elements(), L"2 3 3 ");
+    putElements(*project, before);
+    EXPECT_EQ(elements(), L"2 3 1 ");
+    putElements(*project, state);
+    EXPECT_EQ(elements(), L"2 3 3 ");
+}
+
+TEST_F(ElementEdits, APartOfTheLayersBecomesAnElementOfItsOwn)
+{
+    ElementsState state = elementsOf(*project);
+    state.elements.begin()->second.texts[0] = L"aQ";
+    assignElement(state.links, L"С-1", 3, L"1");
+    EXPECT_THROW(splitElement(state, L"1", L"4", {}), MException);
+    ElementsState all = state;
+    EXPECT_THROW(splitElement(all, L"1", L"4", {{L"С-1", 2}, {L"С-1", 3}}), MException);
+    splitElement(state, L"1", L"4", {{L"С-1", 3}});
+    putElements(*project, state);
+    EXPECT_EQ(elements(), L"3 1 4 ");
+    EXPECT_EQ(words(L"4"), L"Суглинок");
+    EXPECT_EQ(findExact(project->getStrataElements(), L"4")->second.texts[0], L"aQ");
 }
 
 TEST_F(ElementEdits, NumbersFromAboveFollowTheLayers)
