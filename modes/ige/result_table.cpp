@@ -8,6 +8,7 @@
 ResultTable::ResultTable(const QString& name, const QStringList& titles, int textColumns, QWidget* parent)
     : TableView(name, parent)
     , textColumns_(textColumns)
+    , hasStoredWidths_(viewSettings()->contains(QStringLiteral("widths/") + name))
     , model_(new QStandardItemModel(0, titles.size(), this))
 {
     setObjectName(name);
@@ -18,11 +19,17 @@ ResultTable::ResultTable(const QString& name, const QStringList& titles, int tex
     horizontalHeader()->setStretchLastSection(false);
     horizontalHeader()->setMinimumSectionSize(40);
     setSourceModel(model_);
-    if (viewSettings()->contains(QStringLiteral("widths/") + name))
+    if (hasStoredWidths_)
         return;
     for (int column = 0; column < titles.size(); ++column)
         setColumnWidth(column, column < textColumns ? 150 : 70);
     makeRoomForTitles();
+}
+
+void ResultTable::setFirstWidths(const QVector<int>& widths)
+{
+    for (int column = 0; column < widths.size() && !hasStoredWidths_; ++column)
+        setColumnWidth(column, widths[column]);
 }
 
 void ResultTable::setRows(const QVector<ResultRow>& rows)

@@ -23,6 +23,8 @@ public:
     // The first columns (so many) hold texts, the others numbers.
     ResultTable(const QString& name, const QStringList& titles, int textColumns, QWidget* parent = nullptr);
 
+    // Of the first columns, pixels, until the user drags them.
+    void setFirstWidths(const QVector<int>& widths);
     // The current row stays current by its place.
     void setRows(const QVector<ResultRow>& rows);
     // In the order of setRows; -1: none.
@@ -31,6 +33,7 @@ public:
 
 private:
     int textColumns_;
+    bool hasStoredWidths_;
     QStandardItemModel* model_;
 };
 

@@ -7,6 +7,7 @@
 #include "modules/idbproject.h"
 #include "modules/isettings.h"
 #include "reports/element_report.h"
+#include "site/standard_values.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -24,20 +25,59 @@ QString number(const Number& value, int decimals)
     return value ? QString::fromStdWString(numberText(value, decimals)) : QStringLiteral("–");
 }
 
-ResultCell valueCell(const Number& value, bool isTyped, int decimals, std::size_t count)
+ResultCell valueCell(const Number& value, const DesignValues& values, bool isTyped, int decimals)
 {
+    if (!value)
+        return {number(value, decimals)};
+    const QString text = number(value, decimals) + fromWide(valueMark(values, isTyped));
     if (isTyped)
-        return {number(value, decimals) + QLatin1Char('*'),
-            ResultCell::Bold,
-            QStringLiteral("Введено в таблице элементов")};
-    return {number(value, decimals), ResultCell::Plain, QStringLiteral("Определений: %1").arg(count)};
+        return {text, ResultCell::Bold, QStringLiteral("Введено в таблице элементов")};
+    return {text,
+        ResultCell::Plain,
+        values.isFromTable ? QStringLiteral("По таблицам норм: испытаний нет")
+                           : QStringLiteral("Определений: %1").arg(values.count)};
 }
 
 void appendValues(ResultRow& row, const DesignValues& values, int decimals)
 {
-    row.append(valueCell(values.normative, values.isTypedNormative, decimals, values.count));
-    row.append(valueCell(values.second, values.isTypedSecond, decimals, values.count));
-    row.append(valueCell(values.first, values.isTypedFirst, decimals, values.count));
+    row.append(valueCell(values.normative, values, values.isTypedNormative, decimals));
+    row.append(valueCell(values.second, values, values.isTypedSecond, decimals));
+    row.append(valueCell(values.first, values, values.isTypedFirst, decimals));
+}
+
+ResultRow summaryRow(const ElementSummary& summary)
+{
+    ResultRow row{{fromWide(shortElementName(summary.name)), ResultCell::Bold},
+        {QString::fromStdWString(summary.words)},
+        {QString::fromStdWString(summary.index)},
+        {QString::number(summary.samples)},
+        {number(summary.moisture, 3)},
+        {number(summary.voidRatio, 3)},
+        {number(summary.saturation, 2)},
+        {number(summary.plasticity, 1)},
+        {number(summary.liquidity, 2)}};
+    appendValues(row, summary.density, 2);
+    appendValues(row, summary.friction, 0);
+    appendValues(row, summary.cohesion, 0);
+    row.append(valueCell(summary.modulus.normative, summary.modulus, summary.modulus.isTypedNormative, 1));
+    DesignValues resistance;
+    resistance.isFromTable = true;
+    row.append(valueCell(summary.resistance, resistance, false, 0));
+    return row;
+}
+
+QString notesOf(const ElementSummary& summary)
+{
+    QStringList notes;
+    if (!summary.shearWay.empty())
+        notes += QStringLiteral("φ и c %1.").arg(QString::fromStdWString(summary.shearWay));
+    for (const std::wstring& note : summary.notes)
+        notes += QString::fromStdWString(note);
+    if (notes.isEmpty())
+        return {};
+    return QStringLiteral("<b>ИГЭ %1.</b> %2")
+        .arg(fromWide(shortElementName(summary.name)).toHtmlEscaped(),
+            notes.join(QLatin1Char(' ')).toHtmlEscaped());
 }
 
 int languageOf(const ModeScreen& screen)
@@ -69,7 +109,8 @@ SummaryPage::SummaryPage(ModeScreen& screen, QWidget* parent)
               QStringLiteral("cн, кПа"),
               QStringLiteral("cII"),
               QStringLiteral("cI"),
-              QStringLiteral("E, МПа")},
+              QStringLiteral("E, МПа"),
+              QStringLiteral("R0, кПа")},
           3,
           this))
     , notes_(new QLabel(this))
@@ -99,38 +140,20 @@ void SummaryPage::read(IDBProject* project)
         const SiteLaboratory laboratory(*project, languageOf(screen_));
         const bool withTyped = !screen_.settings() || screen_.settings()->isGenManualValuesCheckIge();
         for (const ElementSummary& summary : summariesOf(*project, laboratory, withTyped)) {
-            ResultRow row{{fromWide(shortElementName(summary.name)), ResultCell::Bold},
-                {QString::fromStdWString(summary.words)},
-                {QString::fromStdWString(summary.index)},
-                {QString::number(summary.samples)},
-                {number(summary.moisture, 3)},
-                {number(summary.voidRatio, 3)},
-                {number(summary.saturation, 2)},
-                {number(summary.plasticity, 1)},
-                {number(summary.liquidity, 2)}};
-            appendValues(row, summary.density, 2);
-            appendValues(row, summary.friction, 0);
-            appendValues(row, summary.cohesion, 0);
-            row.append(valueCell(
-                summary.modulus.normative, summary.modulus.isTypedNormative, 1, summary.modulus.count));
-            rows.append(row);
-            QStringList own;
-            if (!summary.shearWay.empty())
-                own += QStringLiteral("φ и c %1.").arg(QString::fromStdWString(summary.shearWay));
-            for (const std::wstring& note : summary.notes)
-                own += QString::fromStdWString(note);
-            if (!own.isEmpty())
-                notes += QStringLiteral("<b>ИГЭ %1.</b> %2")
-                             .arg(fromWide(shortElementName(summary.name)).toHtmlEscaped(),
-                                 own.join(QLatin1Char(' ')).toHtmlEscaped());
+            rows.append(summaryRow(summary));
+            if (const QString own = notesOf(summary); !own.isEmpty())
+                notes += own;
         }
     }
     table_->setRows(rows);
-    notes_->setText(rows.isEmpty() ? QStringLiteral("Элементов нет.")
-                                   : notes.join(QStringLiteral("<br>"))
-                + QStringLiteral("<br>II: для деформаций, доверительная вероятность 0.85; I: для несущей "
-                                 "способности, 0.95. "
-                                 "Звёздочкой отмечено введённое вручную."));
+    if (rows.isEmpty()) {
+        notes_->setText(QStringLiteral("Элементов нет."));
+        return;
+    }
+    if (const std::wstring warning = standardTableWarning(standardTableMistakes()); !warning.empty())
+        notes.prepend(QString::fromStdWString(warning).toHtmlEscaped());
+    notes += fromWide(summaryLegend).toHtmlEscaped();
+    notes_->setText(notes.join(QStringLiteral("<br>")));
 }
 
 void SummaryPage::calculate()
@@ -189,8 +212,7 @@ ComparisonPage::ComparisonPage(ModeScreen& screen, QWidget* parent)
     first_->setAccessibleName(QStringLiteral("Первый элемент"));
     second_->setAccessibleName(QStringLiteral("Второй элемент"));
     table_->setAccessibleName(QStringLiteral("Сравнение элементов"));
-    table_->setColumnWidth(0, 260);
-    table_->setColumnWidth(1, 420);
+    table_->setFirstWidths({260, 420});
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 8, 0, 0);
     layout->addLayout(head);

@@ -112,13 +112,13 @@ void Graph::drawAxis(const GraphAxis& axis, bool isVertical) const
             drawing_.items.push_back({Layer::Grid, 0, Line{{{x, top_}, {x, bottom()}}, gridPen}});
             drawing_.items.push_back({Layer::Text,
                 0,
-                Text{number, {x, bottom() + numberHeight + 1.5}, numberHeight, Align::Centre}});
+                Text{number, {x, bottom() + numberHeight + 2.2}, numberHeight, Align::Centre}});
         }
     }
     const Text title = isVertical
         ? Text{axis.title, {left_ - 11, top_ + height_ / 2}, titleHeight, Align::Centre, 90}
         : Text{axis.title,
-            {left_ + width_ / 2, bottom() + numberHeight + titleHeight + 4},
+            {left_ + width_ / 2, bottom() + numberHeight + titleHeight + 4.7},
             titleHeight,
             Align::Centre};
     drawing_.items.push_back({Layer::Text, 0, title});

@@ -5,6 +5,7 @@
 #include "modules/isettings.h"
 #include "plots/element_plots.h"
 #include "site/element_texts.h"
+#include "site/standard_values.h"
 
 #include <algorithm>
 #include <string_view>
@@ -19,14 +20,24 @@ TableCell textCell(std::wstring_view text, bool isBold = false)
     return cell;
 }
 
-TableCell numberCell(const Number& value, int decimals, bool isMarked = false)
+TableCell numberCell(const Number& value, int decimals)
 {
     TableCell cell;
-    cell.runs = {{value ? numberText(value, decimals) + (isMarked ? L"*" : L"") : std::wstring(L"–")}};
-    cell.number = isMarked ? Number() : value;
+    cell.runs = {{value ? numberText(value, decimals) : std::wstring(L"–")}};
+    cell.number = value;
     cell.decimals = decimals;
     cell.align = Align::Right;
-    cell.isMarked = isMarked;
+    return cell;
+}
+
+TableCell markedCell(const Number& value, int decimals, std::wstring_view mark)
+{
+    TableCell cell = numberCell(value, decimals);
+    if (mark.empty() || !value)
+        return cell;
+    cell.runs.front().text += mark;
+    cell.number.reset();
+    cell.isMarked = true;
     return cell;
 }
 
@@ -42,9 +53,9 @@ std::vector<TableCell> headRow(std::initializer_list<std::wstring_view> titles)
 
 void addValues(std::vector<TableCell>& row, const DesignValues& values, int decimals)
 {
-    row.push_back(numberCell(values.normative, decimals, values.isTypedNormative));
-    row.push_back(numberCell(values.second, decimals, values.isTypedSecond));
-    row.push_back(numberCell(values.first, decimals, values.isTypedFirst));
+    row.push_back(markedCell(values.normative, decimals, valueMark(values, values.isTypedNormative)));
+    row.push_back(markedCell(values.second, decimals, valueMark(values, values.isTypedSecond)));
+    row.push_back(markedCell(values.first, decimals, valueMark(values, values.isTypedFirst)));
 }
 
 TableBlock summaryTable(const std::vector<ElementSummary>& summaries)
@@ -68,7 +79,8 @@ TableBlock summaryTable(const std::vector<ElementSummary>& summaries)
         L"cн, кПа",
         L"cII",
         L"cI",
-        L"E, МПа"})};
+        L"E, МПа",
+        L"R0, кПа"})};
     for (const ElementSummary& summary : summaries) {
         std::vector<TableCell> row{textCell(shortElementName(summary.name), true),
             textCell(summary.words),
@@ -81,7 +93,9 @@ TableBlock summaryTable(const std::vector<ElementSummary>& summaries)
         addValues(row, summary.density, 2);
         addValues(row, summary.friction, 0);
         addValues(row, summary.cohesion, 0);
-        row.push_back(numberCell(summary.modulus.normative, 1, summary.modulus.isTypedNormative));
+        const DesignValues& modulus = summary.modulus;
+        row.push_back(markedCell(modulus.normative, 1, valueMark(modulus, modulus.isTypedNormative)));
+        row.push_back(markedCell(summary.resistance, 0, tableMark));
         table.rows.push_back(std::move(row));
     }
     return table;
@@ -206,14 +220,13 @@ Document elementReport(IDBProject& project,
     document.page = {297, 210, 15, 15, 10, 15};
     std::vector<ElementSummary> summaries;
     for (const SiteElement* element : elements)
-        summaries.push_back(summaryOf(project, *element, look.withTyped));
+        summaries.push_back(summaryOf(project, laboratory, *element, look.withTyped));
     document.blocks.push_back(Heading{L"Нормативные и расчётные значения", 1});
     document.blocks.push_back(summaryTable(summaries));
     document.blocks.push_back(
-        Paragraph{{{L"II: для расчётов по деформациям, доверительная вероятность 0.85; I: по несущей "
-                    L"способности, 0.95. "
-                    L"Звёздочкой отмечены введённые значения. Статистика по ГОСТ 20522."}},
-            Paragraph::Note});
+        Paragraph{{{std::wstring(summaryLegend) + L" Статистика по ГОСТ 20522."}}, Paragraph::Note});
+    if (const std::wstring warning = standardTableWarning(standardTableMistakes()); !warning.empty())
+        document.blocks.push_back(Paragraph{{{warning}}, Paragraph::Note});
     for (std::size_t i = 0; i < elements.size(); ++i)
         addElement(document, laboratory, *elements[i], summaries[i], look);
     return document;

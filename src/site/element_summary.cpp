@@ -4,7 +4,9 @@
 #include "modules/idbproject.h"
 #include "site/cells.h"
 #include "site/element_links.h"
+#include "site/element_table_values.h"
 #include "site/element_texts.h"
+#include "site/standard_values.h"
 
 #include <algorithm>
 #include <cmath>
@@ -107,6 +109,58 @@ void computeShear(ElementSummary& summary, const ElementShear& shear)
         noteCount(summary, L"Угол трения и сцепление", summary.friction.count, leastForDesign);
 }
 
+// What is typed stands; a typed normative value leaves the table aside.
+void takeFromTable(DesignValues& values, const Number& tabled, double divisor)
+{
+    if (values.normative || !tabled)
+        return;
+    values.normative = tabled;
+    if (!values.isTypedSecond)
+        values.second = tabled;
+    if (!values.isTypedFirst)
+        values.first = *tabled / divisor;
+    values.isFromTable = true;
+}
+
+void noteTables(ElementSummary& summary, const StandardTables& tables, TableSoil soil)
+{
+    const struct {
+        const DesignValues& values;
+        TableQuantity quantity;
+        std::wstring_view symbol;
+    } rows[] = {{summary.friction, TableQuantity::Friction, L"φ"},
+        {summary.cohesion, TableQuantity::Cohesion, L"c"},
+        {summary.modulus, TableQuantity::Modulus, L"E"}};
+    std::wstring symbols;
+    std::wstring factors;
+    for (const auto& [values, quantity, symbol] : rows) {
+        if (!values.isFromTable)
+            continue;
+        symbols += (symbols.empty() ? L"" : L", ") + std::wstring(symbol);
+        factors += (factors.empty() ? L"" : L", ") + std::wstring(symbol) + L" "
+            + numberText(tables.reliability(quantity, soil), 2);
+    }
+    if (!symbols.empty())
+        summary.notes.push_back(symbols
+            + L" — по таблицам СНиП 2.02.01-83 (СП 22.13330): испытаний нет; делители для значений I: "
+            + factors + L", для II 1. Таблицы с печатным текстом норм не сверены.");
+}
+
+// Where no test and nobody says anything. The factors of safety of such values are fixed.
+void fillFromTables(ElementSummary& summary, const SiteLaboratory& laboratory, const SiteElement& element)
+{
+    const StandardTables& tables = standardTablesInUse();
+    const auto tabled = elementTableValues(tables, laboratory, element, summary.words);
+    if (!tabled)
+        return;
+    const TableSoil soil = tabled->state.soil;
+    summary.resistance = tabled->resistance;
+    takeFromTable(summary.friction, tabled->friction, tables.reliability(TableQuantity::Friction, soil));
+    takeFromTable(summary.cohesion, tabled->cohesion, tables.reliability(TableQuantity::Cohesion, soil));
+    takeFromTable(summary.modulus, tabled->modulus, tables.reliability(TableQuantity::Modulus, soil));
+    noteTables(summary, tables, soil);
+}
+
 const Statistics* propertyStatisticsOf(const SiteElement& element, int property)
 {
     const auto found = element.properties.find(property);
@@ -124,7 +178,8 @@ void appendValues(std::vector<ElementValue>& values, const SiteElement& element,
 
 } // namespace
 
-ElementSummary summaryOf(IDBProject& project, const SiteElement& element, bool withTyped)
+ElementSummary summaryOf(
+    IDBProject& project, const SiteLaboratory& laboratory, const SiteElement& element, bool withTyped)
 {
     ElementSummary summary;
     summary.name = element.name;
@@ -159,6 +214,7 @@ ElementSummary summaryOf(IDBProject& project, const SiteElement& element, bool w
             summary.modulus.isTypedNormative,
             element.record->texts[element_text::Modulus]);
     }
+    fillFromTables(summary, laboratory, element);
     // The modulus enters settlements as it is.
     summary.modulus.second = summary.modulus.first = summary.modulus.normative;
     return summary;
@@ -168,8 +224,15 @@ std::vector<ElementSummary> summariesOf(IDBProject& project, const SiteLaborator
 {
     std::vector<ElementSummary> summaries;
     for (const SiteElement& element : laboratory.elements())
-        summaries.push_back(summaryOf(project, element, withTyped));
+        summaries.push_back(summaryOf(project, laboratory, element, withTyped));
     return summaries;
+}
+
+std::wstring_view valueMark(const DesignValues& values, bool isTyped)
+{
+    if (isTyped)
+        return typedMark;
+    return values.isFromTable ? tableMark : std::wstring_view();
 }
 
 std::vector<int> propertiesOf(const SiteElement& element)

@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-// The normative and design values of elements as a report has them: computed from the samples, with the
-// values typed into the element over them.
+// The normative and design values of elements as a report has them: computed from the samples, from the
+// standards' tables where there are no tests, with the values typed into the element over them.
 
 struct DesignValues {
     Number normative;
@@ -18,6 +18,7 @@ struct DesignValues {
     bool isTypedNormative = false; // the value is the one typed into the element
     bool isTypedSecond = false;
     bool isTypedFirst = false;
+    bool isFromTable = false; // there are no tests: what is not typed is a standard's value
     std::size_t count = 0; // determinations behind the computed one
 };
 
@@ -35,14 +36,25 @@ struct ElementSummary {
     DesignValues friction; // degrees
     DesignValues cohesion; // kPa
     DesignValues modulus; // MPa; the design values are the normative one
+    Number resistance; // R0 of the standards' tables, kPa
     std::wstring shearWay; // how friction and cohesion came about; empty where they did not
     std::vector<std::wstring> notes; // what is missing or doubtful, in sentences
 };
 
 // Typed values count where told so; else only the samples speak.
-ElementSummary summaryOf(IDBProject& project, const SiteElement& element, bool withTyped);
+ElementSummary summaryOf(
+    IDBProject& project, const SiteLaboratory& laboratory, const SiteElement& element, bool withTyped);
 std::vector<ElementSummary> summariesOf(
     IDBProject& project, const SiteLaboratory& laboratory, bool withTyped);
+
+// How a value is marked beside its number: typed, from a table, or not at all; and what stands below a table
+// of them.
+inline constexpr std::wstring_view typedMark = L"*";
+inline constexpr std::wstring_view tableMark = L"†";
+std::wstring_view valueMark(const DesignValues& values, bool isTyped);
+inline constexpr std::wstring_view summaryLegend =
+    L"II: для расчётов по деформациям, доверительная вероятность 0.85; I: по несущей способности, 0.95. "
+    L"* — введено вручную; † — по таблицам норм, испытаний нет.";
 
 // The properties of which an element has values, by number; 100 stands for the modulus, 101 and 102 for
 // tan(phi) and cohesion of the partial values.
