@@ -19,11 +19,13 @@
 
 #include <QCoreApplication>
 #include <QDynamicPropertyChangeEvent>
+#include <QGuiApplication>
 #include <QItemSelectionModel>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMessageBox>
+#include <QScopeGuard>
 #include <QSettings>
 #include <QSplitter>
 #include <QTimer>
@@ -373,10 +375,33 @@ void ListCoords::settle()
 {
     if (!waiting_)
         return;
-    const PointsChange change = *std::exchange(waiting_, std::nullopt);
+    PointsChange change = *std::exchange(waiting_, std::nullopt);
     IDBProject* asking = controller_->project();
-    if (asking && isWanted(change) && controller_->project() == asking)
+    if (!asking || !isWanted(change) || controller_->project() != asking)
+        return;
+    if (change.isTriedOut)
         make(change);
+    else
+        removeNow(*asking, change);
+}
+
+// In a large project all its registers are copied, so that the points can come back.
+void ListCoords::removeNow(IDBProject& project, PointsChange& change)
+{
+    Q_EMIT signalShowStatusMessage(L"Точки удаляются...");
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    const auto pointer = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
+    table_.carryOut(project, change);
+    *table_.drafts() = change.after.drafts;
+    observe();
+    const auto command = makeReference<ExchangeCommand<PointsState>>(putter(), change.before, change.after);
+    controller_->undoRedo()->add(controller_->undoContext(), command.get());
+    controller_->notify();
+    if (stale_)
+        reload();
+    Q_EMIT signalUpdateMenus();
+    Q_EMIT signalShowStatusMessage(L"Готово.");
+    tellProblems();
 }
 
 bool ListCoords::isWanted(const PointsChange& change)

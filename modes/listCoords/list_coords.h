@@ -53,6 +53,7 @@ private:
     void settle();
     bool isWanted(const PointsChange& change);
     void make(const PointsChange& change);
+    void removeNow(IDBProject& project, PointsChange& change);
     // The step before a change: the same as it was typed, before it was mended.
     void noteTyping(const PointsChange& typing, PointsChange& change);
     void mendNumbers();

@@ -1,253 +1,16 @@
 #include "listCoords/point_cascade.h"
 
-#include "db/exact_key.h"
+#include "listCoords/named_registers.h"
 #include "persistence/section_marks.h"
-#include "site/element_links.h"
-
-#include <algorithm>
-#include <optional>
-#include <stdexcept>
-#include <tuple>
-#include <type_traits>
-#include <unordered_set>
-#include <utility>
 
 namespace
 {
 
-using Names = std::unordered_set<std::wstring>;
-
-// Where in a key the name stands. holds: whether it is one of the names; replace: the key with another name.
-struct WholeKey {
-    static bool holds(const std::wstring& key, const Names& names) { return names.contains(key); }
-    static void replace(std::wstring& key, const std::wstring&, const std::wstring& name) { key = name; }
-
-    template <class Key>
-    static bool holds(const Key& key, const Names& names)
-    {
-        return names.contains(key.pointName);
-    }
-    template <class Key>
-    static void replace(Key& key, const std::wstring&, const std::wstring& name)
-    {
-        key.pointName = name;
-    }
-};
-
-struct EitherText {
-    static bool holds(const CurveKey& key, const Names& names)
-    {
-        return names.contains(key.first) || names.contains(key.second);
-    }
-    static void replace(CurveKey& key, const std::wstring& oldName, const std::wstring& name)
-    {
-        if (key.first == oldName)
-            key.first = name;
-        if (key.second == oldName)
-            key.second = name;
-    }
-};
-
-// Links of layers are numbered: "12:1", "12:2". Those of number 0 belong to elements and to the site.
-struct BeforeColon {
-    static bool holds(const std::wstring& key, const Names& names)
-    {
-        const auto link = readLayerLink(key);
-        return link && names.contains(std::wstring(link->point));
-    }
-    static void replace(std::wstring& key, const std::wstring&, const std::wstring& name)
-    {
-        key.replace(0, key.find(L':'), name);
-    }
-};
-
-// A register whose rows are named by their keys.
-template <class Place>
-struct InKeys {
-    template <class Map>
-    static std::size_t count(const Map& map, const Names& names)
-    {
-        const auto counted = std::count_if(
-            map.begin(), map.end(), [&](const auto& entry) { return Place::holds(entry.first, names); });
-        return static_cast<std::size_t>(counted);
-    }
-
-    template <class Map>
-    static void remove(Map& map, const Names& names)
-    {
-        for (auto entry = map.begin(); entry != map.end();)
-            entry = Place::holds(entry->first, names) ? map.erase(entry) : std::next(entry);
-    }
-
-    // False, or the failure of the ordering, where a row has no place under its new name.
-    template <class Map>
-    static bool rename(Map& map, const std::wstring& oldName, const std::wstring& newName)
-    {
-        std::vector<typename Map::node_type> rows;
-        for (auto entry = map.begin(); entry != map.end();) {
-            const auto next = std::next(entry);
-            if (Place::holds(entry->first, {oldName}))
-                rows.push_back(map.extract(entry));
-            entry = next;
-        }
-        for (auto& row : rows) {
-            Place::replace(row.key(), oldName, newName);
-            // The only row of a map is compared with nothing: see now whether its key can be read.
-            if (map.empty())
-                static_cast<void>(map.key_comp()(row.key(), row.key()));
-            if (!map.insert(std::move(row)).inserted)
-                return false;
-        }
-        return true;
-    }
-};
-
-// The points that a section runs through.
-struct InLines {
-    static std::size_t count(const SectionLineMap& map, const Names& names)
-    {
-        std::size_t counted = 0;
-        for (const auto& [section, points] : map)
-            counted += static_cast<std::size_t>(std::count_if(points.begin(),
-                points.end(),
-                [&](const SectionRef& point) { return names.contains(point.name); }));
-        return counted;
-    }
-    static void remove(SectionLineMap& map, const Names& names)
-    {
-        for (auto& [section, points] : map)
-            std::erase_if(points, [&](const SectionRef& point) { return names.contains(point.name); });
-    }
-    static bool rename(SectionLineMap& map, const std::wstring& oldName, const std::wstring& newName)
-    {
-        for (auto& [section, points] : map)
-            for (SectionRef& point : points)
-                if (point.name == oldName)
-                    point.name = newName;
-        return true;
-    }
-};
-
-// The two points between which a section runs.
-struct AtEnds {
-    static std::size_t count(const SectionPointMap& map, const Names& names)
-    {
-        std::size_t counted = 0;
-        for (const auto& [section, ends] : map)
-            counted += (names.contains(ends.textA) ? 1U : 0U) + (names.contains(ends.textB) ? 1U : 0U);
-        return counted;
-    }
-    static void remove(SectionPointMap& map, const Names& names)
-    {
-        for (auto& [section, ends] : map)
-            for (std::wstring* end : {&ends.textA, &ends.textB})
-                if (names.contains(*end))
-                    end->clear();
-    }
-    static bool rename(SectionPointMap& map, const std::wstring& oldName, const std::wstring& newName)
-    {
-        for (auto& [section, ends] : map)
-            for (std::wstring* end : {&ends.textA, &ends.textB})
-                if (*end == oldName)
-                    *end = newName;
-        return true;
-    }
-};
-
-enum class Owner {
-    Point, // the name can be a point's only
-    PointOrElement, // an element of that name has the better claim
-};
-
-template <auto getter, class Place>
-struct Register {
-    using Map = std::remove_reference_t<std::invoke_result_t<decltype(getter), IDBProject&>>;
-
-    std::wstring_view title;
-    Owner owner = Owner::Point;
-
-    static Map& of(IDBProject& project) { return (project.*getter)(); }
-
-    std::size_t count(IDBProject& project, const Names& names) const
-    {
-        return Place::count(of(project), names);
-    }
-    void remove(IDBProject& project, const Names& names) const { Place::remove(of(project), names); }
-    bool rename(IDBProject& project, const std::wstring& oldName, const std::wstring& newName) const
-    {
-        try {
-            return Place::rename(of(project), oldName, newName);
-        } catch (const std::logic_error&) {
-            return false;
-        }
-    }
-};
-
-template <auto getter>
-using Keyed = Register<getter, InKeys<WholeKey>>;
-template <auto getter>
-using Lines = Register<getter, InLines>;
-template <auto getter>
-using Ends = Register<getter, AtEnds>;
-
-// Every register that names points, in the order of the modes.
-// clang-format off
-constexpr auto registers = std::make_tuple(
-    Keyed<&IDBProject::getLithology>       {L"Литология"},
-    Keyed<&IDBProject::getSamples>         {L"Пробы"},
-    Keyed<&IDBProject::getWaterLevels>     {L"Уровень воды"},
-    Keyed<&IDBProject::getConsistency>     {L"Консистенция"},
-    Keyed<&IDBProject::getLabSamples>      {L"Лабораторные пробы"},
-
-    Keyed<&IDBProject::getSoundings>       {L"Статическое зондирование"},
-    Keyed<&IDBProject::getSoundingFlags>   {L"Типы грунта зондирований", Owner::PointOrElement},
-
-    Lines<&IDBProject::getSectionLines>    {L"Линии разрезов"},
-    Ends<&IDBProject::getSectionPoints>    {L"Концы разрезов"},
-    Register<&IDBProject::getSectionCurves, InKeys<EitherText>>
-                                           {L"Кривые разрезов", Owner::PointOrElement},
-    Lines<&IDBProject::getTerrainLines>    {L"Линии разрезов на модели местности"},
-    Ends<&IDBProject::getTerrainPoints>    {L"Концы разрезов на модели местности"},
-
-    Register<&IDBProject::getNumberedLinks, InKeys<BeforeColon>>
-                                           {L"Нумерованные ссылки"},
-    Keyed<&IDBProject::getSubsidence>      {L"Общая просадочность"},
-    Keyed<&IDBProject::getSubsidenceNames> {L"Наименования просадочности", Owner::PointOrElement},
-    Keyed<&IDBProject::getSubsidenceGroups>{L"Группы просадочности", Owner::PointOrElement},
-    Keyed<&IDBProject::getChemistry>       {L"Химический анализ"});
-// clang-format on
-
 template <class Visitor>
 void forEachRegister(Visitor visit)
 {
-    std::apply([&](const auto&... each) { (visit(each), ...); }, registers);
+    std::apply([&](const auto&... each) { (visit(each), ...); }, namedRegisters);
 }
-
-// The names as they count for a register of points, and for one of points or elements.
-struct WantedNames {
-    WantedNames(IDBProject& project, const std::vector<std::wstring>& names)
-        : all(names.begin(), names.end())
-        , withoutElements(all)
-    {
-        for (const auto& [name, element] : project.getStrataElements())
-            withoutElements.erase(name);
-    }
-    template <class Part>
-    const Names& of(const Part& part) const
-    {
-        return part.owner == Owner::Point ? all : withoutElements;
-    }
-
-    Names all;
-    Names withoutElements;
-};
-
-template <class>
-struct CopiesOf;
-template <class... Parts>
-struct CopiesOf<std::tuple<Parts...>> {
-    using Tuple = std::tuple<std::optional<typename Parts::Map>...>;
-};
 
 std::wstring unreadEnd(const SectionPointMap& points, SectionLineMap& lines, PointRegister& pointRegister)
 {
@@ -264,58 +27,6 @@ std::wstring unreadEnd(const SectionPointMap& points, SectionLineMap& lines, Poi
 }
 
 } // namespace
-
-struct RegistersCopy::Maps {
-    PointRegister points;
-    CopiesOf<std::remove_const_t<decltype(registers)>>::Tuple others;
-
-    // Walks registers and copies side by side.
-    template <class Self, class Visitor>
-    static void forEach(Self& self, Visitor visit)
-    {
-        const auto walk = [&]<std::size_t... index>(std::index_sequence<index...>)
-        {
-            (visit(std::get<index>(registers), std::get<index>(self.others)), ...);
-        };
-        walk(std::make_index_sequence<std::tuple_size_v<decltype(registers)>>());
-    }
-};
-
-RegistersCopy::RegistersCopy(IDBProject& project, const std::vector<std::wstring>& pointNames)
-{
-    const WantedNames names(project, pointNames);
-    const auto maps = std::make_shared<Maps>();
-    maps->points = project.getPointRegister();
-    Maps::forEach(*maps, [&](const auto& part, auto& copy) {
-        if (part.count(project, names.of(part)) > 0)
-            copy = part.of(project);
-    });
-    maps_ = maps;
-}
-
-RegistersCopy::RegistersCopy(IDBProject& project, const RegistersCopy& same)
-{
-    if (!same.maps_)
-        return;
-    const auto maps = std::make_shared<Maps>(*same.maps_);
-    maps->points = project.getPointRegister();
-    Maps::forEach(*maps, [&](const auto& part, auto& copy) {
-        if (copy)
-            copy = part.of(project);
-    });
-    maps_ = maps;
-}
-
-void RegistersCopy::putBack(IDBProject& project) const
-{
-    if (!maps_)
-        return;
-    project.setPointRegister(maps_->points);
-    Maps::forEach(*maps_, [&](const auto& part, const auto& copy) {
-        if (copy)
-            part.of(project) = *copy;
-    });
-}
 
 std::vector<PointUse> findPointUses(IDBProject& project, const std::vector<std::wstring>& pointNames)
 {
@@ -336,6 +47,13 @@ std::wstring sectionWithoutMark(IDBProject& project)
                            : section;
 }
 
+static std::wstring unmarkedEnd(const std::wstring& section)
+{
+    return L"на конце сечения «" + section
+        + L"» оказалась бы точка без числа в абсолютной отметке, и файл проекта перестал бы"
+          L" открываться; сначала введите отметку";
+}
+
 // Makes the change; where it says why not, or leaves a section whose mark nobody can read, all is put back.
 template <class Change>
 static std::wstring changeOrPutBack(
@@ -346,9 +64,7 @@ static std::wstring changeOrPutBack(
     std::wstring refusal = change();
     if (refusal.empty() && wereAllMarked)
         if (const std::wstring section = sectionWithoutMark(project); !section.empty())
-            refusal = L"на конце сечения «" + section
-                + L"» оказалась бы точка без числа в абсолютной отметке, и файл проекта перестал бы"
-                  L" открываться; сначала введите отметку";
+            refusal = unmarkedEnd(section);
     if (!refusal.empty())
         before.putBack(project);
     return refusal;
@@ -379,12 +95,38 @@ std::wstring renamePoint(IDBProject& project, const std::wstring& oldName, const
     });
 }
 
+// What is left of the rows without the points, in a copy.
+template <class Place, class Map>
+static Map withoutPoints(Map rows, const PointNames& names)
+{
+    Place::remove(rows, names);
+    return rows;
+}
+
+std::wstring removalRefusal(IDBProject& project, const std::vector<std::wstring>& pointNames)
+{
+    const bool hasEnds = !project.getSectionPoints().empty() || !project.getTerrainPoints().empty();
+    if (!hasEnds || !sectionWithoutMark(project).empty())
+        return {};
+    const PointNames names(pointNames.begin(), pointNames.end());
+    PointRegister points = withoutPoints<InKeys<WholeKey>>(project.getPointRegister(), names);
+    const auto unmarked = [&](const SectionPointMap& ends, const SectionLineMap& lines) {
+        SectionLineMap lineLeft = withoutPoints<InLines>(lines, names);
+        return unreadEnd(withoutPoints<AtEnds>(ends, names), lineLeft, points);
+    };
+    std::wstring section = unmarked(project.getSectionPoints(), project.getSectionLines());
+    if (section.empty())
+        section = unmarked(project.getTerrainPoints(), project.getTerrainLines());
+    return section.empty() ? std::wstring() : unmarkedEnd(section);
+}
+
 std::wstring removePoints(IDBProject& project, const std::vector<std::wstring>& pointNames)
 {
-    return changeOrPutBack(project, pointNames, [&]() -> std::wstring {
-        const WantedNames names(project, pointNames);
-        InKeys<WholeKey>::remove(project.getPointRegister(), names.all);
-        forEachRegister([&](const auto& part) { part.remove(project, names.of(part)); });
-        return {};
-    });
+    std::wstring refusal = removalRefusal(project, pointNames);
+    if (!refusal.empty())
+        return refusal;
+    const WantedNames names(project, pointNames);
+    InKeys<WholeKey>::remove(project.getPointRegister(), names.all);
+    forEachRegister([&](const auto& part) { part.remove(project, names.of(part)); });
+    return {};
 }

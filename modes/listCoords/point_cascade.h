@@ -27,8 +27,11 @@ std::vector<PointUse> findPointUses(IDBProject& project, const std::vector<std::
 // changed. Whether the new name is free among the points is for the caller to see first.
 std::wstring renamePoint(IDBProject& project, const std::wstring& oldName, const std::wstring& newName);
 
+// Why the points have to stay, or an empty text; looks ahead and changes nothing.
+std::wstring removalRefusal(IDBProject& project, const std::vector<std::wstring>& pointNames);
+
 // Takes the points out of every register; lines of sections lose them and go on, ends of sections are left
-// open. Returns as renamePoint does.
+// open. Returns what removalRefusal says.
 std::wstring removePoints(IDBProject& project, const std::vector<std::wstring>& pointNames);
 
 // The section, if any, whose end lacks a mark and would take it from a point whose own mark is no number: a

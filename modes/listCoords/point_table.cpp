@@ -331,7 +331,26 @@ PointsChange PointTable::change(IDBProject& project, const GridRows& before, con
     PointsChange change;
     change.before.drafts = *drafts_;
     change.after.drafts = noteEdits(before, after, change.removed);
+    if (!change.removed.empty()) {
+        change.refusal = removalRefusal(project, change.removed);
+        change.keysChanged = change.refusal.empty();
+        change.uses = findPointUses(project, change.removed);
+        change.isTriedOut = change.refusal.empty() && change.uses.empty();
+        if (!change.isTriedOut)
+            return change;
+    }
+    carryOut(project, change);
+    change.before.putInto(project);
 
+    std::vector<std::wstring> moving = change.removed;
+    for (const auto& [from, to] : change.renamed)
+        moving.push_back(from);
+    change.uses = findPointUses(project, moving);
+    return change;
+}
+
+void PointTable::carryOut(IDBProject& project, PointsChange& change)
+{
     std::set<std::wstring> edited;
     std::vector<std::wstring> moving = change.removed;
     for (const PointDraft& draft : change.after.drafts) {
@@ -344,12 +363,8 @@ PointsChange PointTable::change(IDBProject& project, const GridRows& before, con
     change.before.rows = rowsOf(project, edited);
     change.before.registers = RegistersCopy(project, moving);
 
-    if (!change.removed.empty()) {
+    if (!change.removed.empty())
         change.refusal = removePoints(project, change.removed);
-        change.keysChanged = change.refusal.empty();
-        if (!change.refusal.empty())
-            return change;
-    }
     store(project, change.after.drafts, change);
     if (change.keysChanged) {
         change.after.registers = RegistersCopy(project, change.before.registers);
@@ -358,11 +373,5 @@ PointsChange PointTable::change(IDBProject& project, const GridRows& before, con
         change.before.registers = {};
         change.after.rows = rowsOf(project, edited);
     }
-    change.before.putInto(project);
-
-    moving = change.removed;
-    for (const auto& [from, to] : change.renamed)
-        moving.push_back(from);
-    change.uses = findPointUses(project, moving);
-    return change;
+    change.isTriedOut = true;
 }

@@ -43,6 +43,7 @@ struct PointsChange {
     std::vector<std::wstring> removed;
     std::vector<PointUse> uses; // rows of other registers that go along
     std::wstring refusal; // why rows that should go have to stay; nothing is changed then
+    bool isTriedOut = true; // false: the project is as before, and what comes after is not known yet
     bool stored = false; // some cell or name has gone into the project
     bool keysChanged = false; // points have come, gone or changed their names or kinds
 
@@ -56,7 +57,11 @@ public:
     GridRows rows(IDBProject& project);
 
     // What the user did when the table that looked like `before` shall look like `after`.
+    // Tried out and taken back again; but not where points go for good whose rows the user is asked about
+    // first: that question must not wait for all of a large project to be copied.
     PointsChange change(IDBProject& project, const GridRows& before, const GridRows& after);
+    // Makes up for it, and leaves the project as it is afterwards.
+    void carryOut(IDBProject& project, PointsChange& change);
 
     std::shared_ptr<PointDrafts> drafts() const { return drafts_; }
     // The point in a row; empty where it is none yet.

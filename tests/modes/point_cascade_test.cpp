@@ -233,7 +233,11 @@ TEST(PointCascade, SectionEndWithoutMarkKeepsItsPoint)
         project->addPointRegisterEntry({L"2", 1}, {rowWithMark(hasMark ? L"11" : L"")});
         project->addSectionLine(L"Разрез 1-1'", {{L"1", 0}, {L"2", 0}, {L"3", 0}});
         project->addSectionPoint(L"Разрез 1-1'", {L"1", L"3", 0, 0, 0.F, 5.F});
+        const auto written = bytesOf(*project);
+        const std::wstring foreseen = removalRefusal(*project, {L"1"});
+        EXPECT_EQ(bytesOf(*project), written);
         const std::wstring refusal = removePoints(*project, {L"1"});
+        EXPECT_EQ(foreseen, refusal);
         EXPECT_EQ(refusal.empty(), hasMark);
         EXPECT_EQ(project->getPointRegister().size(), hasMark ? 1U : 2U);
         EXPECT_EQ(refusal.find(L"Разрез 1-1'") == std::wstring::npos, hasMark);
