@@ -2,6 +2,7 @@
 
 #include <QDialogButtonBox>
 #include <QFontMetrics>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -123,4 +124,47 @@ TEST(StampDialog, WindowOfFixedSizeClosesByItsButton)
     QTest::mouseClick(dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok), Qt::LeftButton);
     EXPECT_FALSE(dialog.isVisible());
     EXPECT_EQ(dialog.result(), QDialog::Accepted);
+}
+
+// How many cells may be at most how large, and what stands above the three stamps.
+TEST(StampDialog, CellsAndHeadingsAreAsInTheForm)
+{
+    const StampDialog dialog(false);
+    EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Параметры штампов проекта"));
+    std::map<std::pair<int, int>, int> sizes;
+    for (const QLineEdit* cell : cellsOf(dialog)) {
+        ++sizes[{cell->maximumWidth(), cell->maximumHeight()}];
+        EXPECT_EQ(cell->alignment(), Qt::AlignCenter);
+        EXPECT_EQ(cell->sizePolicy().horizontalPolicy(), QSizePolicy::Fixed);
+        EXPECT_EQ(cell->sizePolicy().verticalPolicy(), QSizePolicy::Fixed);
+        const bool printed =
+            cell->palette().color(QPalette::Base) == dialog.palette().color(QPalette::Window);
+        EXPECT_EQ(printed, !cell->text().isEmpty());
+        if (cell->maximumWidth() == 340) {
+            EXPECT_EQ(cell->minimumWidth(), 340);
+        }
+    }
+    const std::map<std::pair<int, int>, int> wanted{{{50, 20}, 25 + 25 + 6},
+        {{80, 20}, 5 + 5 + 6},
+        {{100, 20}, 6 + 6},
+        {{80, 60}, 6 + 4 + 6},
+        {{340, 60}, 1},
+        {{60, 60}, 1},
+        {{60, 120}, 1},
+        {{100, 60}, 2},
+        {{290, 60}, 1},
+        {{50, 60}, 2}};
+    for (const auto& [size, count] : wanted)
+        EXPECT_EQ(sizes[size], count) << size.first << " by " << size.second;
+    EXPECT_EQ(cellsOf(dialog).size(), 108 + 2) << "and the two wide ones";
+
+    QStringList headings;
+    for (const QLabel* label : dialog.findChildren<QLabel*>()) {
+        headings << label->text();
+        EXPECT_TRUE(label->font().bold() && label->font().italic());
+    }
+    EXPECT_EQ(headings,
+        (QStringList{QStringLiteral("Основной штамп"),
+            QStringLiteral("Узкий штамп"),
+            QStringLiteral("Боковой штамп")}));
 }

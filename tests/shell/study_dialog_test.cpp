@@ -8,6 +8,7 @@
 #include <QHeaderView>
 #include <QImage>
 #include <QLineEdit>
+#include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -161,4 +162,56 @@ TEST(StudyDialog, ProjectWithoutPointsHasTheTitlesAlone)
     dialog.show();
     EXPECT_EQ(tableOf(dialog).model()->rowCount(), 0);
     EXPECT_EQ(tableOf(dialog).horizontalHeader()->count(), 8);
+}
+
+TEST(StudyDialog, WindowAndColumnsAreAsWide)
+{
+    const auto project = projectWith({L"1"});
+    StudyDialog dialog(project.get());
+    EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Исследования для комплексных точек"));
+    EXPECT_EQ(dialog.size(), QSize(1250, 700));
+    EXPECT_TRUE(dialog.isModal());
+    EXPECT_EQ(dialog.windowType(), Qt::Dialog);
+    const char* const titles[] = {"Имя\nточки",
+        "Литология",
+        "Пробы",
+        "Уровень\nводы",
+        "Консистенция",
+        "Статическое\nзондирование",
+        "Общая\nпросадочность",
+        "Химический\nанализ"};
+    const StudyTable& table = tableOf(dialog);
+    for (int column = 0; column < 8; ++column) {
+        EXPECT_EQ(table.columnWidth(column), 150) << column;
+        EXPECT_EQ(
+            table.model()->headerData(column, Qt::Horizontal).toString(), QString::fromUtf8(titles[column]));
+        EXPECT_FALSE(table.model()->headerData(column, Qt::Horizontal, Qt::EditRole).isValid());
+    }
+}
+
+TEST(StudyTable, EditsWhatItShowsAndTellsOfARefresh)
+{
+    const auto project = projectWith({L"1"});
+    project->addSample({L"1", L"2"}, {});
+    StudyController controller(project.get());
+    StudyModel model(&controller, nullptr);
+    StudyTable table(&controller, &model, nullptr);
+    controller.setModel(&model);
+    controller.setTable(&table);
+    controller.rebuildRows();
+    for (int column = 0; column < 8; ++column) {
+        const QModelIndex cell = model.index(0, column);
+        EXPECT_EQ(cell.data(Qt::EditRole), cell.data(Qt::DisplayRole)) << column;
+        EXPECT_FALSE(cell.flags().testFlag(Qt::ItemIsEditable));
+        EXPECT_FALSE(cell.data(Qt::ToolTipRole).isValid());
+    }
+    EXPECT_EQ(model.index(0, 2).data(Qt::EditRole).toString(), QStringLiteral("\u00D6"));
+    table.setCurrentIndex(model.index(0, 3));
+    const QSignalSpy changes(&model, &QAbstractItemModel::dataChanged);
+    const QSignalSpy layouts(&model, &QAbstractItemModel::layoutChanged);
+    controller.refresh();
+    ASSERT_EQ(changes.count(), 1);
+    EXPECT_EQ(changes[0][0].toModelIndex(), table.currentIndex());
+    EXPECT_EQ(changes[0][1].toModelIndex(), table.currentIndex());
+    EXPECT_EQ(layouts.count(), 1);
 }
