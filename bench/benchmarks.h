@@ -7,6 +7,7 @@ void addOpenSaveBenchmarks();
 void addMapBenchmarks();
 void addClassificationBenchmarks();
 void addLaboratoryBenchmarks();
+void addElementBenchmarks();
 
 // One operation of the topic opening and saving, in a process of its own (probe.h).
 int measure(const std::string& operation, const std::string& peerName, const std::string& path);

@@ -163,20 +163,29 @@ QWidget* StatisticsPage::makeTables()
 
 void StatisticsPage::read(IDBProject* project)
 {
+    // Of a value that was put out or taken back here only its own element knows.
+    if (project && laboratory_ && toggled_) {
+        laboratory_->recompute(*project, language(), *toggled_);
+        showElement();
+        return;
+    }
     laboratory_.reset();
     const QSignalBlocker quiet(elements_);
     elements_->clear();
     if (project) {
-        ISettings* settings = screen_.settings();
-        laboratory_ = std::make_unique<SiteLaboratory>(
-            *project, settings ? knownLanguage(settings->reportLanguage()) : 0);
+        laboratory_ = std::make_unique<SiteLaboratory>(*project, language());
         for (const SiteElement& each : laboratory_->elements()) {
             const std::wstring name(each.name);
             elements_->addItem(each.record ? swatch(colorOf(*each.record)) : QIcon(),
                 QStringLiteral("%1 — проб: %2").arg(elementTitle(*project, name)).arg(each.samples.size()),
                 QString::fromStdWString(name));
         }
-        elements_->setCurrentIndex(qMax(elements_->findData(wanted_), elements_->count() > 0 ? 0 : -1));
+        // Until one is chosen, the first that has something to show.
+        int shown = wanted_.isEmpty() ? -1 : elements_->findData(wanted_);
+        for (int each = 0; each < elements_->count() && shown < 0; ++each)
+            if (!laboratory_->elements()[std::size_t(each)].samples.empty())
+                shown = each;
+        elements_->setCurrentIndex(qMax(shown, elements_->count() > 0 ? 0 : -1));
     }
     showElement();
 }
@@ -209,11 +218,15 @@ int StatisticsPage::property() const
     return row >= 0 && std::size_t(row) < properties_.size() ? properties_[std::size_t(row)] : -1;
 }
 
+int StatisticsPage::language() const
+{
+    return screen_.settings() ? knownLanguage(screen_.settings()->reportLanguage()) : 0;
+}
+
 void StatisticsPage::showElement()
 {
     const SiteElement* shown = element();
     properties_ = shown ? propertiesOf(*shown) : std::vector<int>();
-    const int language = screen_.settings() ? knownLanguage(screen_.settings()->reportLanguage()) : 0;
     QVector<ResultRow> rows;
     for (const int each : properties_) {
         const Statistics& statistics = *statisticsOf(*shown, each);
@@ -221,7 +234,7 @@ void StatisticsPage::showElement()
         const auto out = std::count_if(statistics.excluded.begin(),
             statistics.excluded.end(),
             [](ExcludedBy by) { return by != ExcludedBy::Nobody; });
-        rows.append({{QString::fromStdWString(elementPropertyName(each, language))},
+        rows.append({{QString::fromStdWString(elementPropertyName(each, language()))},
             {QString::number(statistics.count)},
             {out == 0 ? QString() : QString::number(out)},
             {number(statistics.mean, decimals), ResultCell::Bold},
@@ -300,7 +313,6 @@ void StatisticsPage::showPicture()
     }
     view_->setMessage({});
     const std::wstring title = L"ИГЭ " + std::wstring(shortElementName(shown->name));
-    const int language = screen_.settings() ? knownLanguage(screen_.settings()->reportLanguage()) : 0;
     std::vector<Drawing> pages;
     switch (pictures_->currentIndex()) {
     case Gradings:
@@ -319,7 +331,7 @@ void StatisticsPage::showPicture()
                 values_,
                 *statisticsOf(*shown, chosen),
                 title,
-                elementPropertyName(chosen, language)));
+                elementPropertyName(chosen, language())));
     }
     view_->setPages(std::move(pages), {}, QString::fromStdWString(title));
 }
@@ -335,7 +347,9 @@ void StatisticsPage::toggleValue()
     const SampleState before{*sample.key, *sample.sample};
     SampleState after = before;
     toggleExclusion(after.sample, property(), shown->shear.method, value.excluded);
+    toggled_ = value.sample;
     screen_.change<SampleState>(putSample, before, after);
+    toggled_.reset();
 }
 
 std::optional<Document> StatisticsPage::report()

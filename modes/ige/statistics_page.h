@@ -3,7 +3,9 @@
 #include "common/page.h"
 #include "site/element_summary.h"
 
+#include <cstddef>
 #include <memory>
+#include <optional>
 
 class DrawingView;
 class ModeScreen;
@@ -32,6 +34,7 @@ private:
     void showPicture();
     void toggleValue();
     int property() const;
+    int language() const;
     const SiteElement* element() const;
 
     ModeScreen& screen_;
@@ -39,6 +42,7 @@ private:
     std::vector<int> properties_; // of the rows
     std::vector<ElementValue> values_; // of the chosen property
     std::vector<std::size_t> shownValues_; // sample of each row of the values
+    std::optional<std::size_t> toggled_; // sample of the value that goes out or comes back just now
     QString wanted_; // number of the element that the user has chosen
     QComboBox* elements_;
     QComboBox* pictures_;

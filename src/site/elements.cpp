@@ -172,32 +172,57 @@ void SiteLaboratory::computeElements(IDBProject& project)
     for (std::size_t i = 0; i < samples_.size(); ++i)
         if (const auto place = places.find(samples_[i].element); place != places.end())
             elements_[place->second].samples.push_back(i);
-    for (SiteElement& element : elements_) {
-        std::set<int> numbers;
-        for (const std::size_t sample : element.samples)
-            for (const PropertyCell& cell : samples_[sample].sample->physical)
-                if (!isDerived(cell.id))
-                    numbers.insert(cell.id);
-        for (const int number : numbers) {
-            ElementStatistics statistics = propertyStatistics(samples_, element.samples, number);
-            if (!statistics.values.empty())
-                element.properties.emplace(number, std::move(statistics));
-        }
-        const auto meanOf = [&](int number) {
-            const auto found = element.properties.find(number);
-            return found == element.properties.end() ? Number() : found->second.statistics.mean;
-        };
-        PhysicalInput means;
-        means.moisture = meanOf(0);
-        means.density = meanOf(1);
-        means.particleDensity = meanOf(2);
-        means.liquidLimit = meanOf(3);
-        means.plasticLimit = meanOf(4);
-        means.isOrganic = element.record->code == static_cast<std::int32_t>(ElementKind::Organic);
-        element.fromMeans = physicalOf(means);
-        element.modulus = modulusStatistics(samples_, element.samples);
-        element.shear = shearStatistics(samples_, element.samples);
+    for (SiteElement& element : elements_)
+        computeStatistics(element);
+}
+
+void SiteLaboratory::computeStatistics(SiteElement& element) const
+{
+    element.properties.clear();
+    std::set<int> numbers;
+    for (const std::size_t sample : element.samples)
+        for (const PropertyCell& cell : samples_[sample].sample->physical)
+            if (!isDerived(cell.id))
+                numbers.insert(cell.id);
+    for (const int number : numbers) {
+        ElementStatistics statistics = propertyStatistics(samples_, element.samples, number);
+        if (!statistics.values.empty())
+            element.properties.emplace(number, std::move(statistics));
     }
+    const auto meanOf = [&](int number) {
+        const auto found = element.properties.find(number);
+        return found == element.properties.end() ? Number() : found->second.statistics.mean;
+    };
+    PhysicalInput means;
+    means.moisture = meanOf(0);
+    means.density = meanOf(1);
+    means.particleDensity = meanOf(2);
+    means.liquidLimit = meanOf(3);
+    means.plasticLimit = meanOf(4);
+    means.isOrganic = element.record->code == static_cast<std::int32_t>(ElementKind::Organic);
+    element.fromMeans = physicalOf(means);
+    element.modulus = modulusStatistics(samples_, element.samples);
+    element.shear = shearStatistics(samples_, element.samples);
+}
+
+void SiteLaboratory::recompute(IDBProject& project, int language, std::size_t place)
+{
+    SiteSample& sample = samples_[place];
+    const auto owner = std::find_if(elements_.begin(), elements_.end(), [&](const SiteElement& element) {
+        return element.name == sample.element;
+    });
+    const std::optional<GrainScale> scale = grainScaleOf(project);
+    sample.result = sampleResult(*sample.sample,
+        project.getLabTriple(),
+        scale.value_or(GrainScale::Above200),
+        owner == elements_.end() ? 0 : owner->record->code);
+    if (scale) {
+        SoilClassifier classifier(project, language);
+        sample.soil = nameSoil(classifier.ground(), *sample.sample, sample.result, *scale, language);
+    }
+    addCollapse(sample.result, sample.naturalStress);
+    if (owner != elements_.end())
+        computeStatistics(*owner);
 }
 
 void SiteLaboratory::computeStresses(IDBProject& project)

@@ -72,9 +72,14 @@ public:
     const std::vector<SiteElement>& elements() const { return elements_; }
     const SiteElement* element(std::wstring_view name) const;
 
+    // Computes one sample and the statistics of its element anew, after cells of that sample have changed and
+    // nothing else. Stresses in place stay as they were.
+    void recompute(IDBProject& project, int language, std::size_t sample);
+
 private:
     void computeSamples(IDBProject& project, int language);
     void computeElements(IDBProject& project);
+    void computeStatistics(SiteElement& element) const;
     void computeStresses(IDBProject& project);
 
     std::vector<SiteSample> samples_;

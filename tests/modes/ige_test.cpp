@@ -10,10 +10,16 @@
 #include "site/element_links.h"
 
 #include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDialog>
 #include <QFrame>
+#include <QLabel>
+#include <QListWidget>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTest>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 namespace
@@ -57,6 +63,41 @@ protected:
         GridRows rows = grid().rows().rows();
         rows[row].cells[column] = QString::fromWCharArray(text);
         Q_EMIT grid().edited(rows);
+    }
+    // Keys as a person presses them: into the open cell, else into the table.
+    void goTo(int row, int column)
+    {
+        QApplication::setActiveWindow(&screen);
+        grid().setFocus();
+        grid().setCurrentIndex(grid().model()->index(row, column));
+    }
+    static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    }
+    void enter(int row, int column, const QString& text)
+    {
+        goTo(row, column);
+        press(Qt::Key_F2);
+        press(Qt::Key_A, Qt::ControlModifier);
+        for (const QChar& letter : text)
+            QTest::sendKeyEvent(
+                QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, letter, Qt::NoModifier);
+        press(Qt::Key_Return);
+    }
+    void paste(int row, int column, const QString& text)
+    {
+        goTo(row, column);
+        QApplication::clipboard()->setText(text);
+        press(Qt::Key_V, Qt::ControlModifier);
+    }
+    QString offer() { return notice().findChild<QPushButton*>()->text(); }
+    std::wstring names()
+    {
+        std::wstring all;
+        for (const auto& [name, record] : project->getStrataElements())
+            all += name + L" ";
+        return all;
     }
     const StrataElement& element(const wchar_t* name)
     {
@@ -113,6 +154,138 @@ TEST_F(IgeScreenTest, ANewNumberGoesWithItsLayersAndBack)
     EXPECT_TRUE(project->getStrataElements().empty());
     controller.undo();
     EXPECT_EQ(link(L"С-1:1"), L"1");
+}
+
+TEST_F(IgeScreenTest, KeysAndPastesLetNothingInThatTheFileWouldLose)
+{
+    enter(0, 1, QStringLiteral("аQ_III")); // a Cyrillic a
+    EXPECT_TRUE(notice().isVisible());
+    EXPECT_EQ(offer(), QStringLiteral("Записать «aQ_III»"));
+    EXPECT_EQ(element(L"1").texts[0], L"");
+    QTest::mouseClick(notice().findChild<QPushButton*>(), Qt::LeftButton);
+    EXPECT_EQ(element(L"1").texts[0], L"aQ_III");
+    enter(0, 1, QStringLiteral("aQ III"));
+    EXPECT_EQ(offer(), QStringLiteral("Записать «aQIII»"));
+    EXPECT_EQ(element(L"1").texts[0], L"aQ_III");
+    paste(0, 5, QStringLiteral("1,95\t1 90\n"));
+    EXPECT_EQ(element(L"1").texts[1] + L"|" + element(L"1").texts[2], L"|") << "a block goes in whole or not";
+    paste(0, 5, QStringLiteral("1,95\t1.90\n"));
+    EXPECT_EQ(element(L"1").texts[1] + L"|" + element(L"1").texts[2], L"1.95|1.90");
+    paste(1, 0, QStringLiteral("2\tжQ\tПесок\n"));
+    EXPECT_EQ(names(), L"1 ") << "nor as a new row";
+    paste(1, 0, QStringLiteral("2\taQ\tПесок\tПесок\n"));
+    EXPECT_EQ(names(), L"1 2 ");
+    EXPECT_EQ(element(L"2").code, 1);
+    goTo(0, 0);
+    press(Qt::Key_Delete, Qt::ControlModifier);
+    EXPECT_EQ(names(), L"2 ");
+    EXPECT_EQ(link(L"С-1:1"), L"-");
+    controller.undo();
+    EXPECT_EQ(link(L"С-1:1"), L"1");
+    EXPECT_TRUE(Q_EMIT screen.signalUpdateDB());
+}
+
+TEST_F(IgeScreenTest, NamesThatDoNotMixAreOfferedOneFormAtOnce)
+{
+    enter(1, 0, QStringLiteral("2а"));
+    EXPECT_EQ(names(), L"1 ");
+    ASSERT_EQ(offer(), QStringLiteral("Дать всем вид «ИГЭ-2а»"));
+    QTest::mouseClick(notice().findChild<QPushButton*>(), Qt::LeftButton);
+    EXPECT_EQ(names(), L"ИГЭ-1 ИГЭ-2а ");
+    EXPECT_EQ(link(L"С-1:1"), L"ИГЭ-1");
+    EXPECT_EQ(grid().model()->index(1, 0).data().toString(), QStringLiteral("2а")) << "shown short";
+    enter(2, 0, QStringLiteral("10"));
+    EXPECT_EQ(names(), L"ИГЭ-1 ИГЭ-10 ИГЭ-2а ") << "typed short";
+    controller.undo();
+    controller.undo();
+    EXPECT_EQ(names(), L"1 ");
+    EXPECT_EQ(link(L"С-1:1"), L"1");
+
+    enter(1, 0, QStringLiteral("1.1")); // reads as 1
+    ASSERT_EQ(offer(), QStringLiteral("Дать всем вид «ИГЭ-1.1»"));
+    QTest::mouseClick(notice().findChild<QPushButton*>(), Qt::LeftButton);
+    EXPECT_EQ(names(), L"ИГЭ-1 ИГЭ-1.1 ");
+    enter(0, 0, QStringLiteral("1.1"));
+    EXPECT_TRUE(notice().isVisible()) << "there is one of that name";
+    EXPECT_EQ(names(), L"ИГЭ-1 ИГЭ-1.1 ");
+}
+
+TEST_F(IgeScreenTest, ChosenLayersBecomeAnElementOfTheirOwn)
+{
+    project->addNumberedLink(L"С-2:1", L"1");
+    project->addNumberedLink(L"ИГЭ 1:0", L"Суглинок");
+    Q_EMIT screen.signalUpdateInfo();
+    look();
+    goTo(0, 1);
+    QTimer::singleShot(0, [] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        auto* list = dialog->findChild<QListWidget*>();
+        ASSERT_EQ(list->count(), 2);
+        list->setCurrentRow(1);
+        QTest::keyClick(list, Qt::Key_Space);
+        for (QPushButton* button : dialog->findChildren<QPushButton*>())
+            if (button->text() == QStringLiteral("Разделить"))
+                return QTest::mouseClick(button, Qt::LeftButton);
+        dialog->reject();
+    });
+    for (QPushButton* button : screen.findChildren<QPushButton*>())
+        if (button->text() == QStringLiteral("Разделить…"))
+            QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_EQ(names(), L"1 2 ");
+    EXPECT_EQ(link(L"С-1:1") + link(L"С-2:1"), L"12");
+    EXPECT_EQ(elementName(project->getNumberedLinks(), L"2"), L"Суглинок");
+    controller.undo();
+    EXPECT_EQ(names(), L"1 ");
+    EXPECT_EQ(link(L"С-2:1"), L"1");
+}
+
+TEST_F(IgeScreenTest, StatisticsOpenWhereThereAreSamples)
+{
+    project->addStrataElement(L"2", {});
+    findExact(project->getNumberedLinks(), L"С-1:1")->second = L"2";
+    Q_EMIT screen.signalUpdateInfo();
+    look();
+    turnTo(2);
+    EXPECT_EQ(screen.findChild<QComboBox*>(QStringLiteral("element"))->currentData().toString(),
+        QStringLiteral("2"));
+}
+
+TEST_F(IgeScreenTest, TheSummaryMarksTypedValuesAndThoseOfTables)
+{
+    for (const auto& [number, value] :
+        {std::pair(0, L"0.212"), std::pair(2, L"2.71"), std::pair(3, L"0.312"), std::pair(4, L"0.188")})
+        project->getLabSamples().begin()->second.physical.push_back({number, true, value});
+    project->getStrataElements().begin()->second.code = 3;
+    project->getStrataElements().begin()->second.texts[1] = L"1.88";
+    Q_EMIT screen.signalUpdateInfo();
+    look();
+    turnTo(3);
+    auto* table = screen.findChild<ResultTable*>(QStringLiteral("ige/summary"));
+    const auto text = [&](int column) { return table->model()->index(0, column).data().toString(); };
+    EXPECT_EQ(text(9), QStringLiteral("1.88*"));
+    EXPECT_FALSE(text(10).contains(QLatin1Char('*')));
+    EXPECT_EQ(text(12), QStringLiteral("24†"));
+    EXPECT_TRUE(text(18).endsWith(QStringLiteral("†"))) << text(18).toStdString();
+    const auto notes = screen.findChildren<QLabel*>();
+    EXPECT_TRUE(std::any_of(notes.begin(), notes.end(), [](const QLabel* label) {
+        return label->text().contains(QStringLiteral("по таблицам СНиП"));
+    }));
+}
+
+TEST_F(IgeScreenTest, FiveThousandElementsAreBorne)
+{
+    for (int number = 2; number <= 5000; ++number)
+        project->addStrataElement(std::to_wstring(number), {});
+    for (int page = 0; page < 5; ++page) {
+        turnTo(page);
+        Q_EMIT screen.signalUpdateInfo();
+        look();
+    }
+    turnTo(0);
+    EXPECT_EQ(grid().rows().rows().size(), 5000);
+    enter(0, 0, QStringLiteral("5001"));
+    EXPECT_EQ(link(L"С-1:1"), L"5001");
 }
 
 TEST_F(IgeScreenTest, LayersAreGivenByDragAndByKeyboard)
