@@ -206,11 +206,19 @@ TEST(ListCoords, DeletionTakesTheRowsOfOtherRegistersAlong)
     ListCoordsHost host(smallProject());
     host.select(1, 0);
     EXPECT_TRUE(host.canDelete);
+    const auto places = [&host] {
+        std::vector<const void*> found;
+        for (const auto& point : host.project->getPointRegister())
+            found.push_back(&point);
+        return found;
+    };
     {
+        const auto before = places();
         NextBox box(cancel);
         Q_EMIT host.screen->signalDelSelectedRecord();
         ASSERT_TRUE(QTest::qWaitFor([&] { return !box.said.isEmpty(); }, 2000));
         EXPECT_TRUE(holds(*host.project, L"2"));
+        EXPECT_EQ(places(), before) << "a question copies no register there and back";
     }
     {
         NextBox box(QStringLiteral("Удалить"));
@@ -224,6 +232,10 @@ TEST(ListCoords, DeletionTakesTheRowsOfOtherRegistersAlong)
     host.controller->undo();
     EXPECT_EQ(findExact(host.project->getPointRegister(), {L"2", 0})->second.size(), 2U);
     EXPECT_EQ(host.project->getLithology().size(), 1U);
+    host.controller->redo();
+    EXPECT_FALSE(holds(*host.project, L"2"));
+    EXPECT_EQ(host.rowOf(QStringLiteral("2")), -1);
+    host.controller->undo();
     // Nothing of others goes along: no question.
     host.select(host.rowOf(QStringLiteral("1")), 0);
     Q_EMIT host.screen->signalDelSelectedRecord();
