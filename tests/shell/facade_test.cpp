@@ -154,6 +154,23 @@ TEST_F(Facade, EachScreenStateHasItsOwnHistory)
     EXPECT_FALSE(facade->undoRedo()->execute(facade->undoContext(), nullptr));
 }
 
+TEST_F(Facade, HistoryKeepsTheLastThousandChanges)
+{
+    int value = 0;
+    facade->setCurrentMode(ModeListCoords);
+    const UndoContext context = facade->undoContext();
+    for (int i = 0; i < 1005; ++i) {
+        const auto step = makeReference<Step>(value);
+        facade->undoRedo()->execute(context, step.get());
+    }
+    for (int i = 0; i < 2000 && facade->undoRedo()->canUndo(context); ++i)
+        facade->undo();
+    EXPECT_EQ(value, 5);
+    for (int i = 0; i < 2000 && facade->undoRedo()->canRedo(context); ++i)
+        facade->redo();
+    EXPECT_EQ(value, 1005);
+}
+
 TEST_F(Facade, ACommandMayDropTheHistoriesWhileItIsAtWork)
 {
     class Dropping : public Step
