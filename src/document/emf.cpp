@@ -2,6 +2,7 @@
 
 #include "document/office_text.h"
 #include "drawing/text_layout.h"
+#include "platform/wide_character.h"
 
 #include <algorithm>
 #include <array>
@@ -320,7 +321,7 @@ private:
         std::vector<std::uint32_t> steps;
         std::int32_t place = 0;
         for (std::size_t i = 0; i < clean.size(); ++i) {
-            const auto code = static_cast<std::uint32_t>(clean[i]);
+            const auto code = codeOf(clean[i]);
             const std::int32_t next =
                 units(textWidth(std::wstring_view(clean).substr(0, i + 1), text.font, text.height));
             if (code > 0xFFFF) {

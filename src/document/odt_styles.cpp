@@ -161,7 +161,11 @@ std::string odtSpaces()
 {
     std::string text;
     for (const std::string space : {"office", "style", "text", "table", "meta"})
-        text += " xmlns:" + space + "=\"urn:oasis:names:tc:opendocument:xmlns:" + space + ":1.0\"";
+        text.append(" xmlns:")
+            .append(space)
+            .append("=\"urn:oasis:names:tc:opendocument:xmlns:")
+            .append(space)
+            .append(":1.0\"");
     return text
         + R"( xmlns:draw="urn:oasis:names:tc:opendocument:xmlns:drawing:1.0" xmlns:svg="urn:oasis:names:tc:opendocument:xmlns:svg-compatible:1.0")"
           R"( xmlns:fo="urn:oasis:names:tc:opendocument:xmlns:xsl-fo-compatible:1.0" xmlns:xlink="http://www.w3.org/1999/xlink")"

@@ -1,6 +1,7 @@
 #include "document/office_text.h"
 
 #include "platform/utf8.h"
+#include "platform/wide_character.h"
 
 #include <array>
 #include <charconv>
@@ -10,7 +11,7 @@ namespace
 
 bool isAllowed(wchar_t character)
 {
-    const auto unit = static_cast<std::uint32_t>(character);
+    const auto unit = codeOf(character);
     return (unit >= 0x20 && unit != 0x7F && (unit < 0x80 || unit > 0x9F) && unit != 0xFFFE && unit != 0xFFFF)
         || unit == '\n';
 }
@@ -76,7 +77,7 @@ std::wstring plainText(const Runs& runs)
 std::size_t utf16Length(wchar_t character)
 {
     // Of two bytes, where the system has them, it is a unit itself.
-    const std::uint32_t code = static_cast<std::uint32_t>(character);
+    const std::uint32_t code = codeOf(character);
     return code > 0xFFFF ? 2 : 1;
 }
 

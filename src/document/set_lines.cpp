@@ -157,7 +157,7 @@ private:
                 && last.rise == piece.rise && last.isStruck == piece.isStruck;
             const double gap = piece.left - last.left - last.width;
             const double blank = textWidth(L" ", piece.font, piece.height);
-            const auto blanks = static_cast<std::size_t>(gap / blank + 0.5);
+            const auto blanks = static_cast<std::size_t>(std::max(0L, std::lround(gap / blank)));
             if (isSame && std::abs(gap - static_cast<double>(blanks) * blank) < 1e-6) {
                 last.text.append(blanks, L' ');
                 last.text += piece.text;

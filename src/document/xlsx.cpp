@@ -5,6 +5,7 @@
 #include "document/xlsx_sheets.h"
 #include "document/xlsx_styles.h"
 #include "document/zip_archive.h"
+#include "platform/wide_character.h"
 
 #include <algorithm>
 #include <cmath>
@@ -57,7 +58,7 @@ std::wstring firstCharacters(std::wstring text, std::size_t units)
         length -= utf16Length(text.back());
         text.pop_back();
     }
-    if (!text.empty() && (static_cast<std::uint32_t>(text.back()) & 0xFFFFFC00U) == 0xD800)
+    if (!text.empty() && (codeOf(text.back()) & 0xFFFFFC00U) == 0xD800)
         text.pop_back();
     return text;
 }
@@ -104,7 +105,7 @@ public:
         for (const Block* block : sheet_.below)
             paragraph(*block);
         text_ += "</sheetData>";
-        if (filter() != "")
+        if (!filter().empty())
             text_ += "<autoFilter ref=\"" + filter() + "\"/>";
         merges();
         paper();
@@ -163,8 +164,12 @@ private:
             allWidth_ += width;
         for (std::size_t column = 0; column < columns_; ++column) {
             const std::string number = std::to_string(column + 1);
-            text_ += "<col min=\"" + number + "\" max=\"" + number + "\" width=\""
-                + std::to_string(widths[column] + 2) + R"(" customWidth="1"/>)";
+            text_.append("<col min=\"")
+                .append(number)
+                .append("\" max=\"")
+                .append(number)
+                .append("\" width=\"");
+            text_.append(std::to_string(widths[column] + 2)).append(R"(" customWidth="1"/>)");
         }
         text_ += "</cols>";
     }
@@ -454,7 +459,8 @@ std::string workbookPart(const std::vector<WrittenSheet>& sheets)
     for (std::size_t i = 0; i < sheets.size(); ++i) {
         const WrittenSheet& sheet = sheets[i];
         const std::string number = std::to_string(i + 1);
-        text += "<sheet name=\"" + sheet.name + "\" sheetId=\"" + number + "\" r:id=\"rId" + number + "\"/>";
+        text.append("<sheet name=\"").append(sheet.name).append("\" sheetId=\"").append(number);
+        text.append("\" r:id=\"rId").append(number).append("\"/>");
         const std::string local = " localSheetId=\"" + std::to_string(i) + "\"";
         if (!sheet.filter.empty())
             names += "<definedName name=\"_xlnm._FilterDatabase\"" + local + " hidden=\"1\">" + sheet.quoted

@@ -1,5 +1,7 @@
 #include "document/xlsx_sheets.h"
 
+#include "platform/wide_character.h"
+
 #include <algorithm>
 
 namespace
@@ -31,7 +33,7 @@ std::wstring beginningOf(std::wstring_view text, std::size_t units)
             break;
         beginning += character;
     }
-    if (!beginning.empty() && (static_cast<std::uint32_t>(beginning.back()) & 0xFFFFFC00U) == 0xD800)
+    if (!beginning.empty() && (codeOf(beginning.back()) & 0xFFFFFC00U) == 0xD800)
         beginning.pop_back();
     return beginning;
 }

@@ -48,7 +48,11 @@ std::string borders()
     std::string text =
         R"(<borders count="2"><border><left/><right/><top/><bottom/><diagonal/></border><border>)";
     for (const std::string side : {"left", "right", "top", "bottom"})
-        text += "<" + side + R"( style="thin"><color rgb="FFA0A0A0"/></)" + side + ">";
+        text.append("<")
+            .append(side)
+            .append(R"( style="thin"><color rgb="FFA0A0A0"/></)")
+            .append(side)
+            .append(">");
     return text + "<diagonal/></border></borders>";
 }
 
@@ -63,7 +67,7 @@ std::string formatOf(const XlsxLook& look)
         + std::to_string(fontOf(look)) + "\" fillId=\"" + std::to_string(fill) + "\" borderId=\""
         + (hasBorder ? "1" : "0")
         + R"(" xfId="0" applyNumberFormat="1" applyFont="1" applyFill="1" applyBorder="1" applyAlignment="1">)";
-    text += std::string(R"(<alignment horizontal=")") + aligns[static_cast<int>(look.align)]
+    text += std::string(R"(<alignment horizontal=")") + aligns[static_cast<unsigned char>(look.align)]
         + "\" vertical=\"" + (look.kind == XlsxLook::Head ? "center" : "top") + "\"";
     if (look.isWrapped)
         text += R"( wrapText="1")";

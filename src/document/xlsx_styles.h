@@ -22,7 +22,8 @@ struct XlsxLook {
     bool isItalic = false;
     bool isStruck = false;
 
-    auto operator<=>(const XlsxLook&) const = default;
+    auto operator<=>(
+        const XlsxLook&) const = default; // NOLINT(modernize-use-nullptr): it means the library's zero
 };
 
 class XlsxStyles

@@ -1,5 +1,7 @@
 #include "drawing/dxf_texts.h"
 
+#include "platform/wide_character.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -134,7 +136,8 @@ struct Palette {
     static Color shadeOf(int number)
     {
         constexpr double values[] = {1, 0.65, 0.5, 0.3, 0.15};
-        const double hue = (number / 10 - 1) * 15 / 60.0;
+        const int degrees = (number / 10 - 1) * 15;
+        const double hue = degrees / 60.0;
         const double value = values[number % 10 / 2];
         const double least = number % 2 ? 0.5 : 0;
         const auto part = [&](double centre) {
@@ -153,7 +156,7 @@ std::string dxfText(std::wstring_view text)
     std::string out;
     for (std::size_t at = 0; at < text.size(); ++at) {
         const wchar_t character = text[at];
-        const auto unit = static_cast<std::uint32_t>(character);
+        const auto unit = codeOf(character);
         if (const char* other = replacementOf(character, at + 1 < text.size() ? text[at + 1] : L'\0')) {
             out += other;
             at += character == L'%' ? 1 : 0;
@@ -179,7 +182,7 @@ std::string dxfName(std::wstring_view name)
         const bool isOther =
             (character >= L'0' && character <= L'9') || character == L'$' || character == L'-';
         const bool isCyrillic = character >= 0x401 && character <= 0x491;
-        const char byte = byteOf(static_cast<std::uint32_t>(character));
+        const char byte = byteOf(codeOf(character));
         out += byte && (isLatin || isOther || isCyrillic) ? byte : '_';
     }
     return out.empty() ? "0" : out;

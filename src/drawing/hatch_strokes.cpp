@@ -204,9 +204,12 @@ HatchStrokes hatchStrokes(const Area& area, const Hatches& hatches)
         const double lastRow = std::ceil((bounds.bottom - area.origin.y - reach.top * unit) / height);
         const double firstColumn = std::floor((bounds.left - area.origin.x - reach.right * unit) / width);
         const double lastColumn = std::ceil((bounds.right - area.origin.x - reach.left * unit) / width);
-        for (double row = firstRow; row <= lastRow; ++row)
-            for (double column = firstColumn; column <= lastColumn; ++column) {
-                const Spot corner{area.origin.x + column * width, area.origin.y + row * height};
+        const auto rows = static_cast<std::int64_t>(lastRow - firstRow);
+        const auto columns = static_cast<std::int64_t>(lastColumn - firstColumn);
+        for (std::int64_t row = 0; row <= rows; ++row)
+            for (std::int64_t column = 0; column <= columns; ++column) {
+                const Spot corner{area.origin.x + (firstColumn + static_cast<double>(column)) * width,
+                    area.origin.y + (firstRow + static_cast<double>(row)) * height};
                 const Bounds copy{corner.x + reach.left * unit,
                     corner.y + reach.top * unit,
                     corner.x + reach.right * unit,

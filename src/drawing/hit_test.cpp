@@ -136,9 +136,9 @@ std::optional<Extent> extentOf(const Drawing& drawing, std::int64_t id)
 
 std::int64_t idAt(const Drawing& drawing, const Spot& place, double reach)
 {
-    for (auto item = drawing.items.rbegin(); item != drawing.items.rend(); ++item)
-        if (item->id != 0
-            && std::visit([&](const auto& shape) { return meets(shape, place, reach); }, item->shape))
-            return item->id;
-    return 0;
+    const auto found = std::find_if(drawing.items.rbegin(), drawing.items.rend(), [&](const auto& item) {
+        return item.id != 0
+            && std::visit([&](const auto& shape) { return meets(shape, place, reach); }, item.shape);
+    });
+    return found == drawing.items.rend() ? 0 : found->id;
 }

@@ -1,5 +1,7 @@
 #include "drawing/text_layout.h"
 
+#include "platform/wide_character.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -67,7 +69,7 @@ int thousandths(const FontTable& table, std::wstring_view text)
 {
     int sum = 0;
     for (const wchar_t character : text) {
-        const auto unit = static_cast<std::uint32_t>(character);
+        const auto unit = codeOf(character);
         const bool isSecondHalf = unit >= 0xDC00 && unit <= 0xDFFF;
         if (!isSecondHalf)
             sum += widthOfCharacter(table, unit);

@@ -86,7 +86,7 @@ QByteArray toPng(const Drawing& drawing, const Hatches& hatches, double dotsPerI
     return bytes;
 }
 
-static std::wstring small(std::wstring text)
+static std::wstring small(const std::wstring& text)
 {
     return QString::fromStdWString(text).toLower().toStdWString();
 }
@@ -133,8 +133,11 @@ std::size_t writeDrawings(const std::wstring& path,
     for (std::size_t page = 0; page < pages.size(); ++page) {
         if (goesOn && !goesOn(page))
             return page;
-        const std::wstring number = pages.size() > 1 ? L"_" + std::to_wstring(page + 1) : std::wstring();
-        writeFile(stem + number + L"." + suffix, sheetBytes(suffix, pages[page], hatches, dotsPerInch));
+        std::wstring path = stem;
+        if (pages.size() > 1)
+            path.append(L"_").append(std::to_wstring(page + 1));
+        path.append(L".").append(suffix);
+        writeFile(path, sheetBytes(suffix, pages[page], hatches, dotsPerInch));
     }
     return pages.size();
 }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <map>
 
 namespace
@@ -192,7 +193,7 @@ Drawing gradingsOfElement(
         {L"Диаметр частиц, мм", from, to, true},
         {L"Мельче, %", 0, 100});
     const auto look = [&](const std::vector<Spot>& points) { return isSmoothed ? smoothed(points) : points; };
-    std::map<double, std::vector<double>> shares; // by diameter
+    std::map<double, std::vector<double>, std::greater<>> shares; // by diameter, coarsest first
     for (const auto& [sample, grading] : gradings) {
         graph.curve(look(pointsOf(*grading)), thinPen);
         for (const Spot& point : pointsOf(*grading))
@@ -205,16 +206,15 @@ Drawing gradingsOfElement(
     std::vector<Spot> mean;
     std::vector<Spot> low;
     std::vector<Spot> high;
-    for (auto diameter = shares.rbegin(); diameter != shares.rend(); ++diameter) {
-        const std::vector<double>& finer = diameter->second;
+    for (const auto& [diameter, finer] : shares) {
         if (finer.size() < gradings.size())
             continue;
         double sum = 0;
         for (const double share : finer)
             sum += share;
-        mean.push_back({diameter->first, sum / static_cast<double>(finer.size())});
-        low.push_back({diameter->first, *std::min_element(finer.begin(), finer.end())});
-        high.push_back({diameter->first, *std::max_element(finer.begin(), finer.end())});
+        mean.push_back({diameter, sum / static_cast<double>(finer.size())});
+        low.push_back({diameter, *std::min_element(finer.begin(), finer.end())});
+        high.push_back({diameter, *std::max_element(finer.begin(), finer.end())});
     }
     graph.curve(look(low), bandPen);
     graph.curve(look(high), bandPen);

@@ -173,8 +173,9 @@ Drawing piperDiagram(std::span<const PiperSample> samples)
         const double y = left.y + (x - left.x) * slope;
         for (const Spot& spot : {left, right, Spot{x, y}})
             paper.mark(paper.spot(spot.x, spot.y), i);
+        const std::size_t line = i / columns;
         const Spot place{margin + static_cast<double>(i % columns) * columnWide,
-            listTop + static_cast<double>(i / columns) * row};
+            listTop + static_cast<double>(line) * row};
         paper.text(
             shortenedText(std::to_wstring(i + 1) + L" – " + sample.name, Font::Plain, letter, columnWide - 3),
             place,
