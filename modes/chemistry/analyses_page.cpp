@@ -5,13 +5,19 @@
 #include "common/typed_text.h"
 #include "core/base/mexception.h"
 #include "db/db_project.h"
+#include "dictionaries/report_language.h"
 #include "modules/idbproject.h"
+#include "modules/isettings.h"
 #include "reports/chemistry_report.h"
 #include "site/chemistry.h"
 
+#include <QComboBox>
 #include <QHBoxLayout>
+#include <QHash>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStackedLayout>
 #include <QVBoxLayout>
 
 namespace
@@ -26,14 +32,22 @@ QString fromWide(std::wstring_view text)
     return QString::fromWCharArray(text.data(), static_cast<int>(text.size()));
 }
 
-QVector<GridColumn> analysisColumns()
+// Depends on the units: "SO4,\nмг/л", "SO4,\nмг-экв/л".
+QString columnTitle(ChemistryCell cell, bool isWater, bool inEquivalents)
+{
+    QString title = fromWide(chemistryCellTitle(cell, isWater));
+    if (inEquivalents && cellEquivalent(cell))
+        title.replace(QStringLiteral(" мг/"), QStringLiteral(" мг-экв/"));
+    return title.replace(QStringLiteral(", "), QStringLiteral(",\n"));
+}
+
+QVector<GridColumn> analysisColumns(bool isWater, bool inEquivalents)
 {
     QVector<GridColumn> columns{{QStringLiteral("Точка"), GridColumn::Text, 110},
         {QStringLiteral("Глубина\nотбора, м"), GridColumn::Number, 84}};
     for (int cell = 0; cell < ChemistryCellCount; ++cell) {
         GridColumn column;
-        const QString title = fromWide(chemistryCellTitle(static_cast<ChemistryCell>(cell), true));
-        column.title = QString(title).replace(QStringLiteral(", "), QStringLiteral(",\n"));
+        column.title = columnTitle(static_cast<ChemistryCell>(cell), isWater, inEquivalents);
         column.kind = GridColumn::Number;
         column.width = 78;
         if (cell == CellKind) {
@@ -70,34 +84,130 @@ QString putRow(DBProject& into, const PointDepthKey& key, const ChemistryRecord&
 
 } // namespace
 
-AnalysesPage::AnalysesPage(ModeScreen& screen)
+AnalysesPage::AnalysesPage(ModeScreen& screen, Kind kind)
     : screen_(screen)
-    , grid_(new EditGrid(QStringLiteral("chemistry/analyses"), analysisColumns(), this))
+    , isWater_(kind == Kind::Water)
+    , units_(new QComboBox(this))
 {
-    grid_->setAccessibleName(QStringLiteral("Химические анализы"));
-    grid_->setEmptyText(
-        QStringLiteral("Анализов нет.\nIns — добавить анализ, Ctrl+V — вставить из таблицы."));
+    setObjectName(isWater_ ? QStringLiteral("water") : QStringLiteral("soil"));
+    stack_ = new QStackedLayout;
+    for (const bool inEquivalents : {false, true}) {
+        auto* grid = new EditGrid(QStringLiteral("chemistry/%1%2")
+                                      .arg(isWater_ ? QStringLiteral("water") : QStringLiteral("soil"),
+                                          inEquivalents ? QStringLiteral("/meq") : QString()),
+            analysisColumns(isWater_, inEquivalents),
+            this);
+        grid->setObjectName(inEquivalents ? QStringLiteral("equivalents") : QStringLiteral("milligrams"));
+        grid->setAccessibleName(
+            isWater_ ? QStringLiteral("Анализы воды") : QStringLiteral("Анализы водной вытяжки грунта"));
+        grid->setEmptyText(
+            QStringLiteral("Анализов %1 нет.\nIns — добавить анализ, Ctrl+V — вставить из таблицы.")
+                .arg(isWater_ ? QStringLiteral("воды") : QStringLiteral("грунта")));
+        connect(grid, &EditGrid::edited, this, &AnalysesPage::edit);
+        connect(grid, &EditGrid::told, this, &Page::said);
+        stack_->addWidget(grid);
+        grids_[inEquivalents ? 1 : 0] = grid;
+    }
+    grid_ = grids_[0];
     auto* add = new QPushButton(QStringLiteral("Добавить"), this);
     auto* remove = new QPushButton(QStringLiteral("Удалить"), this);
     auto* filter = new QLineEdit(this);
     filter->setPlaceholderText(QStringLiteral("Фильтр по всем столбцам"));
     filter->setAccessibleName(QStringLiteral("Фильтр"));
     filter->setClearButtonEnabled(true);
+    units_->setObjectName(QStringLiteral("units"));
+    units_->addItems(isWater_ ? QStringList{QStringLiteral("мг/л"), QStringLiteral("мг-экв/л")}
+                              : QStringList{QStringLiteral("мг/кг"), QStringLiteral("мг-экв/кг")});
+    units_->setToolTip(QStringLiteral("В этих единицах содержание ионов показывается и вводится"));
+    units_->setAccessibleName(QStringLiteral("Единицы содержания ионов"));
+    auto* unitsLabel = new QLabel(QStringLiteral("Ионы:"), this);
+    unitsLabel->setBuddy(units_);
     auto* head = new QHBoxLayout;
     head->addWidget(filter, 1);
+    head->addWidget(unitsLabel);
+    head->addWidget(units_);
     head->addWidget(add);
     head->addWidget(remove);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 8, 0, 0);
     layout->addLayout(head);
-    layout->addWidget(grid_, 1);
+    layout->addLayout(stack_, 1);
     setFocusProxy(grid_);
-    connect(
-        filter, &QLineEdit::textChanged, grid_, [this](const QString& text) { grid_->setFilterText(text); });
-    connect(add, &QPushButton::clicked, grid_, &EditGrid::addRow);
-    connect(remove, &QPushButton::clicked, grid_, &EditGrid::deleteSelectedRows);
-    connect(grid_, &EditGrid::edited, this, &AnalysesPage::edit);
-    connect(grid_, &EditGrid::told, this, &Page::said);
+    connect(filter, &QLineEdit::textChanged, this, [this](const QString& text) {
+        for (EditGrid* grid : grids_)
+            grid->setFilterText(text);
+    });
+    connect(add, &QPushButton::clicked, this, [this] { grid_->addRow(); });
+    connect(remove, &QPushButton::clicked, this, [this] { grid_->deleteSelectedRows(); });
+    connect(units_, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &AnalysesPage::chooseUnits);
+}
+
+void AnalysesPage::chooseUnits()
+{
+    grid_->closeEditor();
+    inEquivalents_ = units_->currentIndex() == 1;
+    grid_ = grids_[inEquivalents_ ? 1 : 0];
+    stack_->setCurrentWidget(grid_);
+    setFocusProxy(grid_);
+    show();
+}
+
+bool AnalysesPage::isMine(const ChemistryRecord& record) const
+{
+    return analysisOf(record.cells).isWater == isWater_;
+}
+
+GridRow AnalysesPage::shown(GridRow stored) const
+{
+    if (inEquivalents_)
+        for (int cell = 0; cell < ChemistryCellCount; ++cell) {
+            QString& text = stored.cells[firstCell + cell];
+            if (!text.isEmpty())
+                text = fromWide(textInEquivalents(static_cast<ChemistryCell>(cell), text.toStdWString()));
+        }
+    return stored;
+}
+
+// Cells that show what they showed keep their milligrams to the last digit.
+GridRow AnalysesPage::stored(GridRow shownRow) const
+{
+    shownRow.cells.resize(firstCell + ChemistryCellCount);
+    if (!inEquivalents_)
+        return shownRow;
+    GridRow before;
+    for (const GridRows* rows : {&rows_, &pending_})
+        for (const GridRow& row : *rows)
+            if (row.id == shownRow.id && row.id != 0)
+                before = row;
+    const GridRow seen = before.cells.isEmpty() ? before : shown(before);
+    for (int cell = 0; cell < ChemistryCellCount; ++cell) {
+        QString& text = shownRow.cells[firstCell + cell];
+        if (seen.cells.value(firstCell + cell) == text)
+            text = before.cells.value(firstCell + cell);
+        else
+            text = fromWide(
+                textInMilligrams(static_cast<ChemistryCell>(cell), mendedNumber(text).toStdWString()));
+    }
+    return shownRow;
+}
+
+void AnalysesPage::show()
+{
+    GridRows all;
+    for (const GridRow& row : rows_ + pending_)
+        all.append(shown(row));
+    grid_->setRows(all);
+}
+
+ChemistryRecord AnalysesPage::recordOf(const GridRow& row) const
+{
+    ChemistryRecord record;
+    for (int cell = 0; cell < ChemistryCellCount; ++cell)
+        record.cells[static_cast<std::size_t>(cell)] = row.cells[firstCell + cell].toStdWString();
+    // A row that is begun here belongs here, before its first ion is typed.
+    if (record.cells[CellKind].empty() && !isMine(record))
+        record.cells[CellKind] = isWater_ ? L"вода" : L"грунт";
+    return record;
 }
 
 GridRow AnalysesPage::rowOf(qint64 id, const PointDepthKey& key, const ChemistryRecord& record) const
@@ -127,18 +237,20 @@ GridRow AnalysesPage::rowOf(qint64 id, const PointDepthKey& key, const Chemistry
 void AnalysesPage::read(IDBProject* project)
 {
     GridRows rows;
+    QHash<QPair<QString, QString>, qint64> known;
+    for (const GridRow& row : rows_)
+        known.insert({row.cells.value(pointColumn), row.cells.value(depthColumn)}, row.id);
     if (project)
         for (const auto& [key, record] : project->getChemistry()) {
-            const QString point = fromWide(key.pointName);
-            const QString depth = fromWide(key.depth);
-            const auto known = std::find_if(rows_.begin(), rows_.end(), [&](const GridRow& row) {
-                return row.cells.value(pointColumn) == point && row.cells.value(depthColumn) == depth;
-            });
-            rows.append(rowOf(known == rows_.end() ? ++lastId_ : known->id, key, record));
+            if (!isMine(record))
+                continue;
+            const qint64 id = known.value({fromWide(key.pointName), fromWide(key.depth)});
+            rows.append(rowOf(id ? id : ++lastId_, key, record));
         }
     rows_ = rows;
-    grid_->setEditingAllowed(project != nullptr);
-    grid_->setRows(rows + pending_);
+    for (EditGrid* grid : grids_)
+        grid->setEditingAllowed(project != nullptr);
+    show();
 }
 
 void AnalysesPage::forget()
@@ -161,27 +273,31 @@ void AnalysesPage::edit(const GridRows& after)
     if (!project)
         return;
     DBProject scratch;
-    GridRows stored;
-    pending_.clear();
-    for (GridRow row : after) {
+    for (const auto& [key, record] : project->getChemistry())
+        if (!isMine(record))
+            scratch.addChemistry(key, record);
+    GridRows kept;
+    GridRows refused;
+    bool hasLeft = false;
+    for (const GridRow& typed : after) {
+        GridRow row = stored(typed);
         if (row.id == 0)
             row.id = ++lastId_;
-        row.cells.resize(firstCell + ChemistryCellCount);
         const PointDepthKey key{row.cells[pointColumn].toStdWString(), row.cells[depthColumn].toStdWString()};
-        ChemistryRecord record;
-        for (int cell = 0; cell < ChemistryCellCount; ++cell)
-            record.cells[static_cast<std::size_t>(cell)] = row.cells[firstCell + cell].toStdWString();
+        const ChemistryRecord record = recordOf(row);
         const QString problem = putRow(scratch, key, record);
         row.problems = QVector<QString>(row.cells.size());
         row.warnings = row.problems;
         if (problem.isEmpty()) {
-            stored.append(row);
+            hasLeft = hasLeft || !isMine(record);
+            kept.append(row);
             continue;
         }
         row.problems[key.pointName.empty() ? pointColumn : depthColumn] = problem;
-        pending_.append(row);
+        refused.append(row);
     }
-    rows_ = stored;
+    pending_ = refused;
+    rows_ = kept;
     if (isSame(scratch.getChemistry(), project->getChemistry())) {
         read(project);
         return;
@@ -190,10 +306,14 @@ void AnalysesPage::edit(const GridRows& after)
         [](IDBProject& open, const ChemistryRegister& state) { open.setChemistry(state); },
         project->getChemistry(),
         scratch.getChemistry());
+    if (hasLeft)
+        Q_EMIT said(QStringLiteral("Анализ перенесен на страницу «%1».")
+                        .arg(isWater_ ? QStringLiteral("Грунт") : QStringLiteral("Вода")));
 }
 
 std::optional<Document> AnalysesPage::report()
 {
     IDBProject* project = screen_.project();
-    return project ? chemistryDocument(*project) : std::nullopt;
+    return project ? chemistryDocument(*project, knownLanguage(screen_.settings()->reportLanguage()))
+                   : std::nullopt;
 }

@@ -5,13 +5,17 @@
 #include "db/records/chemistry.h"
 
 class ModeScreen;
+class QComboBox;
 
-// The analyses of the site as a table of thirty cells: what is typed goes into the project at once, as one
-// step of undo. A row whose point or depth cannot be a key stays in the table, marked, until it is mended.
+// The analyses of waters, or those of soils, as a table of thirty cells: what is typed goes into the project
+// at once, as one step of undo. A row whose point or depth cannot be a key stays in the table, marked, until
+// it is mended. Contents of ions are shown and typed in milligrams or in mg-equivalents; the project keeps
+// milligrams, and what is only shown in equivalents stays in it as it was typed.
 class AnalysesPage : public Page
 {
 public:
-    explicit AnalysesPage(ModeScreen& screen);
+    enum class Kind { Water, Soil };
+    AnalysesPage(ModeScreen& screen, Kind kind);
 
     void read(IDBProject* project) override;
     void forget() override;
@@ -21,11 +25,22 @@ public:
 
 private:
     void edit(const GridRows& after);
+    bool isMine(const ChemistryRecord& record) const;
     GridRow rowOf(qint64 id, const PointDepthKey& key, const ChemistryRecord& record) const;
+    ChemistryRecord recordOf(const GridRow& row) const;
+    GridRow shown(GridRow stored) const;
+    GridRow stored(GridRow shownRow) const;
+    void chooseUnits();
+    void show();
 
     ModeScreen& screen_;
-    EditGrid* grid_;
-    GridRows rows_;
+    const bool isWater_;
+    EditGrid* grids_[2]; // in milligrams, in mg-equivalents; heads differ
+    EditGrid* grid_; // the one in view
+    class QStackedLayout* stack_;
+    QComboBox* units_;
+    bool inEquivalents_ = false;
+    GridRows rows_; // in milligrams, like those below
     GridRows pending_; // not in the project
     qint64 lastId_ = 0;
 };

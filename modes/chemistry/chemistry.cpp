@@ -1,7 +1,6 @@
+#include "chemistry/aggressiveness_page.h"
 #include "chemistry/analyses_page.h"
-#include "chemistry/chemistry_setup.h"
 #include "common/paged_screen.h"
-#include "common/report_page.h"
 #include "modules/module_export.h"
 
 namespace
@@ -13,10 +12,9 @@ public:
     ChemistryScreen(TX_Modes mode, ITellurixController* controller)
         : PagedScreen(mode, controller, QStringLiteral("chemistry"))
     {
-        addPage(new AnalysesPage(*this), QStringLiteral("Анализы"));
-        addPage(new ReportPage(
-                    chemistryDocument, QStringLiteral("Анализов нет: внесите их на странице «Анализы».")),
-            QStringLiteral("Состав и агрессивность"));
+        addPage(new AnalysesPage(*this, AnalysesPage::Kind::Water), QStringLiteral("Вода"));
+        addPage(new AnalysesPage(*this, AnalysesPage::Kind::Soil), QStringLiteral("Грунт"));
+        addPage(new AggressivenessPage(*this), QStringLiteral("Состав и агрессивность"));
         start();
     }
 };

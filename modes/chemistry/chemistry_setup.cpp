@@ -6,21 +6,19 @@
 
 #include <QCoreApplication>
 
-std::optional<Document> chemistryDocument(IDBProject& project)
+std::optional<Document> chemistryDocument(IDBProject& project, int language)
 {
     if (project.getChemistry().empty())
         return std::nullopt;
     const std::wstring folder = QCoreApplication::applicationDirPath().toStdWString();
     std::vector<LimitMistake> mistakes;
     const AggressivenessLimits limits = limitsBeside(folder, mistakes);
-    Document document = chemistryReport(project, limits);
+    Document document = chemistryReport(project, limits, language);
     // Mistakes in the file of limits must not pass unseen.
-    for (const LimitMistake& mistake : mistakes) {
+    if (!mistakes.empty()) {
         Paragraph line;
         line.style = Paragraph::Note;
-        line.runs = {{L"aggressiveness.txt, строка " + std::to_wstring(mistake.line) + L": " + mistake.text
-                + L" Взяты пределы программы.",
-            true}};
+        line.runs = {{limitsMessage(mistakes), true}};
         document.blocks.emplace_back(std::move(line));
     }
     return document;

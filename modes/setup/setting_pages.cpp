@@ -126,7 +126,8 @@ const std::vector<SettingPage>& settingPages()
             {.key = "chooseBackgroundIgkColor", .label = L"Цвет фона колонки"},
         }},
         {L"Просадочность", {
-            {.key = "typeCalcSubsidence",         .label = L"Вид расчёта"},
+            {.key = "typeCalcSubsidence",         .label = L"Вид расчёта",
+                .choices = L"от собственного веса|от собственного веса и под фундаментом"},
             {.key = "isSmoothingGraphSubsidence", .label = L"Сглаживать график"},
         }},
     };

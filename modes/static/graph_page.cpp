@@ -190,6 +190,7 @@ SoundingGraphLook GraphPage::look() const
 std::vector<Drawing> GraphPage::drawings(IDBProject& project) const
 {
     const SiteSoundings soundings(project);
+    const int language = knownLanguage(screen_.settings()->reportLanguage());
     std::vector<Drawing> pages;
     const auto add = [&](const std::vector<SoundingGraph>& graphs) {
         for (Drawing& page : soundingGraphPages(graphs, look()))
@@ -198,13 +199,13 @@ std::vector<Drawing> GraphPage::drawings(IDBProject& project) const
     if (mode_->currentIndex() == All) {
         for (const SiteSounding& sounding : soundings.all())
             if (!sounding.readings.empty())
-                add({soundingGraph(sounding)});
+                add({soundingGraph(sounding, language)});
         return pages;
     }
     std::vector<SoundingGraph> graphs;
     const auto take = [&](const std::wstring& name) {
         if (const SiteSounding* sounding = soundings.find(name); sounding && !sounding->readings.empty())
-            graphs.push_back(soundingGraph(*sounding));
+            graphs.push_back(soundingGraph(*sounding, language));
     };
     if (mode_->currentIndex() == OnePoint)
         take(choice_->point);

@@ -4,11 +4,17 @@
 #include "common/mode_screen.h"
 #include "common/view_settings.h"
 #include "site/soundings.h"
+#include "static/layers_dialog.h"
+#include "static/sounding_states.h"
 
+#include <QComboBox>
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QSplitter>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <map>
 
 namespace
@@ -122,6 +128,19 @@ SoilsPage::SoilsPage(ModeScreen& screen)
     layers_->setAccessibleName(QStringLiteral("Слои по точкам"));
     elements_->setAccessibleName(QStringLiteral("Элементы по всем точкам"));
     elements_->setEmptyText(QStringLiteral("Элементов нет."));
+    points_ = new QComboBox(this);
+    points_->setObjectName(QStringLiteral("sounding"));
+    points_->setAccessibleName(QStringLiteral("Зондирование"));
+    points_->setMinimumContentsLength(12);
+    auto* own = new QPushButton(QStringLiteral("Свои слои…"), this);
+    own->setObjectName(QStringLiteral("own"));
+    own->setToolTip(QStringLiteral("Предложить слои по отсчетам зондирования и править их границы"));
+    connect(own, &QPushButton::clicked, this, &SoilsPage::editLayers);
+    auto* head = new QHBoxLayout;
+    head->addWidget(new QLabel(QStringLiteral("Зондирование:"), this));
+    head->addWidget(points_);
+    head->addWidget(own);
+    head->addStretch(1);
     auto* splitter = new QSplitter(Qt::Vertical, this);
     const auto add = [&](const char* title, EditGrid* grid) {
         grid->setEditingAllowed(false);
@@ -139,6 +158,7 @@ SoilsPage::SoilsPage(ModeScreen& screen)
     keepSplitter(splitter, QStringLiteral("static/soils"), {400, 220});
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 8, 0, 0);
+    layout->addLayout(head);
     layout->addWidget(splitter, 1);
     auto* note = new QLabel(
         QStringLiteral("Таблицы СП 446.1325800, приложение Ж, и формула IL взяты из вторичных источников: "
@@ -153,8 +173,13 @@ void SoilsPage::read(IDBProject* project)
 {
     GridRows layers;
     GridRows elements;
+    const QString shown = points_->currentText();
+    points_->clear();
     if (project) {
         const SiteSoundings soundings(*project);
+        for (const SiteSounding& sounding : soundings.all())
+            points_->addItem(QString::fromStdWString(std::wstring(sounding.point)));
+        points_->setCurrentIndex(std::max(0, points_->findText(shown)));
         std::map<std::wstring_view, ElementMeans> means;
         std::vector<std::wstring_view> order;
         for (const SiteSounding& sounding : soundings.all())
@@ -204,6 +229,30 @@ void SoilsPage::read(IDBProject* project)
     }
     layers_->setRows(layers);
     elements_->setRows(elements);
+}
+
+void SoilsPage::editLayers()
+{
+    IDBProject* project = screen_.project();
+    const std::wstring point = points_->currentText().toStdWString();
+    if (!project || point.empty())
+        return;
+    JournalState before = journalState(*project, point);
+    JournalState after = before;
+    {
+        const SiteSoundings soundings(*project);
+        const SiteSounding* sounding = soundings.find(point);
+        if (!sounding || sounding->readings.size() < 2) {
+            Q_EMIT said(QStringLiteral("В журнале меньше двух отсчетов."));
+            return;
+        }
+        const std::vector<SoundingLayer> shaft = soundings.shaft(*sounding);
+        LayersDialog dialog(*project, *sounding, shaft, this);
+        if (dialog.exec() != QDialog::Accepted)
+            return;
+        after.rows = rowsWithLayers(after.rows, dialog.layers());
+    }
+    screen_.change<JournalState>(putJournal, std::move(before), std::move(after));
 }
 
 void SoilsPage::calculate()

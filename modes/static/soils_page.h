@@ -20,7 +20,10 @@ public:
     void tellView(ITellurixController& controller) const override;
 
 private:
+    void editLayers();
+
     ModeScreen& screen_;
+    class QComboBox* points_;
     EditGrid* layers_;
     EditGrid* elements_;
 };

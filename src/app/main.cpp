@@ -1,4 +1,5 @@
 #include "app/message_box.h"
+#include "app/office_files.h"
 #include "app/shell_assembly.h"
 #include "app/tx_application.h"
 #include "app/visual_style.h"
@@ -66,8 +67,10 @@ static int runShell(Shell& shell, int argc, char** argv)
     // After the command line's project, so that a copy of that very project can be offered first, and when
     // the desktop has put the window in its place, over whose middle the question stands.
     constexpr int untilWindowStands = 200;
-    QTimer::singleShot(untilWindowStands, shell.mainWindow.get(), [controller = shell.mainController.get()] {
-        controller->offerRecovery();
+    QTimer::singleShot(untilWindowStands, shell.mainWindow.get(), [&shell] {
+        shell.mainController->offerRecovery();
+        if (!shell.mainController->leaving())
+            tellOfficeFiles(shell.mainWindow.get());
     });
     // A window that was closed while the shell came up: leaving an event loop that has not begun yet would
     // have no effect.

@@ -1,5 +1,7 @@
 #include "calc/chemistry.h"
 
+#include "dictionaries/dictionary.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -211,27 +213,29 @@ std::vector<Kurlov::Part> joinedParts(const WaterChemistry& chemistry, bool areC
     return parts;
 }
 
+// In a row of names with a hyphen before the next, and as the last of them.
 struct WaterWord {
     std::wstring_view ion;
-    std::wstring_view inside; // with a hyphen before the next
-    std::wstring_view last;
+    std::wstring_view inside[2]; // Russian, Ukrainian
+    std::wstring_view last[2];
 };
 constexpr WaterWord waterWords[] = {
-    {L"HCO3", L"гидрокарбонатно", L"гидрокарбонатная"},
-    {L"CO3", L"карбонатно", L"карбонатная"},
-    {L"SO4", L"сульфатно", L"сульфатная"},
-    {L"Cl", L"хлоридно", L"хлоридная"},
-    {L"NO3", L"нитратно", L"нитратная"},
-    {L"NO2", L"нитритно", L"нитритная"},
-    {L"Ca", L"кальциево", L"кальциевая"},
-    {L"Mg", L"магниево", L"магниевая"},
-    {L"Na", L"натриево", L"натриевая"},
-    {L"Na+K", L"натриево", L"натриевая"},
-    {L"K", L"калиево", L"калиевая"},
-    {L"NH4", L"аммонийно", L"аммонийная"},
+    {L"HCO3", {L"гидрокарбонатно", L"гідрокарбонатно"}, {L"гидрокарбонатная", L"гідрокарбонатна"}},
+    {L"CO3", {L"карбонатно", L"карбонатно"}, {L"карбонатная", L"карбонатна"}},
+    {L"SO4", {L"сульфатно", L"сульфатно"}, {L"сульфатная", L"сульфатна"}},
+    {L"Cl", {L"хлоридно", L"хлоридно"}, {L"хлоридная", L"хлоридна"}},
+    {L"NO3", {L"нитратно", L"нітратно"}, {L"нитратная", L"нітратна"}},
+    {L"NO2", {L"нитритно", L"нітритно"}, {L"нитритная", L"нітритна"}},
+    {L"Ca", {L"кальциево", L"кальцієво"}, {L"кальциевая", L"кальцієва"}},
+    {L"Mg", {L"магниево", L"магнієво"}, {L"магниевая", L"магнієва"}},
+    {L"Na", {L"натриево", L"натрієво"}, {L"натриевая", L"натрієва"}},
+    {L"Na+K", {L"натриево", L"натрієво"}, {L"натриевая", L"натрієва"}},
+    {L"K", {L"калиево", L"калієво"}, {L"калиевая", L"калієва"}},
+    {L"NH4", {L"аммонийно", L"амонійно"}, {L"аммонийная", L"амонійна"}},
 };
 
-std::wstring sideName(const WaterChemistry& chemistry, bool areCations, double leastPercent)
+std::wstring sideName(
+    const WaterChemistry& chemistry, bool areCations, double leastPercent, std::size_t language)
 {
     std::vector<Kurlov::Part> parts = joinedParts(chemistry, areCations);
     std::erase_if(parts, [&](const auto& part) { return part.percent < leastPercent; });
@@ -240,36 +244,58 @@ std::wstring sideName(const WaterChemistry& chemistry, bool areCations, double l
     for (std::size_t i = 0; i < parts.size(); ++i)
         for (const WaterWord& word : waterWords)
             if (word.ion == parts[i].ion)
-                name += i + 1 < parts.size() ? std::wstring(word.inside) + L'-' : std::wstring(word.last);
+                name += i + 1 < parts.size() ? std::wstring(word.inside[language]) + L'-'
+                                             : std::wstring(word.last[language]);
     return name;
 }
 
 struct ClassRow {
     double below;
-    std::wstring_view name;
+    std::wstring_view names[2]; // Russian, Ukrainian
 };
 constexpr ClassRow mineralisationClasses[] = {
-    {0.2, L"ультрапресная"},
-    {1.0, L"пресная"},
-    {3.0, L"слабосолоноватая"},
-    {10.0, L"солоноватая"},
-    {35.0, L"соленая"},
-    {1e9, L"рассол"},
+    {0.2, {L"ультрапресная", L"ультрапрісна"}},
+    {1.0, {L"пресная", L"прісна"}},
+    {3.0, {L"слабосолоноватая", L"слабосолонувата"}},
+    {10.0, {L"солоноватая", L"солонувата"}},
+    {35.0, {L"соленая", L"солона"}},
+    {1e9, {L"рассол", L"розсіл"}},
 };
 constexpr ClassRow hardnessClasses[] = {
-    {1.5, L"очень мягкая"},
-    {3.0, L"мягкая"},
-    {6.0, L"умеренно жесткая"},
-    {9.0, L"жесткая"},
-    {1e9, L"очень жесткая"},
+    {1.5, {L"очень мягкая", L"дуже м'яка"}},
+    {3.0, {L"мягкая", L"м'яка"}},
+    {6.0, {L"умеренно жесткая", L"помірно жорстка"}},
+    {9.0, {L"жесткая", L"жорстка"}},
+    {1e9, {L"очень жесткая", L"дуже жорстка"}},
 };
 
-std::wstring_view classOf(std::span<const ClassRow> rows, double value)
+std::size_t nameOf(int language)
+{
+    return language == languageUkrainian ? 1 : 0;
+}
+
+std::wstring_view classOf(std::span<const ClassRow> rows, double value, int language)
 {
     for (const ClassRow& row : rows)
         if (value < row.below)
-            return row.name;
-    return rows.back().name;
+            return row.names[nameOf(language)];
+    return rows.back().names[nameOf(language)];
+}
+
+std::wstring scaledText(std::wstring_view text, double factor)
+{
+    const AnalysisValue value = readAnalysisValue(text);
+    if (!value.value)
+        return std::wstring(text);
+    std::wstring scaled = numberText(*value.value * factor, 3);
+    // Round figures as they are written: 6, not 6.000.
+    while (scaled.find(L'.') != std::wstring::npos && (scaled.back() == L'0' || scaled.back() == L'.')) {
+        const bool isPoint = scaled.back() == L'.';
+        scaled.pop_back();
+        if (isPoint)
+            break;
+    }
+    return value.isAtMost ? L"<" + scaled : scaled;
 }
 
 } // namespace
@@ -306,6 +332,26 @@ std::wstring_view chemistryCellTitle(ChemistryCell cell, bool isWater)
 {
     const CellTitle& title = cellTitles[cell];
     return isWater ? title.water : title.soil;
+}
+
+Number cellEquivalent(ChemistryCell cell)
+{
+    if (cell == CellNaK)
+        cell = CellNa;
+    const auto* row = std::ranges::find_if(ionRows, [&](const Ion& ion) { return ion.cell == cell; });
+    return row == std::end(ionRows) ? Number() : row->equivalent;
+}
+
+std::wstring textInEquivalents(ChemistryCell cell, std::wstring_view milligrams)
+{
+    const Number equivalent = cellEquivalent(cell);
+    return equivalent ? scaledText(milligrams, 1.0 / *equivalent) : std::wstring(milligrams);
+}
+
+std::wstring textInMilligrams(ChemistryCell cell, std::wstring_view equivalents)
+{
+    const Number equivalent = cellEquivalent(cell);
+    return equivalent ? scaledText(equivalents, *equivalent) : std::wstring(equivalents);
 }
 
 std::span<const Ion> ions()
@@ -361,19 +407,19 @@ std::wstring kurlovText(const Kurlov& formula)
     return text;
 }
 
-std::wstring waterName(const WaterChemistry& chemistry, double leastPercent)
+std::wstring waterName(const WaterChemistry& chemistry, double leastPercent, int language)
 {
-    const std::wstring anions = sideName(chemistry, false, leastPercent);
-    const std::wstring cations = sideName(chemistry, true, leastPercent);
+    const std::wstring anions = sideName(chemistry, false, leastPercent, nameOf(language));
+    const std::wstring cations = sideName(chemistry, true, leastPercent, nameOf(language));
     return anions.empty() || cations.empty() ? anions + cations : anions + L' ' + cations;
 }
 
-std::wstring_view mineralisationClass(double gramsPerLitre)
+std::wstring_view mineralisationClass(double gramsPerLitre, int language)
 {
-    return classOf(mineralisationClasses, gramsPerLitre);
+    return classOf(mineralisationClasses, gramsPerLitre, language);
 }
 
-std::wstring_view hardnessClass(double degrees)
+std::wstring_view hardnessClass(double degrees, int language)
 {
-    return classOf(hardnessClasses, degrees);
+    return classOf(hardnessClasses, degrees, language);
 }

@@ -81,6 +81,14 @@ std::span<const Ion> ions();
 // Of a name as in ions(), or nothing.
 const Ion* ionNamed(std::string_view name);
 
+// The mass of a mg-equivalent of the ion in a cell, mg; sodium with potassium as sodium. Nothing where the
+// cell holds none.
+Number cellEquivalent(ChemistryCell cell);
+// The text of such a cell in mg-equivalents, and one of mg-equivalents in mg, both to a thousandth; "<"
+// stays. What is no number, or no ion, stays as it is.
+std::wstring textInEquivalents(ChemistryCell cell, std::wstring_view milligrams);
+std::wstring textInMilligrams(ChemistryCell cell, std::wstring_view equivalents);
+
 struct IonShare {
     const Ion* ion = nullptr;
     double mg = 0.0;
@@ -123,7 +131,8 @@ std::optional<Kurlov> kurlov(const WaterChemistry& chemistry, const KurlovLook& 
 std::wstring kurlovText(const Kurlov& formula);
 
 // "сульфатно-гидрокарбонатная магниево-натриево-кальциевая": ions from so many %-eq on, the main one last.
-std::wstring waterName(const WaterChemistry& chemistry, double leastPercent = 20.0);
+// In a language of dictionaries/dictionary.h, as the classes below.
+std::wstring waterName(const WaterChemistry& chemistry, double leastPercent = 20.0, int language = 0);
 // "пресная", of g/l; "жесткая", of °Ж.
-std::wstring_view mineralisationClass(double gramsPerLitre);
-std::wstring_view hardnessClass(double degrees);
+std::wstring_view mineralisationClass(double gramsPerLitre, int language = 0);
+std::wstring_view hardnessClass(double degrees, int language = 0);

@@ -1,6 +1,7 @@
 #include "calc/subsidence.h"
 
 #include "calc/linear_table.h"
+#include "dictionaries/dictionary.h"
 
 #include <algorithm>
 #include <cmath>
@@ -81,26 +82,6 @@ void remarkLayers(std::span<const CollapsibleLayer> layers, Remarks& remarks)
     }
 }
 
-void sumUp(Subsidence& result)
-{
-    double sum = 0.0;
-    double thickness = 0.0;
-    bool isKnown = false;
-    for (const SubsidencePart& part : result.parts) {
-        isKnown = isKnown || part.relative.has_value();
-        if (!isSubsiding(part.relative))
-            continue;
-        sum += *part.subsidenceCm;
-        thickness += part.toM - part.fromM;
-        result.lowerBoundaryM = part.toM;
-    }
-    if (!isKnown)
-        return;
-    result.thicknessM = thickness;
-    result.coefficient = ownWeightCoefficient(thickness);
-    result.totalCm = sum * *result.coefficient;
-}
-
 } // namespace
 
 std::optional<CollapseValue> relativeSubsidence(std::span<const CollapsePoint> curve, double stressKPa)
@@ -154,21 +135,22 @@ SubsidenceType subsidenceType(double totalCm)
     return totalCm > greatestTypeOneCm + sameValue ? SubsidenceType::II : SubsidenceType::I;
 }
 
-std::wstring_view subsidenceGrade(double relative)
+std::wstring_view subsidenceGrade(double relative, int language)
 {
     struct Row {
         double upTo;
-        std::wstring_view name;
+        std::wstring_view names[2]; // Russian, Ukrainian
     };
     constexpr Row rows[] = {
-        {0.03, L"слабопросадочный"},
-        {0.07, L"среднепросадочный"},
-        {0.12, L"сильнопросадочный"},
-        {1e9, L"чрезвычайно просадочный"},
+        {0.03, {L"слабопросадочный", L"слабопросідний"}},
+        {0.07, {L"среднепросадочный", L"середньопросідний"}},
+        {0.12, {L"сильнопросадочный", L"сильнопросідний"}},
+        {1e9, {L"чрезвычайно просадочный", L"надзвичайно просідний"}},
     };
     if (!isSubsiding(relative))
         return {};
-    return std::ranges::find_if(rows, [&](const Row& row) { return relative <= row.upTo; })->name;
+    const Row& found = *std::ranges::find_if(rows, [&](const Row& row) { return relative <= row.upTo; });
+    return found.names[language == languageUkrainian ? 1 : 0];
 }
 
 Subsidence subsidenceByOwnWeight(std::span<const CollapsibleLayer> layers, double greatestPartM)
@@ -194,10 +176,32 @@ Subsidence subsidenceByOwnWeight(std::span<const CollapsibleLayer> layers, doubl
         });
     }
     sumUp(result);
-    // Soil that does not reach 0.01 under any load is no collapsible ground of either type.
-    if (result.totalCm && (result.initialPressureKPa || *result.totalCm > 0.0))
-        result.type = subsidenceType(*result.totalCm);
     return result;
+}
+
+void sumUp(Subsidence& result)
+{
+    result.lowerBoundaryM.reset();
+    result.type.reset();
+    double sum = 0.0;
+    double thickness = 0.0;
+    bool isKnown = false;
+    for (const SubsidencePart& part : result.parts) {
+        isKnown = isKnown || part.relative.has_value();
+        if (!isSubsiding(part.relative))
+            continue;
+        sum += part.subsidenceCm.value_or(0.0);
+        thickness += part.toM - part.fromM;
+        result.lowerBoundaryM = part.toM;
+    }
+    if (!isKnown)
+        return;
+    result.thicknessM = thickness;
+    result.coefficient = ownWeightCoefficient(thickness);
+    result.totalCm = sum * *result.coefficient;
+    // Soil that does not reach 0.01 under any load is no collapsible ground of either type.
+    if (result.initialPressureKPa || *result.totalCm > 0.0)
+        result.type = subsidenceType(*result.totalCm);
 }
 
 double stressShare(double widthM, double lengthM, double depthBelowBaseM)

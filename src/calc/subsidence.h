@@ -58,6 +58,9 @@ struct Subsidence {
 
 // Layers from above, the first from the ground.
 Subsidence subsidenceByOwnWeight(std::span<const CollapsibleLayer> layers, double greatestPartM = 2.0);
+// Thickness, coefficient, sum, type and lower boundary anew from the parts as they stand: where something
+// else than the curve gave them.
+void sumUp(Subsidence& result);
 // 1 up to 15 m, 1.25 from 20 m on.
 double ownWeightCoefficient(double thicknessM);
 // From 12 m of width on 1; up to 3 m by how far the pressure passes the initial one.
@@ -65,7 +68,7 @@ double foundationCoefficient(double widthM, double pressureKPa, double initialPr
 // I up to 5.00 cm.
 SubsidenceType subsidenceType(double totalCm);
 // "незначительная" and so on by relative subsidence (GOST 25100); empty below 0.01.
-std::wstring_view subsidenceGrade(double relative);
+std::wstring_view subsidenceGrade(double relative, int language = 0);
 
 struct Foundation {
     double widthM = 0.0;

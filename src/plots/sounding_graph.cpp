@@ -1,5 +1,6 @@
 #include "plots/sounding_graph.h"
 
+#include "dictionaries/dictionary.h"
 #include "drawing/text_layout.h"
 #include "site/points.h"
 
@@ -103,6 +104,11 @@ Number ratioOf(const SoundingReading& reading)
     return frictionRatio(reading.tip, reading.sleeve);
 }
 
+const wchar_t* in(int language, const wchar_t* russian, const wchar_t* ukrainian)
+{
+    return language == languageUkrainian ? ukrainian : russian;
+}
+
 std::vector<Axis> axesOf(const SoundingGraphLook& look)
 {
     const double perTip = look.tipPerTenCentimetres / 100.0;
@@ -143,10 +149,13 @@ void drawHead(Sheet& sheet, const std::vector<SoundingGraph>& graphs, int page, 
     for (const SoundingGraph& graph : graphs)
         title += (title.empty() ? L"" : L", ") + graph.title;
     const double width = pageWidth - left - 10.0;
-    title = L"Статическое зондирование: " + title + (page > 0 ? L" (продолжение)" : L"");
+    const int language = graphs.front().language;
+    title = in(language, L"Статическое зондирование: ", L"Статичне зондування: ") + title
+        + (page > 0 ? in(language, L" (продолжение)", L" (продовження)") : L"");
     sheet.text(shortenedText(title, Font::Bold, 3.5, width), {left, top + 3.5}, Align::Left, 3.5, Font::Bold);
     std::wstring note = graphs.size() == 1 ? graphs.front().note : std::wstring();
-    note += (note.empty() ? L"" : L"; ") + std::wstring(L"масштаб по глубине 1:")
+    note += (note.empty() ? L"" : L"; ")
+        + std::wstring(in(language, L"масштаб по глубине 1:", L"масштаб за глибиною 1:"))
         + numberText(look.verticalScale, 0);
     sheet.text(shortenedText(note, Font::Plain, textHeight, width), {left, top + 9.0}, Align::Left);
 }
@@ -293,9 +302,10 @@ double deepest(const std::vector<SoundingGraph>& graphs)
 
 } // namespace
 
-SoundingGraph soundingGraph(const SiteSounding& sounding)
+SoundingGraph soundingGraph(const SiteSounding& sounding, int language)
 {
     SoundingGraph graph;
+    graph.language = language;
     graph.title = sounding.point;
     graph.readings = sounding.readings;
     for (const SoundingLayer& layer : sounding.layers)
@@ -308,8 +318,8 @@ SoundingGraph soundingGraph(const SiteSounding& sounding)
     };
     add(L"", sounding.date);
     add(L"", sounding.device);
-    add(L"отметка устья, м: ", numberText(graph.mark, 2));
-    add(L"колонка: ", sounding.borehole);
+    add(in(language, L"отметка устья, м: ", L"позначка гирла, м: "), numberText(graph.mark, 2));
+    add(in(language, L"колонка: ", L"колонка: "), sounding.borehole);
     return graph;
 }
 
@@ -390,9 +400,15 @@ Drawing capacityDrawing(const CapacityGraph& graph)
         const wchar_t* title;
     };
     const Curve curves[] = {
-        {&CapacityGraph::Point::tip, {200, 40, 40}, 0.25, L"острие"},
-        {&CapacityGraph::Point::side, {30, 60, 200}, 0.25, L"боковая поверхность"},
-        {&CapacityGraph::Point::capacity, {}, 0.5, L"несущая способность"},
+        {&CapacityGraph::Point::tip, {200, 40, 40}, 0.25, in(graph.language, L"острие", L"вістря")},
+        {&CapacityGraph::Point::side,
+            {30, 60, 200},
+            0.25,
+            in(graph.language, L"боковая поверхность", L"бічна поверхня")},
+        {&CapacityGraph::Point::capacity,
+            {},
+            0.5,
+            in(graph.language, L"несущая способность", L"несуча здатність")},
     };
     double legend = x0;
     for (const Curve& curve : curves) {
@@ -417,7 +433,11 @@ Drawing capacityDrawing(const CapacityGraph& graph)
         sheet.text(curve.title, {legend + 10.0, 106.0}, Align::Left, textHeight);
         legend += 16.0 + textWidth(curve.title, Font::Plain, textHeight);
     }
-    sheet.text(L"Сопротивление, кН", {x0 + plotWidth / 2.0, 9.0}, Align::Centre, textHeight, Font::Bold);
-    sheet.text(L"Глубина, м", {2.0, 9.0}, Align::Left, textHeight);
+    sheet.text(in(graph.language, L"Сопротивление, кН", L"Опір, кН"),
+        {x0 + plotWidth / 2.0, 9.0},
+        Align::Centre,
+        textHeight,
+        Font::Bold);
+    sheet.text(in(graph.language, L"Глубина, м", L"Глибина, м"), {2.0, 9.0}, Align::Left, textHeight);
     return sheet.drawing;
 }

@@ -29,9 +29,10 @@ struct SoundingGraph {
     };
     std::vector<Layer> layers;
     Number mark; // of the mouth
+    int language = 0; // of its words, of dictionaries/dictionary.h
 };
 
-SoundingGraph soundingGraph(const SiteSounding& sounding);
+SoundingGraph soundingGraph(const SiteSounding& sounding, int language = 0);
 
 // Sheets of A4, one below the other in depth; the layers are those of the first, the others are drawn over
 // it. Values beyond an axis end at its border with a mark; what is missing breaks the line.
@@ -46,5 +47,6 @@ struct CapacityGraph {
         Number tip, side, capacity; // kN, the parts as means
     };
     std::vector<Point> points;
+    int language = 0;
 };
 Drawing capacityDrawing(const CapacityGraph& graph);

@@ -1,6 +1,9 @@
 #include "plots/subsidence_picture.h"
 
 #include "core/base/typed_number.h"
+#include "dictionaries/dictionary.h"
+#include "drawing/text_layout.h"
+#include "plots/laboratory_curves.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,11 +13,15 @@ namespace
 
 constexpr double top = 18; // mm, of the graphs
 constexpr double high = 120;
-constexpr double axisLeft = 14;
-constexpr double graphWide = 66;
+constexpr double stripLeft = 14;
+constexpr double stripWide = 14;
+constexpr double axisLeft = stripLeft + stripWide + 2;
+constexpr double graphWide = 62;
 constexpr double between = 8;
 constexpr double letter = 2.2;
 constexpr Pen axis{0.3, {}, Dash::Solid};
+constexpr Pen stressPen{0.5, {0, 90, 180}, Dash::Solid};
+constexpr Pen pressurePen{0.5, {190, 90, 0}, Dash::Dashed};
 constexpr Pen grid{0.1, {170, 170, 170}, Dash::Solid};
 
 // 1, 2 or 5 of a power of ten, so that some five steps make the whole.
@@ -46,24 +53,26 @@ public:
     double y(double depth) const { return top + depth * perMetre_; }
     void line(std::vector<Spot> points, const Pen& pen, Layer layer = Layer::Grid)
     {
-        drawing_.items.push_back({layer, 0, Line{std::move(points), pen, false}});
+        Item& item = drawing_.items.emplace_back();
+        item.layer = layer;
+        item.shape.emplace<Line>(Line{std::move(points), pen, false});
     }
     void text(std::wstring text, const Spot& at, Align align, double height = letter)
     {
         drawing_.items.push_back({Layer::Text, 0, Text{std::move(text), at, height, align}});
     }
 
-    void depthAxis()
+    void depthAxis(const wchar_t* title)
     {
         const double step = stepFor(depth_);
         for (double depth = 0; depth <= depth_ + 1e-9; depth += step) {
-            text(numberText(depth, decimalsOf(step)), {axisLeft - 2, y(depth) + letter / 2}, Align::Right);
+            text(numberText(depth, decimalsOf(step)), {stripLeft - 2, y(depth) + letter / 2}, Align::Right);
             for (int graph = 0; graph < 2; ++graph) {
                 const double left = axisLeft + graph * (graphWide + between);
                 line({{left, y(depth)}, {left + graphWide, y(depth)}}, grid);
             }
         }
-        text(L"Глубина, м", {axisLeft - 2, top - 4}, Align::Right, 1.8);
+        text(title, {stripLeft - 12, top - 4}, Align::Left, 1.8);
     }
 
     // The frame of a graph with the values along its upper edge; answers millimetres for one of them.
@@ -87,20 +96,111 @@ public:
         return scale;
     }
 
+    void strip(std::span<const SubsidenceStratum> strata)
+    {
+        for (const SubsidenceStratum& stratum : strata) {
+            const double from = y(std::min(stratum.fromM, depth_));
+            const double to = y(std::min(stratum.toM, depth_));
+            if (to - from < 0.01)
+                continue;
+            const double right = stripLeft + stripWide;
+            line({{stripLeft, from}, {right, from}, {right, to}, {stripLeft, to}, {stripLeft, from}}, axis);
+            if (to - from > letter + 0.6)
+                text(shortenedText(stratum.name, Font::Plain, letter, stripWide - 1),
+                    {stripLeft + stripWide / 2, (from + to + letter) / 2 - 0.2},
+                    Align::Centre);
+        }
+    }
+
+    // Through the middles of parts that follow each other; x rises with the value, y with the depth.
+    void curve(const std::vector<Spot>& spots, const Pen& pen, bool isSmooth)
+    {
+        if (spots.size() < 2)
+            return;
+        if (!isSmooth) {
+            line(spots, pen, Layer::Graph);
+            return;
+        }
+        std::vector<Spot> turned;
+        for (const Spot& spot : spots)
+            turned.push_back({spot.y, spot.x});
+        std::vector<Spot> smooth;
+        for (const Spot& spot : monotoneCurve(turned, 8))
+            smooth.push_back({spot.y, spot.x});
+        line(std::move(smooth), pen, Layer::Graph);
+    }
+
 private:
     Drawing& drawing_;
     double perMetre_;
     double depth_;
 };
 
+void drawStress(Picture& picture,
+    const Subsidence& subsidence,
+    std::span<const SubsidenceStratum> strata,
+    double scale,
+    bool isSmooth)
+{
+    std::vector<Spot> curve;
+    for (const SubsidencePart& part : subsidence.parts) {
+        if (part.stressKPa) {
+            curve.push_back({axisLeft + *part.stressKPa * scale, picture.y((part.fromM + part.toM) / 2)});
+            continue;
+        }
+        picture.curve(curve, stressPen, isSmooth);
+        curve.clear();
+    }
+    picture.curve(curve, stressPen, isSmooth);
+    for (const SubsidenceStratum& stratum : strata)
+        if (stratum.initialPressureKPa) {
+            const double x = axisLeft + *stratum.initialPressureKPa * scale;
+            picture.line(
+                {{x, picture.y(stratum.fromM)}, {x, picture.y(stratum.toM)}}, pressurePen, Layer::Graph);
+        }
+}
+
+void drawRelative(
+    Drawing& drawing, Picture& picture, const Subsidence& subsidence, double scale, bool isSmooth)
+{
+    const double left = axisLeft + graphWide + between;
+    std::vector<Spot> curve;
+    for (const SubsidencePart& part : subsidence.parts) {
+        if (!part.relative) {
+            picture.curve(curve, stressPen, isSmooth);
+            curve.clear();
+            continue;
+        }
+        const double right = left + std::max(0.0, *part.relative) * scale;
+        const double from = picture.y(part.fromM);
+        const double to = picture.y(part.toM);
+        Area bar;
+        bar.rings = {{{left, from}, {right, from}, {right, to}, {left, to}}};
+        const bool subsides = *part.relative >= leastRelativeSubsidence;
+        bar.ground = subsides ? Color{240, 190, 140} : Color{225, 225, 225};
+        bar.hasGround = true;
+        drawing.items.push_back({Layer::Ground, 0, std::move(bar)});
+        picture.line(
+            {{left, from}, {right, from}, {right, to}, {left, to}}, {0.2, {}, Dash::Solid}, Layer::Graph);
+        curve.push_back({right, (from + to) / 2});
+    }
+    picture.curve(curve, stressPen, isSmooth);
+    const double limit = left + leastRelativeSubsidence * scale;
+    picture.line({{limit, top}, {limit, top + high}}, {0.35, {200, 30, 30}, Dash::Dashed}, Layer::Graph);
+}
+
 } // namespace
 
-Drawing subsidencePicture(const Subsidence& subsidence, const std::wstring& title)
+Drawing subsidencePicture(const Subsidence& subsidence,
+    std::span<const SubsidenceStratum> strata,
+    const std::wstring& title,
+    const SubsidenceLook& look)
 {
+    const bool isUkrainian = look.language == languageUkrainian;
     Drawing drawing;
     drawing.title = title;
-    drawing.width = 160;
-    drawing.height = top + high + 5;
+    drawing.width = 172;
+    drawing.height = top + high + 12;
     double depth = 1;
     double stress = 50;
     double relative = leastRelativeSubsidence * 2;
@@ -109,45 +209,25 @@ Drawing subsidencePicture(const Subsidence& subsidence, const std::wstring& titl
         stress = std::max(stress, part.stressKPa.value_or(0));
         relative = std::max(relative, part.relative.value_or(0));
     }
+    for (const SubsidenceStratum& stratum : strata)
+        stress = std::max(stress, stratum.initialPressureKPa.value_or(0));
     Picture picture(drawing, depth);
-    picture.text(title, {axisLeft, 5}, Align::Left, 3);
-    picture.depthAxis();
-    const double stressScale = picture.values(0, stress, L"Напряжение от собственного веса, кПа");
-    const double relativeScale = picture.values(1, relative, L"Относительная просадочность");
-    const double left = axisLeft + graphWide + between;
-    std::vector<Spot> curve;
-    const auto flush = [&] {
-        if (curve.size() > 1)
-            picture.line(curve, {0.5, {0, 90, 180}, Dash::Solid}, Layer::Graph);
-        curve.clear();
-    };
-    for (const SubsidencePart& part : subsidence.parts) {
-        const double middle = (part.fromM + part.toM) / 2;
-        if (part.stressKPa)
-            curve.push_back({axisLeft + *part.stressKPa * stressScale, picture.y(middle)});
-        else
-            flush();
-        if (!part.relative)
-            continue;
-        const double right = left + *part.relative * relativeScale;
-        const bool subsides = *part.relative >= leastRelativeSubsidence;
-        Area bar;
-        bar.rings = {{{left, picture.y(part.fromM)},
-            {right, picture.y(part.fromM)},
-            {right, picture.y(part.toM)},
-            {left, picture.y(part.toM)}}};
-        bar.ground = subsides ? Color{240, 190, 140} : Color{225, 225, 225};
-        bar.hasGround = true;
-        drawing.items.push_back({Layer::Ground, 0, std::move(bar)});
-        picture.line({{left, picture.y(part.fromM)},
-                         {right, picture.y(part.fromM)},
-                         {right, picture.y(part.toM)},
-                         {left, picture.y(part.toM)}},
-            {0.2, {}, Dash::Solid},
-            Layer::Graph);
-    }
-    flush();
-    const double limit = left + leastRelativeSubsidence * relativeScale;
-    picture.line({{limit, top}, {limit, top + high}}, {0.35, {200, 30, 30}, Dash::Dashed}, Layer::Graph);
+    picture.text(title, {stripLeft, 5}, Align::Left, 3);
+    picture.depthAxis(isUkrainian ? L"Глибина, м" : L"Глубина, м");
+    picture.strip(strata);
+    const double stressScale = picture.values(0, stress, isUkrainian ? L"Тиск, кПа" : L"Давление, кПа");
+    const double relativeScale =
+        picture.values(1, relative, isUkrainian ? L"Відносна просідність" : L"Относительная просадочность");
+    drawStress(picture, subsidence, strata, stressScale, look.isSmooth);
+    drawRelative(drawing, picture, subsidence, relativeScale, look.isSmooth);
+    const double key = top + high + 6;
+    picture.line({{axisLeft, key}, {axisLeft + 8, key}}, stressPen, Layer::Graph);
+    picture.text(isUkrainian ? L"від власної ваги" : L"от собственного веса",
+        {axisLeft + 10, key + letter / 2},
+        Align::Left);
+    picture.line({{axisLeft + 46, key}, {axisLeft + 54, key}}, pressurePen, Layer::Graph);
+    picture.text(isUkrainian ? L"початковий тиск просідання" : L"начальное просадочное",
+        {axisLeft + 56, key + letter / 2},
+        Align::Left);
     return drawing;
 }

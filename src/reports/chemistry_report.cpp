@@ -2,6 +2,8 @@
 
 #include "modules/idbproject.h"
 #include "plots/piper.h"
+#include "plots/schoeller.h"
+#include "reports/words.h"
 #include "site/chemistry.h"
 
 #include <algorithm>
@@ -52,6 +54,60 @@ std::wstring wide(std::string_view ascii)
     return {ascii.begin(), ascii.end()};
 }
 
+struct Texts {
+    // clang-format off
+    static constexpr Words title{L"Химический состав и агрессивность воды и грунтов", L"Хімічний склад та агресивність води і ґрунтів"};
+    static constexpr Words object{L"Объект: ", L"Об'єкт: "};
+    static constexpr Words point{L"Точка", L"Точка"};
+    static constexpr Words sampleDepth{L"Глубина отбора, м", L"Глибина відбору, м"};
+    static constexpr Words depth{L"Глубина, м", L"Глибина, м"};
+    static constexpr Words units{L"Единицы", L"Одиниці"};
+    static constexpr Words cations{L"Катионы", L"Катіони"};
+    static constexpr Words anions{L"Анионы", L"Аніони"};
+    static constexpr Words hardness{L"Жесткость общая, °Ж", L"Твердість загальна, °Ж"};
+    static constexpr Words dryResidue{L"Сухой остаток, мг/л", L"Сухий залишок, мг/л"};
+    static constexpr Words mineralisation{L"Минерализация, г/л", L"Мінералізація, г/л"};
+    static constexpr Words unitNames[] = {{L"мг/л", L"мг/л"}, {L"мг-экв/л", L"мг-екв/л"}, {L"%-экв", L"%-екв"}};
+    static constexpr Words metres{L" м", L" м"};
+    static constexpr Words levels[] = {
+        {L"неагрессивная", L"неагресивна"}, {L"слабоагрессивная", L"слабоагресивна"},
+        {L"среднеагрессивная", L"середньоагресивна"}, {L"сильноагрессивная", L"сильноагресивна"}};
+    static constexpr Words metalLevels[] = {
+        {L"низкая", L"низька"}, {L"низкая", L"низька"}, {L"средняя", L"середня"}, {L"высокая", L"висока"}};
+    static constexpr Words waterTable{L"Агрессивность воды", L"Агресивність води"};
+    static constexpr Words soilTable{L"Агрессивность грунтов", L"Агресивність ґрунтів"};
+    static constexpr Words toConcrete{L"К бетону марки по водонепроницаемости", L"До бетону марки за водонепроникністю"};
+    static constexpr Words toReinforcement{L"К арматуре железобетона", L"До арматури залізобетону"};
+    static constexpr Words toSteel{L"К углеродистой стали", L"До вуглецевої сталі"};
+    static constexpr Words toLead{L"К свинцу", L"До свинцю"};
+    static constexpr Words toAluminium{L"К алюминию", L"До алюмінію"};
+    static constexpr Words composition{L"Химический состав воды", L"Хімічний склад води"};
+    static constexpr Words formulas{L"Формулы солевого состава", L"Формули сольового складу"};
+    static constexpr Words kurlov{L"Формула Курлова", L"Формула Курлова"};
+    static constexpr Words waterName{L"Наименование воды", L"Назва води"};
+    static constexpr Words balance{L"Невязка, %", L"Нев'язка, %"};
+    static constexpr Words formulaNote{
+        L"В числителе анионы, в знаменателе катионы, %-экв; ионы менее 10 %-экв не показаны. "
+        L"Серым выделена невязка более 5 %.",
+        L"У чисельнику аніони, у знаменнику катіони, %-екв; іони менше 10 %-екв не показано. "
+        L"Сірим виділено нев'язку понад 5 %."};
+    static constexpr Words piper{L"Диаграмма Пайпера", L"Діаграма Пайпера"};
+    static constexpr Words schoeller{L"Диаграмма Шеллера", L"Діаграма Шеллера"};
+    static constexpr Words sulphateResistant{L"сульфатостойкий", L"сульфатостійкий"};
+    static constexpr Words cement{L"Цемент: ", L"Цемент: "};
+    static constexpr Words cover{L"; защитный слой ", L"; захисний шар "};
+    static constexpr Words millimetres{L" мм; ", L" мм; "};
+    static constexpr Words filtering{L"коэффициент фильтрации от 0,1 м/сут", L"коефіцієнт фільтрації від 0,1 м/добу"};
+    static constexpr Words notFiltering{L"коэффициент фильтрации до 0,1 м/сут", L"коефіцієнт фільтрації до 0,1 м/добу"};
+    static constexpr Words oldEdition{L"; хлориды воды по СНиП 2.03.11-85", L"; хлориди води за СНиП 2.03.11-85"};
+    static constexpr Words limitsNote{
+        L". В скобках показатель, по которому принята степень. Пределы взяты из вторых рук: перед выпуском "
+        L"сверьте их с действующей редакцией СП 28.13330.",
+        L". У дужках показник, за яким прийнято ступінь. Межі взято з других рук: перед випуском "
+        L"звірте їх із чинною редакцією СП 28.13330."};
+    // clang-format on
+};
+
 struct Water {
     const SiteAnalysis* site = nullptr;
     WaterChemistry chemistry;
@@ -61,17 +117,17 @@ struct Water {
 
 constexpr const char* tableIons[] = {"Na", "K", "Ca", "Mg", "NH4", "HCO3", "CO3", "SO4", "Cl", "NO3"};
 
-TableRows analysesHead()
+TableRows analysesHead(int language)
 {
-    std::vector<TableCell> top{headCell(L"Точка", 1, 2),
-        headCell(L"Глубина отбора, м", 1, 2),
-        headCell(L"Единицы", 1, 2),
-        headCell(L"Катионы", 5),
-        headCell(L"Анионы", 5),
+    std::vector<TableCell> top{headCell(Texts::point.in(language), 1, 2),
+        headCell(Texts::sampleDepth.in(language), 1, 2),
+        headCell(Texts::units.in(language), 1, 2),
+        headCell(Texts::cations.in(language), 5),
+        headCell(Texts::anions.in(language), 5),
         headCell(L"pH", 1, 2),
-        headCell(L"Жесткость общая, °Ж", 1, 2),
-        headCell(L"Сухой остаток, мг/л", 1, 2),
-        headCell(L"Минерализация, г/л", 1, 2)};
+        headCell(Texts::hardness.in(language), 1, 2),
+        headCell(Texts::dryResidue.in(language), 1, 2),
+        headCell(Texts::mineralisation.in(language), 1, 2)};
     std::vector<TableCell> below;
     for (const char* ion : tableIons) {
         TableCell cell = headCell({});
@@ -82,18 +138,17 @@ TableRows analysesHead()
 }
 
 // Three lines: mg, mg-equivalents, per cent of them.
-void addAnalysisRows(TableRows& rows, const Water& water)
+void addAnalysisRows(TableRows& rows, const Water& water, int language)
 {
     constexpr int lines = 3;
     const Analysis& analysis = water.site->analysis;
-    const wchar_t* const units[lines] = {L"мг/л", L"мг-экв/л", L"%-экв"};
     for (int line = 0; line < lines; ++line) {
         std::vector<TableCell> row;
         if (line == 0) {
             row.push_back(textCell(water.site->point, Align::Left, 1, lines));
             row.push_back(textCell(water.site->depth, Align::Right, 1, lines));
         }
-        row.push_back(textCell(units[line]));
+        row.push_back(textCell(Texts::unitNames[line].in(language)));
         for (const char* ion : tableIons) {
             const IonShare* share = water.chemistry.share(ion);
             Number value;
@@ -129,23 +184,24 @@ Runs sideRuns(const std::vector<Kurlov::Part>& side)
 }
 
 // The fraction is two rows: anions above the rule, cations below it.
-void addFormulaRows(TableRows& rows, const Water& water)
+void addFormulaRows(TableRows& rows, const Water& water, int language)
 {
     const std::optional<Kurlov> formula = kurlov(water.chemistry);
     if (!formula)
         return;
     constexpr int lines = 2;
+    constexpr double nameFrom = 20; // %-eq
     TableCell mineralisation = textCell({}, Align::Right, 1, lines);
     mineralisation.runs = {{L"M "}, {formula->mineralisation, false, false, false, Run::Lowered}};
     TableCell anions = textCell({}, Align::Centre);
     anions.runs = sideRuns(formula->anions);
     TableCell cations = textCell({}, Align::Centre);
     cations.runs = sideRuns(formula->cations);
-    std::wstring name = waterName(water.chemistry);
+    std::wstring name = waterName(water.chemistry, nameFrom, language);
     if (water.chemistry.mineralisationGL)
-        name += L", " + std::wstring(mineralisationClass(*water.chemistry.mineralisationGL));
+        name += L", " + std::wstring(mineralisationClass(*water.chemistry.mineralisationGL, language));
     if (water.chemistry.hardness)
-        name += L", " + std::wstring(hardnessClass(*water.chemistry.hardness));
+        name += L", " + std::wstring(hardnessClass(*water.chemistry.hardness, language));
     TableCell balance = numberCell(water.chemistry.balancePercent, 1, lines);
     constexpr double greatestBalance = 5;
     balance.isMarked =
@@ -161,33 +217,12 @@ void addFormulaRows(TableRows& rows, const Water& water)
 
 // ---- aggressiveness ----
 
-const wchar_t* levelName(Aggressiveness level)
-{
-    switch (level) {
-    case Aggressiveness::None:
-        return L"неагрессивная";
-    case Aggressiveness::Weak:
-        return L"слабоагрессивная";
-    case Aggressiveness::Medium:
-        return L"среднеагрессивная";
-    case Aggressiveness::Strong:
-        return L"сильноагрессивная";
-    }
-    return L"";
-}
-
-const wchar_t* metalLevelName(Aggressiveness level)
-{
-    return level == Aggressiveness::None  ? L"низкая"
-        : level == Aggressiveness::Strong ? L"высокая"
-                                          : L"средняя";
-}
-
-TableCell verdictCell(const AggressivenessVerdict& verdict, bool isMetal)
+TableCell verdictCell(const AggressivenessVerdict& verdict, bool isMetal, int language)
 {
     if (!verdict.level)
         return textCell(L"–", Align::Centre);
-    std::wstring text = isMetal ? metalLevelName(*verdict.level) : levelName(*verdict.level);
+    std::wstring text =
+        (isMetal ? Texts::metalLevels : Texts::levels)[static_cast<std::size_t>(*verdict.level)].in(language);
     if (!verdict.by.empty())
         text += L" (" + wide(verdict.by) + L")";
     return textCell(text);
@@ -198,18 +233,19 @@ constexpr const char* grades[] = {"W4", "W6", "W8", "W10-W14", "W16-W20"};
 TableBlock aggressivenessTable(const std::vector<SiteAnalysis>& analyses,
     bool isWater,
     const AggressivenessLimits& limits,
-    const ProtectionChoice& choice)
+    const ProtectionChoice& choice,
+    int language)
 {
     TableBlock table;
-    table.title = isWater ? L"Агрессивность воды" : L"Агрессивность грунтов";
-    std::vector<TableCell> top{headCell(L"Точка", 1, 2),
-        headCell(L"Глубина, м", 1, 2),
-        headCell(L"К бетону марки по водонепроницаемости", static_cast<int>(std::size(grades))),
-        headCell(L"К арматуре железобетона", 1, 2),
-        headCell(L"К углеродистой стали", 1, 2)};
+    table.title = (isWater ? Texts::waterTable : Texts::soilTable).in(language);
+    std::vector<TableCell> top{headCell(Texts::point.in(language), 1, 2),
+        headCell(Texts::depth.in(language), 1, 2),
+        headCell(Texts::toConcrete.in(language), static_cast<int>(std::size(grades))),
+        headCell(Texts::toReinforcement.in(language), 1, 2),
+        headCell(Texts::toSteel.in(language), 1, 2)};
     if (!isWater) {
-        top.push_back(headCell(L"К свинцу", 1, 2));
-        top.push_back(headCell(L"К алюминию", 1, 2));
+        top.push_back(headCell(Texts::toLead.in(language), 1, 2));
+        top.push_back(headCell(Texts::toAluminium.in(language), 1, 2));
     }
     std::vector<TableCell> below;
     for (const char* grade : grades)
@@ -221,13 +257,15 @@ TableBlock aggressivenessTable(const std::vector<SiteAnalysis>& analyses,
         const WaterChemistry chemistry = waterChemistry(site.analysis);
         std::vector<TableCell> row{textCell(site.point), textCell(site.depth, Align::Right)};
         for (const char* grade : grades)
-            row.push_back(
-                verdictCell(concreteVerdict(limits, site.analysis, chemistry, choice, grade), false));
-        row.push_back(verdictCell(reinforcementVerdict(limits, site.analysis, choice), false));
-        row.push_back(verdictCell(steelVerdict(limits, site.analysis, site.cathodeCurrent), !isWater));
+            row.push_back(verdictCell(
+                concreteVerdict(limits, site.analysis, chemistry, choice, grade), false, language));
+        row.push_back(verdictCell(reinforcementVerdict(limits, site.analysis, choice), false, language));
+        row.push_back(
+            verdictCell(steelVerdict(limits, site.analysis, site.cathodeCurrent), !isWater, language));
         if (!isWater) {
-            row.push_back(verdictCell(sheathVerdict(limits, site.analysis, Attacked::Lead), true));
-            row.push_back(verdictCell(sheathVerdict(limits, site.analysis, Attacked::Aluminium), true));
+            row.push_back(verdictCell(sheathVerdict(limits, site.analysis, Attacked::Lead), true, language));
+            row.push_back(
+                verdictCell(sheathVerdict(limits, site.analysis, Attacked::Aluminium), true, language));
         }
         table.rows.push_back(std::move(row));
     }
@@ -239,48 +277,53 @@ Paragraph note(std::wstring text)
     return {{{std::move(text)}}, Paragraph::Note, Align::Left};
 }
 
-void addWaters(Document& document, const std::vector<Water>& waters)
+void addWaters(Document& document, const std::vector<Water>& waters, int language)
 {
     TableBlock analyses;
-    analyses.title = L"Химический состав воды";
-    analyses.head = analysesHead();
+    analyses.title = Texts::composition.in(language);
+    analyses.head = analysesHead(language);
     TableBlock formulas;
-    formulas.title = L"Формулы солевого состава";
-    formulas.head = {{headCell(L"Точка"),
-        headCell(L"Глубина отбора, м"),
-        headCell(L"Формула Курлова", 2),
-        headCell(L"Наименование воды"),
-        headCell(L"Невязка, %")}};
+    formulas.title = Texts::formulas.in(language);
+    formulas.head = {{headCell(Texts::point.in(language)),
+        headCell(Texts::sampleDepth.in(language)),
+        headCell(Texts::kurlov.in(language), 2),
+        headCell(Texts::waterName.in(language)),
+        headCell(Texts::balance.in(language))}};
     std::vector<PiperSample> samples;
+    std::vector<SchoellerSample> lines;
     for (const Water& water : waters) {
-        addAnalysisRows(analyses.rows, water);
-        addFormulaRows(formulas.rows, water);
-        if (const auto sample = piperSample(water.chemistry,
-                std::wstring(water.site->point) + L", " + std::wstring(water.site->depth) + L" м"))
+        addAnalysisRows(analyses.rows, water, language);
+        addFormulaRows(formulas.rows, water, language);
+        const std::wstring name = std::wstring(water.site->point) + L", " + std::wstring(water.site->depth)
+            + Texts::metres.in(language);
+        if (const auto sample = piperSample(water.chemistry, name))
             samples.push_back(*sample);
+        if (const auto sample = schoellerSample(water.chemistry, name))
+            lines.push_back(*sample);
     }
     document.blocks.emplace_back(std::move(analyses));
     if (!formulas.rows.empty()) {
         document.blocks.emplace_back(std::move(formulas));
-        document.blocks.emplace_back(
-            note(L"В числителе анионы, в знаменателе катионы, %-экв; ионы менее 10 %-экв не показаны. "
-                 L"Серым выделена невязка более 5 %."));
+        document.blocks.emplace_back(note(Texts::formulaNote.in(language)));
     }
     if (!samples.empty())
-        document.blocks.emplace_back(Figure{piperDiagram(samples), L"Диаграмма Пайпера"});
+        document.blocks.emplace_back(Figure{piperDiagram(samples), Texts::piper.in(language)});
+    if (!lines.empty())
+        document.blocks.emplace_back(
+            Figure{schoellerDiagram(lines, language), Texts::schoeller.in(language)});
 }
 
 } // namespace
 
-Document chemistryReport(IDBProject& project, const AggressivenessLimits& limits)
+Document chemistryReport(IDBProject& project, const AggressivenessLimits& limits, int language)
 {
     Document document;
-    document.title = L"Химический состав и агрессивность воды и грунтов";
+    document.title = Texts::title.in(language);
     document.header = project.getProjectCode();
     document.page = {297, 210, 20, 15, 10, 15};
     document.blocks.emplace_back(Heading{document.title, 1});
     if (!project.getProjectName().empty())
-        document.blocks.emplace_back(Paragraph{{{L"Объект: " + project.getProjectName()}}});
+        document.blocks.emplace_back(Paragraph{{{Texts::object.in(language) + project.getProjectName()}}});
 
     const std::vector<SiteAnalysis> analyses = siteAnalyses(project);
     std::vector<Water> waters;
@@ -288,18 +331,19 @@ Document chemistryReport(IDBProject& project, const AggressivenessLimits& limits
         if (site.analysis.isWater)
             waters.push_back({&site, waterChemistry(site.analysis)});
     if (!waters.empty())
-        addWaters(document, waters);
+        addWaters(document, waters, language);
     const ProtectionChoice choice = protectionChoice(project);
     for (const bool isWater : {true, false}) {
-        TableBlock table = aggressivenessTable(analyses, isWater, limits, choice);
+        TableBlock table = aggressivenessTable(analyses, isWater, limits, choice, language);
         if (!table.rows.empty())
             document.blocks.emplace_back(std::move(table));
     }
     if (!analyses.empty())
-        document.blocks.emplace_back(
-            note(L"Цемент: " + choice.cement + L"; защитный слой " + std::to_wstring(choice.coverMm)
-                + L" мм. В скобках показатель, по которому принята степень. Пределы взяты из вторых рук: "
-                  L"перед выпуском сверьте их с "
-                  L"действующей редакцией СП 28.13330."));
+        document.blocks.emplace_back(note(Texts::cement.in(language)
+            + (choice.cement == Texts::sulphateResistant.russian ? Texts::sulphateResistant.in(language)
+                                                                 : choice.cement)
+            + Texts::cover.in(language) + std::to_wstring(choice.coverMm) + Texts::millimetres.in(language)
+            + (choice.isFiltering ? Texts::filtering : Texts::notFiltering).in(language)
+            + (choice.isOldEdition ? Texts::oldEdition.in(language) : L"") + Texts::limitsNote.in(language)));
     return document;
 }

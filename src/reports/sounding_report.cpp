@@ -4,6 +4,7 @@
 #include "dictionaries/pile_coefficients.h"
 #include "dictionaries/sounding_captions.h"
 #include "modules/idbproject.h"
+#include "reports/words.h"
 #include "site/points.h"
 
 #include <algorithm>
@@ -13,6 +14,22 @@ namespace
 {
 
 constexpr std::size_t pileColumns = 9;
+
+struct Texts {
+    // clang-format off
+    static constexpr Words date{L"Дата: ", L"Дата: "};
+    static constexpr Words mark{L"; отметка устья, м: ", L"; позначка гирла, м: "};
+    static constexpr Words borehole{L"; соседняя скважина: ", L"; сусідня свердловина: "};
+    static constexpr Words element{L"ИГЭ", L"ІГЕ"};
+    static constexpr Words graphs{L"Графики статического зондирования", L"Графіки статичного зондування"};
+    static constexpr Words capacity{L"Несущая способность свай", L"Несуча здатність паль"};
+    static constexpr Words byDepth{L"Несущая способность по глубине", L"Несуча здатність за глибиною"};
+    static constexpr Words screwPile{L"винтовой сваи", L"гвинтової палі"};
+    static constexpr Words toBeChecked{
+        L"Коэффициенты СП 24.13330 взяты из вторичных источников и подлежат сверке с нормами.",
+        L"Коефіцієнти СП 24.13330 взято з вторинних джерел, їх треба звірити з нормами."};
+    // clang-format on
+};
 
 // %1, %2, ... replaced by the texts.
 std::wstring filled(std::wstring text, const std::vector<std::wstring>& values)
@@ -45,7 +62,7 @@ std::wstring sectionSize(const PileSection& section)
 std::wstring kindText(const PileTask& task, int language)
 {
     if (task.kind == 10)
-        return language == languageUkrainian ? L"гвинтової палі" : L"винтовой сваи";
+        return Texts::screwPile.in(language);
     return std::wstring(pileReportTexts.at(language, 6 + std::clamp(task.kind, 0, 9)));
 }
 
@@ -197,18 +214,19 @@ Document soundingJournals(IDBProject& project,
                                                    {key.pointName, key.device.empty() ? L"–" : key.device}),
             Paragraph::Body));
         const SiteSounding* sounding = soundings.find(key.pointName);
-        std::wstring line = L"Дата: " + (key.date.empty() ? std::wstring(L"–") : key.date);
+        std::wstring line =
+            std::wstring(Texts::date.in(language)) + (key.date.empty() ? std::wstring(L"–") : key.date);
         if (sounding && sounding->place && !sounding->place->markText.empty())
-            line += L"; отметка устья, м: " + std::wstring(sounding->place->markText);
+            line += Texts::mark.in(language) + std::wstring(sounding->place->markText);
         if (sounding && !sounding->borehole.empty())
-            line += L"; соседняя скважина: " + std::wstring(sounding->borehole);
+            line += Texts::borehole.in(language) + std::wstring(sounding->borehole);
         document.blocks.emplace_back(paragraph(std::move(line), Paragraph::Body));
         TableBlock table;
         table.head = {{headCell(std::wstring(soundingJournalTexts.at(language, 2)) + L", м"),
             headCell(std::wstring(soundingJournalTexts.at(language, 4)) + L", МПа"),
             headCell(std::wstring(soundingJournalTexts.at(language, 3)) + L", кПа"),
             headCell(std::wstring(soundingJournalTexts.at(language, 5)) + L", кН"),
-            headCell(language == languageUkrainian ? L"ІГЕ" : L"ИГЭ")}};
+            headCell(Texts::element.in(language))}};
         for (const SoundingRow& row : rows)
             table.rows.push_back({textCell(row.depth),
                 textCell(row.cells[0]),
@@ -223,8 +241,7 @@ Document soundingJournals(IDBProject& project,
 Document soundingGraphs(const std::vector<Drawing>& pages, int language)
 {
     Document document;
-    document.title = language == languageUkrainian ? L"Графіки статичного зондування"
-                                                   : L"Графики статического зондирования";
+    document.title = Texts::graphs.in(language);
     // A sheet is the whole page already.
     document.page = {210, 297, 0, 0, 0, 0};
     for (const Drawing& page : pages) {
@@ -279,7 +296,7 @@ std::vector<SoundingCalcRow> pileCalcRows(const std::vector<PileRow>& rows)
 CapacityGraph capacityGraph(const std::vector<PileRow>& rows)
 {
     CapacityGraph graph;
-    graph.title = L"Несущая способность по глубине";
+    graph.title = Texts::byDepth.russian;
     for (const PileRow& row : rows) {
         std::vector<Number> tips;
         std::vector<Number> sides;
@@ -298,7 +315,7 @@ CapacityGraph capacityGraph(const std::vector<PileRow>& rows)
 Document pileReport(const std::vector<PileRow>& rows, const PileTask& task, bool hasParts, int language)
 {
     Document document;
-    document.title = language == languageUkrainian ? L"Несуча здатність паль" : L"Несущая способность свай";
+    document.title = Texts::capacity.in(language);
     const std::vector<std::wstring> points = pointNames(rows);
     std::vector<PilePart> parts = {PilePart::Whole};
     if (hasParts)
@@ -308,10 +325,11 @@ Document pileReport(const std::vector<PileRow>& rows, const PileTask& task, bool
         document.blocks.emplace_back(pileTable(rows, task, part, language));
         addLines(document, pileConditionsText(task, language), Paragraph::Note, Align::Left);
     }
-    document.blocks.emplace_back(Figure{capacityDrawing(capacityGraph(rows)), document.title});
-    document.blocks.emplace_back(
-        paragraph(L"Коэффициенты СП 24.13330 взяты из вторичных источников и подлежат сверке с нормами.",
-            Paragraph::Note));
+    CapacityGraph graph = capacityGraph(rows);
+    graph.title = Texts::byDepth.in(language);
+    graph.language = language;
+    document.blocks.emplace_back(Figure{capacityDrawing(graph), document.title});
+    document.blocks.emplace_back(paragraph(Texts::toBeChecked.in(language), Paragraph::Note));
     addRemarks(document, rows);
     return document;
 }

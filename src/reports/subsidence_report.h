@@ -4,6 +4,14 @@
 
 class IDBProject;
 
-// Subsidence of the site by own weight: a summary of all points with collapse tests, then for each point all
-// steps in a table that a person can check, and its picture. Nothing in it where no point has a test.
-Document subsidenceReport(IDBProject& project, int language);
+struct SubsidenceReportLook {
+    int language = 0; // of dictionaries/dictionary.h
+    bool withFoundation = false; // subsidence under the foundation that is given for the site, too
+    bool isSmooth = true; // curves of the pictures
+};
+
+// What an office hands over of collapsible soils: the summary of the points with thickness, lower boundary,
+// initial pressure, sum and type, the list that a plan of isolines is drawn by, and for each point all steps
+// of the calculation as a table with its picture. What was typed rules and is grey. Empty but for its title
+// where no point can be judged.
+Document subsidenceReport(IDBProject& project, const SubsidenceReportLook& look);

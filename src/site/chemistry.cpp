@@ -116,14 +116,19 @@ std::wstring protectionText(const ProtectionChoice& choice)
     return text;
 }
 
+NumberedLinks withProtectionChoice(const NumberedLinks& links, const ProtectionChoice& choice)
+{
+    NumberedLinks chosen;
+    for (const auto& [key, value] : links)
+        if (key != choiceKey)
+            chosen.insert({key, value});
+    chosen.insert({std::wstring(choiceKey), protectionText(choice)});
+    return chosen;
+}
+
 void setProtectionChoice(IDBProject& project, const ProtectionChoice& choice)
 {
-    NumberedLinks links;
-    for (const auto& [key, value] : project.getNumberedLinks())
-        if (key != choiceKey)
-            links.insert({key, value});
-    links.insert({std::wstring(choiceKey), protectionText(choice)});
-    project.setNumberedLinks(links);
+    project.setNumberedLinks(withProtectionChoice(project.getNumberedLinks(), choice));
 }
 
 std::vector<std::wstring> knownCements(const AggressivenessLimits& limits)
@@ -164,4 +169,23 @@ AggressivenessLimits limitsBeside(const std::wstring& folder, std::vector<LimitM
     AggressivenessLimits limits =
         AggressivenessLimits::read(std::string(bytes.begin(), bytes.end()), mistakes);
     return mistakes.empty() ? limits : AggressivenessLimits::ofProgram();
+}
+
+std::wstring limitsMessage(const std::vector<LimitMistake>& mistakes)
+{
+    if (mistakes.empty())
+        return {};
+    constexpr std::size_t shown = 5;
+    std::wstring message = L"Файл " + std::wstring(limitsFileName)
+        + L" рядом с программой не принят, действуют встроенные пределы агрессивности.\n";
+    for (std::size_t i = 0; i < std::min(shown, mistakes.size()); ++i) {
+        const LimitMistake& mistake = mistakes[i];
+        message += L'\n';
+        if (mistake.line > 0)
+            message += L"Строка " + std::to_wstring(mistake.line) + L": ";
+        message += mistake.text + L'.';
+    }
+    if (mistakes.size() > shown)
+        message += L"\nИ еще ошибок: " + std::to_wstring(mistakes.size() - shown) + L'.';
+    return message;
 }

@@ -2,6 +2,7 @@
 
 #include "calc/aggressiveness.h"
 #include "db/records/chemistry.h"
+#include "db/records/subsidence.h"
 
 #include <optional>
 #include <string_view>
@@ -29,6 +30,7 @@ SiteAnalysis siteAnalysis(const PointDepthKey& key, const ChemistryRecord& recor
 // "Кф до 0.1"); edition, parted by semicolons, a part empty for the usual one.
 ProtectionChoice protectionChoice(IDBProject& project);
 std::wstring protectionText(const ProtectionChoice& choice);
+NumberedLinks withProtectionChoice(const NumberedLinks& links, const ProtectionChoice& choice);
 void setProtectionChoice(IDBProject& project, const ProtectionChoice& choice);
 // Cements and covers of the table, for lists to choose from.
 std::vector<std::wstring> knownCements(const AggressivenessLimits& limits);
@@ -38,3 +40,6 @@ std::vector<int> knownCovers(const AggressivenessLimits& limits, bool isWater);
 // program where there is no such file or it has a mistake. Mistakes are for the user.
 inline constexpr std::wstring_view limitsFileName = L"aggressiveness.txt";
 AggressivenessLimits limitsBeside(const std::wstring& folder, std::vector<LimitMistake>& mistakes);
+// What a user is told of them: the file, up to five lines with what is wrong in each, and that the limits of
+// the program rule; empty where there are none.
+std::wstring limitsMessage(const std::vector<LimitMistake>& mistakes);

@@ -135,3 +135,20 @@ TEST(Chemistry, WaterOrSoilByWordElseByIons)
     texts[CellCl].clear();
     EXPECT_TRUE(analysisOf(texts).isWater);
 }
+
+TEST(Chemistry, CellsAreTypedInEquivalentsToo)
+{
+    // 120 mg of calcium are 5.988 mg-equivalents; sodium with potassium counts as sodium.
+    EXPECT_EQ(textInEquivalents(CellCa, L"120"), L"5.988");
+    EXPECT_EQ(textInEquivalents(CellNaK, L"83"), L"3.61");
+    EXPECT_EQ(textInMilligrams(CellHCO3, L"6"), L"366.101");
+    EXPECT_EQ(textInMilligrams(CellSO4, L"< 0,5"), L"<24.016");
+    // No ions, no numbers.
+    EXPECT_EQ(textInMilligrams(CellPH, L"7.2"), L"7.2");
+    EXPECT_EQ(textInMilligrams(CellCl, L"следы"), L"следы");
+    EXPECT_EQ(textInEquivalents(CellCl, L""), L"");
+    // There and back every thousandth holds.
+    for (const ChemistryCell cell : {CellMg, CellCa, CellHCO3, CellNO3, CellNO2, CellNH4})
+        for (const wchar_t* text : {L"0.001", L"0.017", L"5.988", L"123.457"})
+            EXPECT_EQ(textInEquivalents(cell, textInMilligrams(cell, text)), text);
+}

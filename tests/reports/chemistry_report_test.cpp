@@ -1,6 +1,9 @@
 #include "db/db_project.h"
+#include "dictionaries/dictionary.h"
 #include "document/xlsx.h"
+#include "platform/utf8.h"
 #include "plots/piper.h"
+#include "plots/schoeller.h"
 #include "reports/chemistry_report.h"
 
 #include <gtest/gtest.h>
@@ -48,7 +51,7 @@ TEST(ChemistryReport, ShowsTheWorkedWaterInThreeUnitsAndAsFormula)
 {
     DBProject project;
     project.addChemistry({L"Скв-1", L"3.5"}, worked());
-    const Document document = chemistryReport(project, AggressivenessLimits::ofProgram());
+    const Document document = chemistryReport(project, AggressivenessLimits::ofProgram(), languageRussian);
     const auto tables = tablesOf(document);
     ASSERT_EQ(tables.size(), 3U); // analyses, formulas, aggressiveness of water; no soil
     const TableRows& rows = tables[0]->rows;
@@ -77,11 +80,69 @@ TEST(ChemistryReport, SoilsStandApart)
     soil.cells[CellSoilCl] = L"100";
     soil.cells[CellKind] = L"грунт";
     project.addChemistry({L"Скв-2", L"1.0"}, soil);
-    const Document document = chemistryReport(project, AggressivenessLimits::ofProgram());
+    const Document document = chemistryReport(project, AggressivenessLimits::ofProgram(), languageRussian);
     const auto tables = tablesOf(document);
     ASSERT_EQ(tables.size(), 1U);
     EXPECT_EQ(tables[0]->title, L"Агрессивность грунтов");
     EXPECT_EQ(tables[0]->rows[0].size(), 11U);
+}
+
+TEST(ChemistryReport, UkrainianHasNoRussianWordLeft)
+{
+    DBProject project;
+    project.setProjectName(L"Будинок");
+    project.addChemistry({L"1", L"3.5"}, worked());
+    ChemistryRecord soil;
+    soil.cells[CellSoilSO4] = L"620";
+    soil.cells[CellResistivity] = L"15";
+    project.addChemistry({L"2", L"1.0"}, soil);
+    const Document document = chemistryReport(project, AggressivenessLimits::ofProgram(), languageUkrainian);
+    std::wstring all = document.title;
+    for (const TableBlock* table : tablesOf(document)) {
+        all += table->title;
+        for (const TableRows* rows : {&table->head, &table->rows})
+            for (const auto& row : *rows)
+                for (const TableCell& cell : row)
+                    all += textOf(cell);
+    }
+    for (const Block& block : document.blocks)
+        if (const auto* paragraph = std::get_if<Paragraph>(&block))
+            for (const auto& run : paragraph->runs)
+                all += run.text;
+    // Letters that Ukrainian does not have.
+    const std::size_t russian = all.find_first_of(L"ыэъёЫЭЪЁ");
+    EXPECT_EQ(russian, std::wstring::npos)
+        << toUtf8(russian == std::wstring::npos ? std::wstring() : all.substr(russian - 10, 20));
+    EXPECT_NE(all.find(L"сульфатно-гідрокарбонатна магнієво-натрієво-кальцієва, прісна, жорстка"),
+        std::wstring::npos);
+    EXPECT_NE(all.find(L"висока (R)"), std::wstring::npos);
+}
+
+TEST(Schoeller, StandsOnLogarithmicAxesAndBreaksWhereNothingWasDetermined)
+{
+    ChemistryRecord record = worked();
+    record.cells[CellMg].clear();
+    const auto sample = schoellerSample(waterChemistry(analysisOf(record.cells)), L"вода");
+    ASSERT_TRUE(sample);
+    EXPECT_FALSE(sample->meq[1]);
+    EXPECT_NEAR(*sample->meq[0], 120 / 20.039, 1e-9);
+    EXPECT_NEAR(*sample->meq[3], 89 / 35.453 + 6 / 62.0049, 1e-9); // chloride with nitrate
+    const Decades decades = decadesOf(std::vector{*sample});
+    EXPECT_EQ(decades.from, 0);
+    EXPECT_EQ(decades.to, 2);
+    std::vector<double> heights;
+    std::size_t lines = 0;
+    for (const Item& item : schoellerDiagram(std::vector{*sample}, languageRussian).items) {
+        if (const auto* circle = std::get_if<Circle>(&item.shape))
+            heights.push_back(circle->centre.y);
+        if (const auto* line = std::get_if<Line>(&item.shape); line && item.id == 1)
+            lines += line->points.size();
+    }
+    ASSERT_EQ(heights.size(), 5U);
+    EXPECT_EQ(lines, 4U); // calcium stands alone beside the gap
+    // Two decades on 96 mm.
+    EXPECT_NEAR(heights[0] - heights[4], 48 * std::log10(*sample->meq[5] / *sample->meq[0]), 1e-9);
+    EXPECT_FALSE(schoellerSample(waterChemistry(Analysis()), L"пусто"));
 }
 
 TEST(Piper, CornersAndMeanOfATriangle)

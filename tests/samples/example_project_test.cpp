@@ -165,6 +165,10 @@ TEST(ExampleProject, classificationFindsTheSoilOfTheLayer)
         SCOPED_TRACE(placeOf(key));
         const LithologyValue* layer = layerAt(key);
         ASSERT_TRUE(layer);
+        if (sample.soilKind.text == L"Насыпной грунт") {
+            EXPECT_TRUE(layer->description.starts_with(sample.soilKind.text));
+            continue;
+        }
         auto value = texts(sample);
         soils.determineCohesive(value[PlasticityIndex], value[LiquidityIndex]);
         std::wstring name = soils.soilName();

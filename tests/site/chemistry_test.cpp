@@ -59,4 +59,14 @@ TEST(SiteChemistry, LimitsBesideTheProgram)
     EXPECT_EQ(limitsBeside(folder, mistakes).rows().size(), AggressivenessLimits::ofProgram().rows().size());
     ASSERT_EQ(mistakes.size(), 1u);
     EXPECT_EQ(mistakes[0].line, 1u);
+    const std::wstring message = limitsMessage(mistakes);
+    EXPECT_NE(message.find(L"Строка 1: в строке должно быть десять полей"), std::wstring::npos);
+    EXPECT_NE(message.find(L"встроенные пределы"), std::wstring::npos);
+    // As it is shipped, nothing is to be said; many mistakes do not make a box as high as the screen.
+    mistakes.clear();
+    std::ofstream(temporary.path() / limitsFileName, std::ios::binary) << AggressivenessLimits::programText();
+    limitsBeside(folder, mistakes);
+    EXPECT_EQ(limitsMessage(mistakes), L"");
+    mistakes.assign(40, {3, L"x"});
+    EXPECT_NE(limitsMessage(mistakes).find(L"И еще ошибок: 35"), std::wstring::npos);
 }

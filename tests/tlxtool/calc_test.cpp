@@ -113,6 +113,14 @@ TEST(CalculatedProject, FollowsItsSchema)
     broken["samples"][0]["shear"].push_back({{"method", "3"}});
     broken["elements"][0].erase("name");
     EXPECT_EQ(calcSchema().faultsOf(broken).size(), 6U);
+    for (const char* section : {"soundings", "piles", "subsidence", "chemistry"})
+        ASSERT_FALSE(all[section].empty()) << section;
+    broken = all;
+    broken["soundings"][0]["layers"][0]["qcMPa"]["n"] = 2.5;
+    broken["piles"][0]["points"][0].erase("sideKN");
+    broken["subsidence"][0]["type"] = "III";
+    broken["chemistry"][0]["concrete"]["W4"]["class"] = "bad";
+    EXPECT_EQ(calcSchema().faultsOf(broken).size(), 4U);
 }
 
 TEST(CalculatedProject, OneSampleWithAllItsTests)

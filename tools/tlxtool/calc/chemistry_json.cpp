@@ -1,5 +1,9 @@
+#include "platform/files.h"
+#include "platform/utf8.h"
 #include "site/chemistry.h"
 #include "tlxtool/calc/sections.h"
+
+#include <iostream>
 
 namespace
 {
@@ -14,12 +18,12 @@ Results verdictResult(const AggressivenessVerdict& verdict)
     };
 }
 
-// In water the limit is either passed or not.
-Results reinforcementResult(const AggressivenessVerdict& verdict, bool isWater)
+// In water by the edition in force the limit is either passed or not.
+Results reinforcementResult(const AggressivenessVerdict& verdict, bool isPassedOrNot)
 {
     if (!verdict.level)
         return {};
-    if (isWater)
+    if (isPassedOrNot)
         return *verdict.level == Aggressiveness::None ? "none" : "aggressive";
     return aggressivenessName(*verdict.level);
 }
@@ -53,10 +57,9 @@ void append(Remarks& all, const Remarks& more)
     all.insert(all.end(), more.begin(), more.end());
 }
 
-Results analysisJson(const SiteAnalysis& site)
+Results analysisJson(
+    const SiteAnalysis& site, const AggressivenessLimits& limits, const ProtectionChoice& choice)
 {
-    const AggressivenessLimits& limits = AggressivenessLimits::ofProgram();
-    const ProtectionChoice usual;
     const WaterChemistry chemistry = waterChemistry(site.analysis);
     Results made = {
         {"point", textResult(site.point)},
@@ -68,14 +71,15 @@ Results analysisJson(const SiteAnalysis& site)
     append(remarks, chemistry.remarks);
     Results concrete = Results::object();
     for (const char* grade : gradeKeys) {
-        const AggressivenessVerdict verdict = concreteVerdict(limits, site.analysis, chemistry, usual, grade);
+        const AggressivenessVerdict verdict =
+            concreteVerdict(limits, site.analysis, chemistry, choice, grade);
         concrete[grade] = verdictResult(verdict);
         if (grade == gradeKeys[0])
             append(remarks, verdict.remarks);
     }
     made["concrete"] = std::move(concrete);
-    made["reinforcement"] =
-        reinforcementResult(reinforcementVerdict(limits, site.analysis, usual), site.analysis.isWater);
+    made["reinforcement"] = reinforcementResult(
+        reinforcementVerdict(limits, site.analysis, choice), site.analysis.isWater && !choice.isOldEdition);
     made["steel"] = metalResult(steelVerdict(limits, site.analysis, site.cathodeCurrent));
     if (!site.analysis.isWater) {
         made["lead"] = metalResult(sheathVerdict(limits, site.analysis, Attacked::Lead));
@@ -90,8 +94,16 @@ Results analysisJson(const SiteAnalysis& site)
 
 Results chemistryResults(const CalcContext& context)
 {
+    // The command stands beside the program, and so does the office's file of limits.
+    const std::wstring command = executablePath();
+    std::vector<LimitMistake> mistakes;
+    const AggressivenessLimits limits =
+        limitsBeside(command.substr(0, command.find_last_of(L"\\/")), mistakes);
+    if (!mistakes.empty())
+        std::cerr << toUtf8(limitsMessage(mistakes)) << '\n';
+    const ProtectionChoice choice = protectionChoice(context.project);
     Results all = Results::array();
     for (const SiteAnalysis& site : siteAnalyses(context.project))
-        all.push_back(analysisJson(site));
+        all.push_back(analysisJson(site, limits, choice));
     return all;
 }

@@ -17,7 +17,7 @@ Results subsidenceResults(const CalcContext& context)
 {
     Results all = Results::array();
     for (const SubsidencePoint& point : subsidencePoints(context.project, context.laboratory)) {
-        const Subsidence& result = point.result;
+        const Subsidence& result = point.computed;
         Results rows = Results::array();
         for (const SubsidencePart& part : result.parts)
             rows.push_back({
