@@ -172,7 +172,7 @@ TEST(Classification, BeginsUndetermined)
     for (const auto& [language, wanted] : {std::pair{0, L"Не определен"}, std::pair{1, L"Не визначений"}}) {
         PlainSettings settings;
         settings.setReportLanguage(language);
-        class Fresh : public GroundController
+        class Fresh final : public GroundController
         {
         public:
             explicit Fresh(PlainSettings& spoken)
