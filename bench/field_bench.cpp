@@ -60,7 +60,8 @@ Reference<DBProject> soundings(int count, int rowCount)
     int layer = 0;
     for (const wchar_t* depth : {L"3", L"6", L"9", L"16"}) {
         project->addLithology({L"Скв-1", depth}, {L"", L""});
-        project->addNumberedLink(L"Скв-1:" + std::to_wstring(++layer), std::to_wstring(layer));
+        ++layer;
+        project->addNumberedLink(L"Скв-1:" + std::to_wstring(layer), std::to_wstring(layer));
         StrataElement element;
         element.code = layer % 2 == 0 ? 1 : 3;
         project->addStrataElement(std::to_wstring(layer), element);
