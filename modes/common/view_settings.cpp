@@ -1,10 +1,14 @@
 #include "common/view_settings.h"
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <QHeaderView>
 #include <QSettings>
 #include <QSplitter>
 #include <QTimer>
+
+#include <functional>
+#include <utility>
 
 std::unique_ptr<QSettings> viewSettings()
 {
@@ -28,16 +32,41 @@ static void saveWidths(const QHeaderView* header, const QString& name)
     viewSettings()->setValue(QStringLiteral("widths/") + name, widths);
 }
 
-// A drag reports every pixel; the file follows when the hand rests.
-template <class Save>
-static QTimer* whenHandRests(QObject* owner, Save save)
+namespace
 {
-    auto* rest = new QTimer(owner);
-    rest->setSingleShot(true);
-    rest->setInterval(400);
-    QObject::connect(rest, &QTimer::timeout, owner, save);
-    return rest;
-}
+
+// A drag reports every pixel; the file follows when the hand rests, or at once when what was dragged goes out
+// of view: a closed screen is deleted before the hand has rested.
+class RestingHand : public QObject
+{
+public:
+    RestingHand(QWidget* dragged, std::function<void()> save)
+        : QObject(dragged)
+        , save_(std::move(save))
+    {
+        rest_.setSingleShot(true);
+        rest_.setInterval(400);
+        connect(&rest_, &QTimer::timeout, this, [this] { save_(); });
+        dragged->installEventFilter(this);
+    }
+    void wait() { rest_.start(); }
+
+protected:
+    bool eventFilter(QObject* dragged, QEvent* event) override
+    {
+        if (event->type() == QEvent::Hide && rest_.isActive()) {
+            rest_.stop();
+            save_();
+        }
+        return QObject::eventFilter(dragged, event);
+    }
+
+private:
+    std::function<void()> save_;
+    QTimer rest_;
+};
+
+} // namespace
 
 void keepColumnWidths(QHeaderView* header, const QString& name)
 {
@@ -46,8 +75,8 @@ void keepColumnWidths(QHeaderView* header, const QString& name)
         if (const int width = widths[column].toInt(); width > 0 && hasOwnWidth(header, column))
             header->resizeSection(column, width);
 
-    QTimer* rest = whenHandRests(header, [header, name] { saveWidths(header, name); });
-    QObject::connect(header, &QHeaderView::sectionResized, rest, [rest] { rest->start(); });
+    auto* hand = new RestingHand(header, [header, name] { saveWidths(header, name); });
+    QObject::connect(header, &QHeaderView::sectionResized, hand, [hand] { hand->wait(); });
 }
 
 void keepSplitter(QSplitter* splitter, const QString& name, const QList<int>& sizes)
@@ -56,7 +85,7 @@ void keepSplitter(QSplitter* splitter, const QString& name, const QList<int>& si
     splitter->setChildrenCollapsible(false);
     splitter->setSizes(sizes);
     splitter->restoreState(viewSettings()->value(key).toByteArray());
-    QTimer* rest =
-        whenHandRests(splitter, [splitter, key] { viewSettings()->setValue(key, splitter->saveState()); });
-    QObject::connect(splitter, &QSplitter::splitterMoved, rest, [rest] { rest->start(); });
+    auto* hand =
+        new RestingHand(splitter, [splitter, key] { viewSettings()->setValue(key, splitter->saveState()); });
+    QObject::connect(splitter, &QSplitter::splitterMoved, hand, [hand] { hand->wait(); });
 }
