@@ -3,6 +3,7 @@
 #include "common/drawing_output.h"
 #include "common/table_document.h"
 #include "common/table_view.h"
+#include "common/typed_text.h"
 #include "common/view_settings.h"
 #include "core/base/mexception.h"
 #include "document/document_file.h"
@@ -258,11 +259,11 @@ bool ExportDialog::write(const QString& path)
             remarks.push_back(missing.toStdWString());
     } else {
         const WaitCursor wait;
-        const std::wstring file = path.toStdWString();
-        writeOfficeFile(file,
-            documentBytes(document,
-                documentFormatOf(L"x." + suffix().toStdWString()).value_or(DocumentFormat::Xlsx),
-                {&source_.hatches, &remarks}));
+        const OfficeOptions options{&source_.hatches, &remarks};
+        const auto format = documentFormatOf(L"x." + suffix().toStdWString()).value_or(DocumentFormat::Xlsx);
+        writeOfficeFile(path.toStdWString(),
+            format == DocumentFormat::Csv ? toCsv(document, options, copiesDecimalComma())
+                                          : documentBytes(document, format, options));
     }
     if (!remarks.empty()) {
         QStringList lines;

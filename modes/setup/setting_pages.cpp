@@ -9,7 +9,7 @@ const std::vector<SettingPage>& settingPages()
 {
     // clang-format off
     static const std::vector<SettingPage> pages{
-        {L"Общие", {
+        {generalPage, {
             {.key = "projectPath",    .label = L"Рабочая папка",
                 .tip = L"Проекты хранятся в папке «Проекты» внутри неё"},
             {.key = "isSetTimer",     .label = L"Сохранять проект автоматически"},

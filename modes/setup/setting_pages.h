@@ -23,6 +23,8 @@ struct SettingPage {
     std::vector<SettingRow> rows;
 };
 
+// The first page; the decimal mark for other programs stands there too.
+inline constexpr const wchar_t* generalPage = L"Общие";
 // The page that has rows from the office's own file too.
 inline constexpr std::wstring_view officePage = L"Документы";
 

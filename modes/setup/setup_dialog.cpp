@@ -1,6 +1,7 @@
 #include "setup/setup_dialog.h"
 
 #include "common/office_paper.h"
+#include "common/typed_text.h"
 #include "modules/isettings.h"
 #include "modules/itellurix_controller.h"
 #include "platform/files.h"
@@ -76,6 +77,8 @@ QWidget* SetupDialog::makePage(const SettingPage& page)
             editor.widget->setEnabled(settings.isShowTypeObject() != 0);
         editors_.push_back(std::move(editor));
     }
+    if (page.title == generalPage)
+        addDecimalMark(form, content);
     if (page.title == officePage) {
         if (isOfficeOfProject(programFolder(), openProjectFolder(*controller_))) {
             auto* note = new QLabel(
@@ -93,6 +96,23 @@ QWidget* SetupDialog::makePage(const SettingPage& page)
     }
     area->setWidget(content);
     return area;
+}
+
+// It stands among the view settings, since it concerns other programs of this computer alone.
+void SetupDialog::addDecimalMark(QFormLayout* form, QWidget* parent)
+{
+    decimalMark_ = new QComboBox(parent);
+    decimalMark_->setObjectName(QStringLiteral("decimalMark"));
+    decimalMark_->addItem(QStringLiteral("запятая: 3,6"), true);
+    decimalMark_->addItem(QStringLiteral("точка: 3.6"), false);
+    decimalMark_->setCurrentIndex(decimalMark_->findData(copiesDecimalComma()));
+    decimalMark_->setToolTip(QStringLiteral(
+        "Русская таблица принимает «3.6» за дату. Точку выбирайте, если ваша таблица ждёт её"));
+    decimalMark_->installEventFilter(this);
+    auto* label = new QLabel(QStringLiteral("Дробная часть при копировании и в CSV"), parent);
+    label->setBuddy(decimalMark_);
+    label->setToolTip(decimalMark_->toolTip());
+    form->addRow(label, decimalMark_);
 }
 
 SettingEditor& SetupDialog::editorOf(std::string_view key)
@@ -120,6 +140,8 @@ void SetupDialog::resetPage()
         if (SettingEditor& editor = editorOf(row.key);
             editor.access->initial.isValid() && editor.widget->isEnabled())
             editor.show(editor.access->initial);
+    if (page.title == generalPage)
+        decimalMark_->setCurrentIndex(0);
     if (page.title == officePage)
         office_->show(emptyOffice());
 }
@@ -171,6 +193,7 @@ void SetupDialog::accept()
 {
     if (!makeProjectsFolder() || !storeOffice())
         return;
+    setCopiesDecimalComma(decimalMark_->currentData().toBool());
     // All of them and in the order of the store: a background that is set blackens its colour first.
     for (const SettingAccess& access : settingAccesses()) {
         const auto editor = std::find_if(editors_.begin(),

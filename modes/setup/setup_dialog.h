@@ -9,6 +9,8 @@
 
 class ITellurixController;
 class OfficeForm;
+class QComboBox;
+class QFormLayout;
 class QListWidget;
 class QStackedWidget;
 
@@ -27,6 +29,7 @@ protected:
 
 private:
     QWidget* makePage(const SettingPage& page);
+    void addDecimalMark(QFormLayout* form, QWidget* parent);
     void resetPage();
     SettingEditor& editorOf(std::string_view key);
     bool makeProjectsFolder();
@@ -36,6 +39,7 @@ private:
     std::vector<SettingEditor> editors_;
     OfficeForm* office_ = nullptr; // owned by its page
     Office shownOffice_;
+    QComboBox* decimalMark_ = nullptr; // for other programs
     QListWidget* list_;
     QStackedWidget* pages_;
 };

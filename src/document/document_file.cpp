@@ -23,9 +23,11 @@ constexpr std::pair<const wchar_t*, DocumentFormat> formats[] = {
     {L".csv", DocumentFormat::Csv},
 };
 
-void appendCell(std::string& csv, const TableCell& cell)
+void appendCell(std::string& csv, const TableCell& cell, bool decimalComma)
 {
     std::wstring text = cleanText(plainText(cell.runs));
+    if (decimalComma && cell.number)
+        std::replace(text.begin(), text.end(), L'.', L',');
     const bool isFormula =
         !text.empty() && std::wstring_view(L"=@+-").find(text.front()) != std::wstring_view::npos;
     if (isFormula && text.size() > 1 && !readNumber(text))
@@ -43,7 +45,7 @@ void appendCell(std::string& csv, const TableCell& cell)
     csv += '"';
 }
 
-void appendRows(std::string& csv, const TableRows& rows, std::size_t columns)
+void appendRows(std::string& csv, const TableRows& rows, std::size_t columns, bool decimalComma)
 {
     const TableGrid grid(rows, columns);
     for (std::size_t row = 0; row < grid.rows(); ++row) {
@@ -52,7 +54,7 @@ void appendRows(std::string& csv, const TableRows& rows, std::size_t columns)
                 csv += ';';
             // A spanned place repeats nothing: its cell stands where it begins.
             if (const GridPlace& place = grid.at(row, column); place.isStart)
-                appendCell(csv, *place.cell);
+                appendCell(csv, *place.cell, decimalComma);
         }
         csv += "\r\n";
     }
@@ -108,7 +110,7 @@ std::string documentBytes(const Document& document, DocumentFormat format, const
     return {};
 }
 
-std::string toCsv(const Document& document, const OfficeOptions& options)
+std::string toCsv(const Document& document, const OfficeOptions& options, bool decimalComma)
 {
     std::string csv = "\xEF\xBB\xBF";
     bool hasOther = false;
@@ -123,8 +125,9 @@ std::string toCsv(const Document& document, const OfficeOptions& options)
             csv += "\r\n";
         isFirst = false;
         const std::size_t columns = columnCount(*table);
-        appendRows(csv, table->head, columns);
-        forRows(*table, [&](const TableRows& rows) { appendRows(csv, rows, columns); });
+        const auto append = [&](const TableRows& rows) { appendRows(csv, rows, columns, decimalComma); };
+        append(table->head);
+        forRows(*table, append);
     }
     if (hasOther && options.remarks)
         options.remarks->push_back(L"В CSV выведены только таблицы: тексты и рисунки в него не помещаются.");

@@ -19,8 +19,9 @@ std::optional<DocumentFormat> documentFormatOf(std::wstring_view path);
 std::string documentBytes(const Document& document, DocumentFormat format, const OfficeOptions& options = {});
 
 // The tables one behind another, cells parted by semicolons, in UTF-8 with its mark, as spreadsheets of this
-// country open it. A text that a spreadsheet would take for a formula gets an apostrophe in front.
-std::string toCsv(const Document& document, const OfficeOptions& options = {});
+// country open it. A text that a spreadsheet would take for a formula gets an apostrophe in front. Where the
+// spreadsheet waits for a comma in numbers, it takes "3.6" for a date.
+std::string toCsv(const Document& document, const OfficeOptions& options = {}, bool decimalComma = false);
 
 // Puts the bytes in the file's place in one step, so that a failure leaves the old file whole. Throws
 // MException with what the user can do: the file is open elsewhere, may not be written, the disk is full.

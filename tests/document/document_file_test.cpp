@@ -50,6 +50,21 @@ TEST(DocumentFile, CsvQuotesAndGuardsFormulas)
         "\xEF\xBB\xBF'=cmd|' /C calc'!A0\r\n-5.2\r\n-\r\n'@имя\r\n\"а;\"\"б\"\"\"\r\n\"первая\nвторая\"\r\n");
 }
 
+TEST(DocumentFile, CsvGivesNumbersAndNoTextTheWantedMark)
+{
+    TableCell number;
+    number.runs = {{L"-3.6"}};
+    number.number = -3.6;
+    TableCell text;
+    text.runs = {{L"3.6"}};
+    TableBlock table;
+    table.rows = {{number, text}};
+    Document document;
+    document.blocks = {table};
+    EXPECT_EQ(toCsv(document), "\xEF\xBB\xBF-3.6;3.6\r\n");
+    EXPECT_EQ(toCsv(document, {}, true), "\xEF\xBB\xBF-3,6;3.6\r\n");
+}
+
 TEST(DocumentFile, FailureLeavesWhatWasThere)
 {
     const TemporaryFolder folder;

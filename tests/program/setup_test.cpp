@@ -1,6 +1,7 @@
 #include "program/program_test.h"
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDialog>
 #include <QListWidget>
@@ -87,6 +88,32 @@ TEST_F(Setup, ChangesReachTheStoreTogetherAndOnlyWhenAccepted)
     EXPECT_TRUE(shell.settings->isSetTimer());
     EXPECT_EQ(
         QSettings(here(settingsFileName), QSettings::IniFormat).value(QStringLiteral("timer")).toInt(), 25);
+}
+
+TEST_F(Setup, DecimalMarkForSpreadsheetsIsChosen)
+{
+    openFromCommandLine(controller(), project(QStringLiteral("LURGAN")).toLocal8Bit().constData());
+    const auto copiedMark = [&] {
+        action(ShellAction::Litology)->trigger();
+        table(ModeLitology)->setFocus();
+        table(ModeLitology)->selectAll();
+        QTest::keyClick(table(ModeLitology), Qt::Key_C, Qt::ControlModifier);
+        const QString depth = QApplication::clipboard()->text().section(QLatin1Char('\t'), 0, 0);
+        EXPECT_TRUE(depth.contains(QLatin1Char(',')) || depth.contains(QLatin1Char('.')))
+            << depth.toStdString();
+        return depth.contains(QLatin1Char(',')) ? ',' : '.';
+    };
+    EXPECT_EQ(copiedMark(), ',') << "a spreadsheet of this country reads it";
+    const auto choose = [&](int index, const QString& button) {
+        work([&](QDialog& dialog) {
+            editor<QComboBox>(dialog, "decimalMark")->setCurrentIndex(index);
+            press(dialog, button);
+        });
+    };
+    choose(1, QStringLiteral("Отмена"));
+    EXPECT_EQ(copiedMark(), ',');
+    choose(1, QStringLiteral("OK"));
+    EXPECT_EQ(copiedMark(), '.');
 }
 
 TEST_F(Setup, AcceptingWithoutAChangeChangesNothing)
