@@ -65,8 +65,8 @@ private:
     void drawLabels(QPainter& painter, const QVector<const PlanPoint*>& points) const;
     const PlanPoint* currentPoint() const; // null where it is not on the plan
     QFont currentFont() const;
-    QRectF currentLabel(const PlanPoint& point) const;
-    void drawCurrent(QPainter& painter) const;
+    QRectF currentLabel(const PlanPoint& point, const QVector<const PlanPoint*>& points) const;
+    void drawCurrent(QPainter& painter, const QVector<const PlanPoint*>& points) const;
     void drawScaleBar(QPainter& painter) const;
     void drawAxes(QPainter& painter) const;
 

@@ -88,26 +88,58 @@ QPixmap symbolOf(const KindStyle& style, qreal pixelRatio)
 class TakenPlaces
 {
 public:
-    bool take(const QRectF& place)
+    bool isFree(const QRectF& place) const
     {
-        const QRect cells(
-            QPoint(cell(place.left()), cell(place.top())), QPoint(cell(place.right()), cell(place.bottom())));
+        const QRect cells = cellsOf(place);
         for (int row = cells.top(); row <= cells.bottom(); ++row)
             for (int column = cells.left(); column <= cells.right(); ++column)
                 if (taken_.contains(key(column, row)))
                     return false;
+        return true;
+    }
+    void take(const QRectF& place)
+    {
+        const QRect cells = cellsOf(place);
         for (int row = cells.top(); row <= cells.bottom(); ++row)
             for (int column = cells.left(); column <= cells.right(); ++column)
                 taken_.insert(key(column, row));
-        return true;
     }
 
 private:
-    static int cell(double at) { return int(std::floor(at / 6)); }
+    static int cell(double at) { return int(std::floor(at / 3)); }
+    static QRect cellsOf(const QRectF& place)
+    {
+        return {
+            QPoint(cell(place.left()), cell(place.top())), QPoint(cell(place.right()), cell(place.bottom()))};
+    }
     static qint64 key(int column, int row) { return (qint64(row) << 32) + column; }
 
     QSet<qint64> taken_;
 };
+
+// Where a name of this size may stand beside a symbol, the usual places first: right, left, above, below,
+// then the corners.
+std::array<QRectF, 8> placesBeside(const QPointF& symbol, const QSizeF& size, double gap)
+{
+    const double left = -gap - size.width();
+    const double middle = -size.width() / 2;
+    const double above = -gap - size.height();
+    const double level = -size.height() / 2;
+    const double corner = gap * 0.7;
+    const QPointF places[] = {{gap, level},
+        {left, level},
+        {middle, above},
+        {middle, gap},
+        {corner, above + gap - corner},
+        {corner, corner},
+        {left + gap - corner, above + gap - corner},
+        {left + gap - corner, corner}};
+    std::array<QRectF, 8> boxes;
+    std::transform(std::begin(places), std::end(places), boxes.begin(), [&](const QPointF& place) {
+        return QRectF(symbol + place, size);
+    });
+    return boxes;
+}
 
 QString lengthText(double metres)
 {
@@ -194,26 +226,23 @@ void PointPlan::drawLabels(QPainter& painter, const QVector<const PlanPoint*>& p
 {
     TakenPlaces taken;
     if (const PlanPoint* current = currentPoint())
-        taken.take(currentLabel(*current));
+        taken.take(currentLabel(*current, points));
     for (const PlanPoint* point : points)
-        taken.take({screenPlace(*point) - QPointF(3, 3), QSizeF(6, 6)});
+        taken.take({screenPlace(*point) - QPointF(5, 5), QSizeF(10, 10)});
     const QFontMetrics metrics = fontMetrics();
     painter.setPen(inkColor);
     for (const PlanPoint* point : points) {
         if (point->id == current_)
             continue;
-        const QPointF at = screenPlace(*point);
         const QSizeF size(metrics.horizontalAdvance(point->name), metrics.ascent());
-        // Right of the symbol, left, above, below.
-        const QPointF places[] = {{8, -size.height() / 2},
-            {-8 - size.width(), -size.height() / 2},
-            {-size.width() / 2, -8 - size.height()},
-            {-size.width() / 2, 8}};
-        for (const QPointF& place : places)
-            if (const QRectF box(at + place, size); QRectF(rect()).contains(box) && taken.take(box)) {
-                painter.drawText(QPointF(box.left(), box.bottom() - metrics.descent() / 2.0), point->name);
-                break;
-            }
+        const auto places = placesBeside(screenPlace(*point), size, 9);
+        const auto box = std::find_if(places.begin(), places.end(), [&](const QRectF& place) {
+            return QRectF(rect()).contains(place) && taken.isFree(place);
+        });
+        if (box == places.end())
+            continue;
+        taken.take(*box);
+        painter.drawText(QPointF(box->left(), box->bottom() - metrics.descent() / 2.0), point->name);
     }
 }
 
@@ -231,17 +260,25 @@ QFont PointPlan::currentFont() const
     return bold;
 }
 
-QRectF PointPlan::currentLabel(const PlanPoint& point) const
+// It is always there, so where every side has other points it covers as few of them as can be.
+QRectF PointPlan::currentLabel(const PlanPoint& point, const QVector<const PlanPoint*>& points) const
 {
     const QFontMetrics metrics(currentFont());
-    const QPointF place = screenPlace(point);
     const QSizeF size(metrics.horizontalAdvance(point.name) + 6, metrics.height());
-    // At the right edge the name stands on the other side.
-    const double x = place.x() + 12 + size.width() > width() ? place.x() - 12 - size.width() : place.x() + 12;
-    return {QPointF(x, place.y() - size.height() / 2), size};
+    const auto places = placesBeside(screenPlace(point), size, 12);
+    std::array<int, places.size()> covered{};
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        const QRectF around = places[i].adjusted(-5, -5, 5, 5);
+        covered[i] = int(std::count_if(points.begin(), points.end(), [&](const PlanPoint* other) {
+            return other->id != point.id && around.contains(screenPlace(*other));
+        }));
+        if (!QRectF(rect()).contains(places[i]))
+            covered[i] += int(points.size());
+    }
+    return places[std::size_t(std::min_element(covered.begin(), covered.end()) - covered.begin())];
 }
 
-void PointPlan::drawCurrent(QPainter& painter) const
+void PointPlan::drawCurrent(QPainter& painter, const QVector<const PlanPoint*>& points) const
 {
     const PlanPoint* point = currentPoint();
     if (!point)
@@ -250,8 +287,9 @@ void PointPlan::drawCurrent(QPainter& painter) const
     painter.setBrush(Qt::NoBrush);
     painter.drawEllipse(screenPlace(*point), 9, 9);
     painter.setFont(currentFont());
-    painter.fillRect(currentLabel(*point), veil);
-    painter.drawText(currentLabel(*point), Qt::AlignCenter, point->name);
+    const QRectF label = currentLabel(*point, points);
+    painter.fillRect(label, veil);
+    painter.drawText(label, Qt::AlignCenter, point->name);
     painter.setFont(font());
 }
 
@@ -308,7 +346,7 @@ void PointPlan::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     if (points.size() <= mostLabels)
         drawLabels(painter, points);
-    drawCurrent(painter);
+    drawCurrent(painter, points);
     drawScaleBar(painter);
     drawAxes(painter);
 }
