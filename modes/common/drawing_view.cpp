@@ -53,6 +53,11 @@ DrawingView::DrawingView(QWidget* parent)
     for (QAction* action : bar_->actions())
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     showWayBetweenSheets(*bar_, false);
+    // The same at the right button; a combo box and a label of the bar are no acts.
+    for (QAction* action : bar_->actions())
+        if (!action->text().isEmpty() || action->isSeparator())
+            canvas_->addAction(action);
+    canvas_->setContextMenuPolicy(Qt::ActionsContextMenu);
 
     message_->setAlignment(Qt::AlignCenter);
     message_->setWordWrap(true);

@@ -7,6 +7,8 @@
 #include <QImage>
 #include <QMessageBox>
 #include <QPainter>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
 #include <QWidget>
 
 static constexpr double density = 2;
@@ -35,6 +37,22 @@ static void savePicture(QWidget* drawing, const QString& fileName, const Paint& 
             QStringLiteral("Рисунок не записан: %1\nПроверьте, можно ли писать в эту папку.").arg(file));
 }
 
+// As large as the sheet allows, in its upper part.
+static void printPicture(QWidget* drawing, const Paint& paint)
+{
+    QPrinter printer(QPrinter::HighResolution);
+    QPrintPreviewDialog preview(&printer, drawing->window());
+    QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, drawing, [&](QPrinter* paper) {
+        QPainter painter(paper);
+        const QRect page = painter.viewport();
+        const double scale = qMin(double(page.width()) / qMax(1, drawing->width()),
+            double(page.height()) / qMax(1, drawing->height()));
+        painter.scale(scale, scale);
+        paint(painter);
+    });
+    preview.exec();
+}
+
 void addPictureActions(QWidget* drawing, const QString& fileName, const Paint& paint)
 {
     auto* copy = new QAction(QStringLiteral("Копировать рисунок"), drawing);
@@ -49,6 +67,8 @@ void addPictureActions(QWidget* drawing, const QString& fileName, const Paint& p
     QObject::connect(save, &QAction::triggered, drawing, [drawing, fileName, paint] {
         savePicture(drawing, fileName, paint);
     });
-    drawing->addActions({copy, save});
+    auto* print = new QAction(QStringLiteral("Печать…"), drawing);
+    QObject::connect(print, &QAction::triggered, drawing, [drawing, paint] { printPicture(drawing, paint); });
+    drawing->addActions({copy, save, print});
     drawing->setContextMenuPolicy(Qt::ActionsContextMenu);
 }

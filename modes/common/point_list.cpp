@@ -1,6 +1,8 @@
 #include "common/point_list.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
@@ -11,6 +13,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <functional>
 
 static constexpr int markWidth = 20;
 
@@ -146,6 +149,26 @@ private:
     }
 };
 
+// A filter that nothing passes says so.
+class NamesView : public QListView
+{
+public:
+    using QListView::QListView;
+
+protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        QListView::paintEvent(event);
+        if (model()->rowCount() > 0)
+            return;
+        QPainter painter(viewport());
+        painter.setPen(QColor(0x60, 0x60, 0x60));
+        painter.drawText(viewport()->rect().adjusted(8, 12, -8, -12),
+            Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap,
+            QStringLiteral("Такой точки нет.\nEsc — показать все."));
+    }
+};
+
 } // namespace
 
 PointList::PointList(QWidget* parent)
@@ -153,7 +176,7 @@ PointList::PointList(QWidget* parent)
     , model_(new PointListModel(this))
     , proxy_(new QSortFilterProxyModel(this))
     , filter_(new QLineEdit(this))
-    , list_(new QListView(this))
+    , list_(new NamesView(this))
 {
     proxy_->setSourceModel(model_);
     proxy_->setFilterCaseSensitivity(Qt::CaseInsensitive);
@@ -190,6 +213,24 @@ PointList::PointList(QWidget* parent)
             Q_EMIT chosen(current_);
         });
     connect(list_, &QListView::doubleClicked, this, &PointList::enter);
+    addMenu();
+}
+
+void PointList::addMenu()
+{
+    const auto add = [this](const QString& text, const std::function<void()>& act) {
+        auto* action = new QAction(text, list_);
+        connect(action, &QAction::triggered, this, act);
+        list_->addAction(action);
+    };
+    add(QStringLiteral("К строкам точки"), [this] { enter(); });
+    add(QStringLiteral("Копировать имя"), [this] {
+        if (!current_.isEmpty())
+            QApplication::clipboard()->setText(current_);
+    });
+    add(QStringLiteral("Найти точку…"), [this] { filter_->setFocus(); });
+    add(QStringLiteral("Показать все точки"), [this] { filter_->clear(); });
+    list_->setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
 void PointList::setPoints(const QVector<ListedPoint>& points)

@@ -64,6 +64,7 @@ protected:
 private:
     bool handleKeyInFilter(const QKeyEvent& key);
     bool handleKeyInList(QKeyEvent& key);
+    void addMenu();
     void showCurrent();
     void enter();
 

@@ -64,6 +64,8 @@ TableView* makeTable(const Table& sheet, SheetModel* model, QWidget* parent)
     // Nothing is typed here, so Tab goes on to the next part of the screen; the arrows move in the table.
     table->setTabKeyNavigation(false);
     setDefaultWidths(table, sheet);
+    // What a row is about stands first; a wide sheet is read with it in view.
+    table->setNameColumn(0);
     return table;
 }
 

@@ -205,6 +205,11 @@ void TableView::contextMenuEvent(QContextMenuEvent* event)
     QMenu menu(this);
     menu.addAction(QStringLiteral("Копировать"), this, [this] { copySelection(); })
         ->setShortcut(QKeySequence(QKeySequence::Copy));
+    menu.addAction(QStringLiteral("Копировать с заголовками"), this, [this] { copySelection(true); })
+        ->setShortcut(QKeySequence(int(Qt::ControlModifier) | int(Qt::ShiftModifier) | Qt::Key_C));
+    menu.addAction(QStringLiteral("Выделить всё"), this, &TableView::selectAll)
+        ->setShortcut(QKeySequence(QKeySequence::SelectAll));
+    menu.addSeparator();
     menu.addAction(QStringLiteral("Экспорт…"), this, &TableView::exportRows)->setShortcut(exportKeys());
     menu.exec(event->globalPos());
 }

@@ -1,9 +1,12 @@
 #include "listCoords/plan_pane.h"
 
+#include "common/picture_actions.h"
 #include "common/view_settings.h"
 
+#include <QAction>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QSettings>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -51,6 +54,11 @@ PlanPane::PlanPane(QWidget* parent)
     layout->addLayout(foot);
 
     connect(fit, &QToolButton::clicked, plan_, &PointPlan::fitAll);
+    auto* all = new QAction(QStringLiteral("Показать все точки"), plan_);
+    connect(all, &QAction::triggered, plan_, &PointPlan::fitAll);
+    plan_->addAction(all);
+    addPictureActions(
+        plan_, QStringLiteral("План точек.png"), [this](QPainter& painter) { plan_->render(&painter); });
     connect(axes_, &QToolButton::clicked, this, [this](bool xRight) {
         showAxes(!xRight);
         viewSettings()->setValue(axesKey, !xRight);
