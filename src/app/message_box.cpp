@@ -9,6 +9,12 @@
 
 void showMessageBox(const int& key, const std::wstring& text, QWidget* parent, const int& icon)
 {
+    showMessageBox(key, text, std::wstring(), parent, icon);
+}
+
+void showMessageBox(
+    const int& key, const std::wstring& text, const std::wstring& beside, QWidget* parent, const int& icon)
+{
     const std::wstring_view* name = modeNames.find(key);
     const QString title = name ? QString::fromWCharArray(name->data(), int(name->size())) : applicationName;
     QMessageBox box(static_cast<QMessageBox::Icon>(icon),
@@ -17,6 +23,7 @@ void showMessageBox(const int& key, const std::wstring& text, QWidget* parent, c
         QMessageBox::Ok,
         parent,
         Qt::Dialog | Qt::MSWindowsFixedSizeDialogHint);
+    box.setInformativeText(QString::fromStdWString(beside));
     box.exec();
 }
 

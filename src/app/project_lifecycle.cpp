@@ -6,7 +6,9 @@
 #include "app/project_writer.h"
 #include "core/base/content_hash.h"
 #include "core/base/mexception.h"
+#include "persistence/read_failure.h"
 #include "persistence/save_losses.h"
+#include "platform/utf8.h"
 
 #include <QApplication>
 #include <QMainWindow>
@@ -70,6 +72,17 @@ static std::wstring refusalWarning(const ReadReport& report)
     return text + L"После сохранения этих строк в файле не будет. Сделайте копию файла, если они нужны.";
 }
 
+// Which file it was, and where and why its reading stopped: the message itself may name neither.
+static std::wstring fileAndFault(
+    const std::wstring& path, const std::wstring& message, const ReadReport& report)
+{
+    std::wstring text = message.find(path) == std::wstring::npos ? path : std::wstring();
+    const std::string fault = describeReadFailure(report);
+    if (!fault.empty())
+        text += (text.empty() ? L"" : L"\n") + fromUtf8(fault).value_or(std::wstring());
+    return text;
+}
+
 void ProjectLife::open()
 {
     openFailed_ = false;
@@ -97,7 +110,8 @@ void ProjectLife::open()
         // A failure without words leaves the previous project open and says nothing.
     }
     if (!message.empty())
-        showMessageBox(ModeNone, message, window(), QMessageBox::Warning);
+        showMessageBox(
+            ModeNone, message, fileAndFault(path_, message, report), window(), QMessageBox::Warning);
 }
 
 bool ProjectLife::save(SaveWay way)

@@ -7,6 +7,7 @@
 #include "persistence/grammar/grammar.h"
 #include "persistence/grammar/informs.h"
 #include "persistence/grammar/strata.h"
+#include "persistence/read_failure.h"
 #include "persistence/walk_archive.h"
 #include "platform/code_page.h"
 #include "tlxtool/messages.h"

@@ -1,5 +1,6 @@
 #include "tlxtool/json_build_archive.h"
 
+#include "persistence/read_failure.h"
 #include "platform/utf8.h"
 #include "tlxtool/base64.h"
 #include "tlxtool/json_words.h"

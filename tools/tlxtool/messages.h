@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <optional>
 #include <string>
-#include <string_view>
 
 // Messages in Russian, as UTF-8.
 
@@ -21,9 +20,6 @@ std::string toText(const Finding& finding);
 
 // What went wrong with a file, and what to do.
 std::string describe(const FileResult& failure);
-
-// Why reading a project stopped, from the words of the exception that stopped it.
-std::string describeReadFailure(std::string_view reason);
 
 // The system's words for an error number, as UTF-8.
 std::string systemReason(int error);

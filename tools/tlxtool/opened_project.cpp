@@ -4,6 +4,7 @@
 #include "persistence/format.h"
 #include "persistence/project_codec.h"
 #include "persistence/project_file.h"
+#include "persistence/read_failure.h"
 #include "platform/files.h"
 #include "platform/system_text.h"
 #include "platform/utf8.h"
