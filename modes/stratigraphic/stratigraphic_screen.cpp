@@ -6,10 +6,12 @@
 #include "common/view_settings.h"
 #include "core/base/mexception.h"
 #include "core/base/typed_number.h"
+#include "modules/action_names.h"
 #include "modules/idb_hatch.h"
 #include "modules/isettings.h"
 #include "site/soil_hatches.h"
 
+#include <QAction>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
@@ -93,6 +95,9 @@ StratigraphicScreen::~StratigraphicScreen()
 QWidget* StratigraphicScreen::makeEditor()
 {
     auto* bar = new QToolBar;
+    QAction* back = bar->addAction(QStringLiteral("К проектам"), this, &StratigraphicScreen::leave);
+    back->setToolTip(QStringLiteral("Закрыть колонку и вернуться к списку проектов"));
+    bar->addSeparator();
     bar->addAction(QStringLiteral("Новая"), this, [this] { attempt([this] { startNew(); }); });
     bar->addAction(QStringLiteral("Открыть…"), this, [this] { attempt([this] { askOpen(); }); });
     bar->addAction(QStringLiteral("Сохранить"), this, [this] { attempt([this] { saveColumn(); }); });
@@ -106,6 +111,13 @@ QWidget* StratigraphicScreen::makeEditor()
     layout->addWidget(title_);
     layout->addWidget(grid_, 1);
     return editor;
+}
+
+// By the shell's own action: it asks about an unsaved column and brings the projects up.
+void StratigraphicScreen::leave()
+{
+    if (auto* close = window()->findChild<QAction*>(QLatin1String(closeActionName)))
+        close->trigger();
 }
 
 void StratigraphicScreen::setColumn(const StrataColumn& column, const QString& file)

@@ -38,6 +38,7 @@ protected:
 
 private:
     QWidget* makeEditor();
+    void leave();
     void setColumn(const StrataColumn& column, const QString& file);
     void take(const GridRows& rows);
     void showRows();

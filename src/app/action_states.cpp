@@ -4,6 +4,8 @@
 
 #include <QAction>
 #include <QMdiArea>
+#include <QToolBar>
+#include <QToolButton>
 
 #include <algorithm>
 #include <initializer_list>
@@ -218,6 +220,29 @@ constexpr StateRow stateRows[] = {
 
 } // namespace
 
+static bool isActionOf(const ActionRow& row, TX_Modes mode)
+{
+    if (row.action == ShellAction::ListCoords)
+        return mode == ModeListCoords;
+    if (row.action == ShellAction::Column)
+        return mode == ModeStratigraphic || mode == ModeStratigraphicIge;
+    return mode != ModeNone && row.mode == mode;
+}
+
+// The button of the screen on view looks pressed; the action is none that one could switch off. An action
+// that changes makes its button plain again, so it comes after the states.
+static void markCurrentMode(const QToolBar& bar, const ShellActions& actions, TX_Modes mode)
+{
+    for (const ActionRow& row : actionRows()) {
+        QAction* action = actions[row.action];
+        auto* button = action ? qobject_cast<QToolButton*>(bar.widgetForAction(action)) : nullptr;
+        if (!button)
+            continue;
+        button->setCheckable(isActionOf(row, mode));
+        button->setChecked(isActionOf(row, mode));
+    }
+}
+
 void MainController::updateActions()
 {
     if (!mainWindow_ || !actions_[ShellAction::Save])
@@ -237,4 +262,5 @@ void MainController::updateActions()
         if (ownSet)
             actions_[ShellAction::EndEdit]->setEnabled(false);
     }
+    markCurrentMode(*modeToolBar_, actions_, mode);
 }

@@ -1,6 +1,13 @@
 #include "db/exact_key.h"
 #include "program/program_test.h"
 
+#include <QMessageBox>
+#include <QPointer>
+#include <QToolBar>
+#include <QToolButton>
+
+#include <algorithm>
+
 namespace
 {
 
@@ -145,14 +152,80 @@ TEST_F(DataModes, ColumnOpensWithoutAProject)
     EXPECT_TRUE(controller().closeColumnPrompt());
 }
 
+TEST_F(DataModes, CurrentModeIsSeenInItsBar)
+{
+    const auto pressed = [&] {
+        QStringList names;
+        for (const QToolButton* button : shell.mainWindow->findChildren<QToolButton*>())
+            if (button->isChecked() && button->defaultAction())
+                names += button->defaultAction()->objectName();
+        return names.join(QLatin1Char(' ')).toStdString();
+    };
+    EXPECT_EQ(pressed(), "");
+    action(ShellAction::Column)->trigger();
+    EXPECT_EQ(pressed(), "actColumn");
+    action(ShellAction::Close)->trigger();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(pressed(), "");
+    openFromCommandLine(controller(), project(QStringLiteral("LURGAN")).toLocal8Bit().constData());
+    EXPECT_EQ(pressed(), "actListCoords");
+    action(ShellAction::Litology)->trigger();
+    EXPECT_EQ(pressed(), "actLitology");
+    action(ShellAction::Litology)->trigger();
+    EXPECT_EQ(pressed(), "actLitology");
+    EXPECT_FALSE(action(ShellAction::Litology)->isCheckable()) << "nobody can switch a mode off";
+}
+
+TEST_F(DataModes, ColumnWithoutAProjectHasAWayBack)
+{
+    action(ShellAction::Column)->trigger();
+    ASSERT_NE(screen(ModeStratigraphic), nullptr);
+    const auto bars = screen(ModeStratigraphic)->findChildren<QToolBar*>();
+    const auto acts = bars.isEmpty() ? QList<QAction*>() : bars.first()->actions();
+    const auto back = std::find_if(acts.begin(), acts.end(), [](const QAction* act) {
+        return act->text() == QStringLiteral("К проектам");
+    });
+    ASSERT_NE(back, acts.end());
+    (*back)->trigger();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(screen(ModeStratigraphic), nullptr);
+    EXPECT_EQ(shell.controller->currentMode(), ModeNone);
+}
+
+TEST_F(DataModes, DamagedFileIsNamedWithWhatIsWrong)
+{
+    const QString path = project(QStringLiteral("LURGAN"));
+    QFile file(path);
+    ASSERT_TRUE(file.resize(file.size() / 2));
+    QString text;
+    QString beside;
+    QTimer answer;
+    QObject::connect(&answer, &QTimer::timeout, &answer, [&] {
+        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            text = box->text();
+            beside = box->informativeText();
+            box->accept();
+        }
+    });
+    answer.start(5);
+    openFromCommandLine(controller(), path.toLocal8Bit().constData());
+    EXPECT_EQ(text, QStringLiteral("Неизвестная ошибка при чтении файла проекта!")) << "as it always was";
+    EXPECT_TRUE(beside.contains(QStringLiteral("LURGAN.TLX"))) << beside.toStdString();
+    EXPECT_TRUE(beside.contains(QStringLiteral("байт "))) << beside.toStdString();
+    EXPECT_TRUE(beside.contains(QStringLiteral("не хватает"))) << beside.toStdString();
+}
+
 TEST_F(DataModes, WidthsOfColumnsAreKept)
 {
     const QString path = project(QStringLiteral("LURGAN"));
     openFromCommandLine(controller(), path.toLocal8Bit().constData());
     action(ShellAction::Tests)->trigger();
+    const QPointer<QWidget> first = screen(ModeTests);
     table(ModeTests)->setColumnWidth(0, 217);
-    QTest::qWait(600);
+    // Before the drag is over for the program.
     controller().findSubWindow(ModeTests)->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ASSERT_TRUE(first.isNull());
     action(ShellAction::Tests)->trigger();
     EXPECT_EQ(table(ModeTests)->columnWidth(0), 217);
 }
