@@ -113,11 +113,20 @@ QWidget* StratigraphicScreen::makeEditor()
     return editor;
 }
 
-// By the shell's own action: it asks about an unsaved column and brings the projects up.
+// By the shell's own action, which asks about an unsaved column, closes it and brings the projects up. A
+// column without changes it leaves where it is.
 void StratigraphicScreen::leave()
 {
-    if (auto* close = window()->findChild<QAction*>(QLatin1String(closeActionName)))
+    QWidget* shell = window();
+    const bool isKept = !isModified_;
+    if (auto* close = shell->findChild<QAction*>(QLatin1String(closeActionName)))
         close->trigger();
+    if (!isKept || !parentWidget())
+        return;
+    // The title names the screen behind two dashes.
+    shell->setWindowTitle(shell->windowTitle().section(QStringLiteral(" - "), 0, 1));
+    parentWidget()->close();
+    Q_EMIT signalUpdateMenus();
 }
 
 void StratigraphicScreen::setColumn(const StrataColumn& column, const QString& file)
