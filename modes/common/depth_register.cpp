@@ -204,7 +204,10 @@ void DepthRegister::settle(RegisterRows& rows) const
         const bool isNewAndUnread = !row.key && row.isOpen();
         if (keepsDepth(row) || row.isBlank())
             continue;
-        const std::optional<float> depth = orderedDepth(depthCell(row));
+        // "4.2 / туго" would go in as 4.2, and the rest of it would be nobody's.
+        double typed = 0;
+        const std::optional<float> depth =
+            readNumber(depthCell(row), typed) ? orderedDepth(depthCell(row)) : std::nullopt;
         const auto holder = depth ? taken.find(*depth) : taken.end();
         if (!depth || holder != taken.end()) {
             refused.emplace_back(&row, holder != taken.end() ? holder->second : nullptr);
@@ -268,9 +271,12 @@ QString DepthRegister::depthWarning(const QString& depth) const
     double read = 0;
     if (readNumber(depth, read) && std::fabs(read - double(*ordered)) < 1e-4 * std::fabs(read) + 1e-6)
         return {};
-    return QStringLiteral("Разрезы и расчёты прочтут «%1» как %2. Отделяйте дробь точкой, не запятой.")
+    return QStringLiteral("Разрезы и расчёты прочтут «%1» как %2. %3")
         .arg(depth)
-        .arg(double(*ordered));
+        .arg(double(*ordered))
+        .arg(depth.contains(QLatin1Char(','))
+                ? QStringLiteral("Отделяйте дробь точкой, не запятой.")
+                : QStringLiteral("Оставьте здесь одно число, остальное впишите в описание."));
 }
 
 GridRows DepthRegister::shown(const RegisterRows& rows, const PointFacts& point) const
