@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 static constexpr double margin = 12; // around a fitted sheet
 static constexpr double smallestZoom = 0.02;
@@ -163,6 +164,8 @@ void DrawingCanvas::mousePressEvent(QMouseEvent* event)
     pressed_ = event->localPos();
     dragged_ = pressed_;
     isDragging_ = false;
+    const std::int64_t under = event->button() == Qt::LeftButton && isMovable_ ? idUnder(pressed_) : 0;
+    moving_ = under != 0 && isMovable_(under) ? under : 0;
 }
 
 void DrawingCanvas::mouseMoveEvent(QMouseEvent* event)
@@ -175,6 +178,12 @@ void DrawingCanvas::mouseMoveEvent(QMouseEvent* event)
     if (!isDragging_ && (event->localPos() - pressed_).manhattanLength() < dragFrom)
         return;
     isDragging_ = true;
+    if (moving_ != 0) {
+        const Spot spot = spotAt(event->localPos());
+        setCursor(Qt::SizeVerCursor);
+        Q_EMIT moved(moving_, spot.x, spot.y, false);
+        return;
+    }
     isFitted_ = false;
     setCursor(Qt::ClosedHandCursor);
     moveTo(corner_ + event->localPos() - dragged_);
@@ -185,8 +194,14 @@ void DrawingCanvas::mouseReleaseEvent(QMouseEvent* event)
 {
     if (!isDragging_ && event->button() == Qt::LeftButton)
         Q_EMIT clicked(idUnder(event->localPos()));
+    const std::int64_t dropped = isDragging_ ? std::exchange(moving_, 0) : 0;
     isDragging_ = false;
+    moving_ = 0;
     unsetCursor();
+    if (dropped != 0) {
+        const Spot spot = spotAt(event->localPos());
+        Q_EMIT moved(dropped, spot.x, spot.y, true);
+    }
 }
 
 void DrawingCanvas::mouseDoubleClickEvent(QMouseEvent*)

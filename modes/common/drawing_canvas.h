@@ -6,6 +6,8 @@
 #include <QPointF>
 #include <QWidget>
 
+#include <functional>
+
 // The sheet of a drawing on the screen: the wheel zooms to the cursor, the mouse drags the sheet, a click
 // chooses what has an id. Keys: plus and minus, 0 the whole sheet, 1 its real size, arrows.
 class DrawingCanvas : public QWidget
@@ -20,6 +22,10 @@ public:
     const Drawing& drawing() const { return painter_.drawing(); }
     // Drawn out: what has that id; 0: nothing.
     void setCurrent(std::int64_t id);
+    // What the mouse moves in place of the sheet; nothing by itself.
+    void setMovable(std::function<bool(std::int64_t)> isMovable) { isMovable_ = std::move(isMovable); }
+    // What the mouse is over; 0: nothing that has an id.
+    std::int64_t hoveredId() const { return hovered_; }
     // In the colour around the sheet, and of the sheet itself.
     void setPaper(const QColor& paper);
 
@@ -38,6 +44,8 @@ Q_SIGNALS:
     // 0: nothing has an id there.
     void hovered(qint64 id);
     void clicked(qint64 id);
+    // A movable thing is on its way to this place of the sheet, mm; at last it is dropped there.
+    void moved(qint64 id, double x, double y, bool isDropped);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -69,4 +77,6 @@ private:
     QPointF pressed_;
     QPointF dragged_;
     bool isDragging_ = false;
+    std::function<bool(std::int64_t)> isMovable_;
+    std::int64_t moving_ = 0;
 };

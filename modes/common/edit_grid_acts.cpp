@@ -15,7 +15,7 @@
 void EditGrid::putCell(GridRow& row, int column, const QString& text, bool isSpare) const
 {
     if (column < 0 || column >= model_->columns().size() || model_->columns()[column].readOnly
-        || (!isSpare && (row.locked >> unsigned(column)) & 1U))
+        || (!isSpare && column < 64 && (row.locked >> unsigned(column)) & 1U))
         return;
     const GridColumn& target = model_->columns()[column];
     row.cells.resize(model_->columns().size());

@@ -12,6 +12,12 @@
 static const QColor problemColor(0xfb, 0xda, 0xd7);
 static const QColor warningColor(0xff, 0xf1, 0xc4);
 static const QColor readOnlyColor(0x6b, 0x6b, 0x6b);
+static const QColor computedColor(0xf1, 0xf2, 0xf4);
+
+static bool hasBit(quint64 mask, int column)
+{
+    return column < 64 && (mask >> unsigned(column)) & 1U;
+}
 
 static QHash<qint64, int> placesById(const GridRows& rows)
 {
@@ -128,7 +134,7 @@ void EditGridModel::setSpareRow(bool shown)
 
 bool EditGridModel::isLocked(int row, int column) const
 {
-    return columns_[column].readOnly || (!isSpare(row) && (rows_[row].locked >> unsigned(column)) & 1U);
+    return columns_[column].readOnly || (!isSpare(row) && hasBit(rows_[row].locked, column));
 }
 
 int EditGridModel::rowCount(const QModelIndex& parent) const
@@ -159,6 +165,11 @@ QString EditGridModel::warningOf(const QModelIndex& index) const
     return isSpare(index.row()) ? QString() : rows_[index.row()].warnings.value(index.column());
 }
 
+bool EditGridModel::isComputed(const QModelIndex& index) const
+{
+    return !isSpare(index.row()) && hasBit(rows_[index.row()].computed, index.column());
+}
+
 QVariant EditGridModel::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid())
@@ -178,9 +189,11 @@ QVariant EditGridModel::data(const QModelIndex& index, int role) const
     case Qt::BackgroundRole:
         return !problemOf(index).isEmpty() ? QVariant(problemColor)
             : !warningOf(index).isEmpty()  ? QVariant(warningColor)
+            : isComputed(index)            ? QVariant(computedColor)
                                            : QVariant();
     case Qt::ForegroundRole:
-        return isLocked(index.row(), index.column()) ? QVariant(readOnlyColor) : QVariant();
+        return isLocked(index.row(), index.column()) || isComputed(index) ? QVariant(readOnlyColor)
+                                                                          : QVariant();
     case Qt::TextAlignmentRole:
         return int(columns_[index.column()].kind == GridColumn::Number ? Qt::AlignRight : Qt::AlignLeft)
             | int(hasTallRows() ? Qt::AlignTop : Qt::AlignVCenter);

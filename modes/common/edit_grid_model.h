@@ -31,6 +31,9 @@ struct GridRow {
     QVector<QString> warnings = {};
     // A bit for each column that takes nothing in this row: computed cells.
     quint64 locked = 0;
+    // A bit for each column whose cell holds, or waits for, what a calculation writes: it stands grey until
+    // somebody types over it.
+    quint64 computed = 0;
 };
 
 using GridRows = QVector<GridRow>;
@@ -79,6 +82,7 @@ private:
     QString cell(const QModelIndex& index) const;
     QString problemOf(const QModelIndex& index) const;
     QString warningOf(const QModelIndex& index) const;
+    bool isComputed(const QModelIndex& index) const;
     void removeMissing(const GridRows& rows);
     void appendNew(const GridRows& rows);
     void arrange(const GridRows& rows);

@@ -1,8 +1,8 @@
 #include "laboratory/laboratory_screen.h"
 
 #include "dictionaries/modes.h"
-#include "dictionaries/properties.h"
 #include "laboratory/register_page.h"
+#include "laboratory/sample_cells.h"
 #include "laboratory/set_dialog.h"
 #include "laboratory/test_page.h"
 
@@ -32,17 +32,22 @@ constexpr PageRow pageRows[] = {
 
 LaboratoryScreen::LaboratoryScreen(TX_Modes mode, ITellurixController* controller)
     : PagedScreen(mode, controller, QStringLiteral("laboratory"))
+    , store_(*this)
 {
-    addPage(new RegisterPage(*this), QStringLiteral("Реестр проб"));
+    addPage(new RegisterPage(*this, store_), QStringLiteral("Реестр проб"));
     for (const PageRow& row : pageRows) {
-        auto* page = new TestPage(*this, row.test);
+        auto* page = new TestPage(*this, store_, row.test);
         tests_.push_back(page);
         addPage(page, QString::fromUtf8(row.title));
         connect(page, &TestPage::editingChanged, this, [this, page](bool isEditing) {
             editingChanged(page, isEditing);
         });
+        connect(page, &TestPage::setWanted, this, [this, page] { chooseSet(page->test()); });
     }
     start();
+    connect(findChild<QTabWidget*>(QStringLiteral("pages")), &QTabWidget::currentChanged, this, [this] {
+        tellSets();
+    });
     connectLaboratory();
 }
 
@@ -60,14 +65,32 @@ void LaboratoryScreen::connectLaboratory()
                 page->showAllRows(all);
         });
     });
-    const std::pair<void (TXWidget::*)(), LabTest> choices[] = {
-        {&TXWidget::signalChangeCommonDefPhysProp, LabTest::Physical},
-        {&TXWidget::signalChangeCommonDefCompProp, LabTest::Compression},
-        {&TXWidget::signalChangeCommonDefShiftProp, LabTest::Shear},
-        {&TXWidget::signalChangeCommonDefSwellProp, LabTest::Swelling},
+    struct SetRow {
+        void (TXWidget::*takeMain)();
+        void (TXWidget::*choose)();
+        LabTest test;
     };
-    for (const auto& [signal, test] : choices)
-        connect(this, signal, this, [this, test = test] { attempt([this, test] { chooseSet(test); }); });
+    static constexpr SetRow rows[] = {
+        {&TXWidget::signalSetCommonDefPhysProp, &TXWidget::signalChangeCommonDefPhysProp, LabTest::Physical},
+        {&TXWidget::signalSetCommonDefCompProp,
+            &TXWidget::signalChangeCommonDefCompProp,
+            LabTest::Compression},
+        {&TXWidget::signalSetCommonDefShiftProp, &TXWidget::signalChangeCommonDefShiftProp, LabTest::Shear},
+        {&TXWidget::signalSetCommonDefSwellProp,
+            &TXWidget::signalChangeCommonDefSwellProp,
+            LabTest::Swelling},
+    };
+    for (const SetRow& row : rows) {
+        connect(this, row.takeMain, this, [this, test = row.test] {
+            attempt([this, test] { takeMainSet(test); });
+        });
+        connect(this, row.choose, this, [this, test = row.test] {
+            attempt([this, test] {
+                main_.erase(test);
+                chooseSet(test);
+            });
+        });
+    }
 }
 
 TestPage* LaboratoryScreen::testInFront() const
@@ -78,6 +101,7 @@ TestPage* LaboratoryScreen::testInFront() const
 void LaboratoryScreen::becomeCurrent()
 {
     PagedScreen::becomeCurrent();
+    tellSets();
     TestPage* page = testInFront();
     if (page && page->isEditing())
         editingChanged(page, true);
@@ -103,7 +127,49 @@ void LaboratoryScreen::chooseSet(LabTest test)
     if (!open)
         return;
     SetDialog dialog(*open, test, this);
-    if (dialog.exec() != QDialog::Accepted)
+    if (dialog.exec() == QDialog::Accepted && dialog.hasChanged())
+        change<SetState>(putSetState, setStateOf(*open), dialog.chosen());
+}
+
+void LaboratoryScreen::takeMainSet(LabTest test)
+{
+    IDBProject* open = project();
+    if (!open)
         return;
-    change<TemplateState>(putTemplate, templateOf(*open, test), dialog.chosen());
+    main_.insert(test);
+    if (!ownSet(*open, test).empty())
+        change<SetState>(putSetState, setStateOf(*open), withSet(setStateOf(*open), test, {}));
+    say(QStringLiteral("Выбран основной набор; «Набор свойств» задает набор проекта."));
+}
+
+// The shell offers the project's own set after the main one has been taken, so the main one is offered until
+// then.
+void LaboratoryScreen::tellSets()
+{
+    const TestPage* front = testInFront();
+    if (!front || !project() || controller()->currentMode() != mode())
+        return;
+    if (main_.contains(front->test()))
+        Q_EMIT signalDropDefProp(labModeOf(front->test()));
+    else
+        Q_EMIT signalSetDefProp(labModeOf(front->test()));
+    Q_EMIT signalUpdateMenus();
+}
+
+void LaboratoryScreen::forgetProject()
+{
+    PagedScreen::forgetProject();
+    main_.clear();
+}
+
+void LaboratoryScreen::showEvent(QShowEvent* event)
+{
+    store_.setInSight(true);
+    PagedScreen::showEvent(event);
+}
+
+void LaboratoryScreen::hideEvent(QHideEvent* event)
+{
+    store_.setInSight(false);
+    PagedScreen::hideEvent(event);
 }

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "common/paged_screen.h"
-#include "laboratory/sample_columns.h"
+#include "laboratory/sample_edits.h"
+#include "laboratory/test_choice.h"
 
+#include <set>
 #include <vector>
 
 class TestPage;
@@ -13,10 +15,11 @@ class LaboratoryScreen : public PagedScreen
 public:
     LaboratoryScreen(TX_Modes mode, ITellurixController* controller);
 
-    const std::vector<TestPage*>& pages() const { return tests_; }
-
 protected:
     void becomeCurrent() override;
+    void forgetProject() override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
     void connectLaboratory();
@@ -24,6 +27,11 @@ private:
     void editingChanged(TestPage* page, bool isEditing);
     // The columns of new samples and tables: what of the ladders and properties the project uses.
     void chooseSet(LabTest test);
+    void takeMainSet(LabTest test);
+    // Whether the shell's "Основной набор свойств" is there for the page in front.
+    void tellSets();
 
+    SampleStore store_;
     std::vector<TestPage*> tests_;
+    std::set<LabTest> main_; // where the user has taken the main set by the shell's action
 };

@@ -1,6 +1,7 @@
 #include "laboratory/parallels_dialog.h"
 
 #include "calc/parallel_determinations.h"
+#include "laboratory/sample_cells.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -38,11 +39,6 @@ const PropertyRow& rowOf(int index)
 Number numberIn(const QLineEdit* edit)
 {
     return readNumber(edit->text().toStdWString());
-}
-
-QString qText(const std::wstring& text)
-{
-    return QString::fromStdWString(text);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "common/mode_screen.h"
 #include "db/exact_key.h"
 #include "dictionaries/laboratory_vocabulary.h"
+#include "laboratory/sample_cells.h"
 #include "modules/isettings.h"
 #include "reports/laboratory_passports.h"
 #include "site/by_point.h"
@@ -17,9 +18,12 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSet>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <set>
+#include <utility>
 
 namespace
 {
@@ -34,14 +38,6 @@ enum Column {
     Soil,
     Tests,
 };
-
-// Rows that are no samples yet have ids above all others.
-constexpr qint64 firstOpen = 1'000'000'000;
-
-QString qText(std::wstring_view text)
-{
-    return QString::fromWCharArray(text.data(), static_cast<int>(text.size()));
-}
 
 struct TestRow {
     const char* name;
@@ -94,8 +90,9 @@ QVector<GridColumn> columns()
 
 } // namespace
 
-RegisterPage::RegisterPage(ModeScreen& screen)
+RegisterPage::RegisterPage(ModeScreen& screen, SampleStore& store)
     : screen_(screen)
+    , store_(store)
     , grid_(new EditGrid(QStringLiteral("laboratory/register"), columns(), this))
     , filter_(new QLineEdit(this))
     , missing_(new QComboBox(this))
@@ -103,8 +100,6 @@ RegisterPage::RegisterPage(ModeScreen& screen)
     setObjectName(QStringLiteral("register"));
     grid_->setObjectName(QStringLiteral("samples"));
     grid_->setAccessibleName(QStringLiteral("Реестр проб"));
-    filter_->setAccessibleName(QStringLiteral("Фильтр проб"));
-    missing_->setAccessibleName(QStringLiteral("Какие пробы показаны"));
     grid_->setEmptyText(
         QStringLiteral("Лабораторных проб нет.\nIns или «Новая проба» — добавить, «Взять из реестра проб» "
                        "— завести все отобранные."));
@@ -112,51 +107,65 @@ RegisterPage::RegisterPage(ModeScreen& screen)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 6, 0, 0);
     auto* bar = new QHBoxLayout;
-    filter_->setPlaceholderText(QStringLiteral("Фильтр: точка, код, ИГЭ, грунт…"));
-    filter_->setClearButtonEnabled(true);
-    filter_->setFixedWidth(240);
-    connect(
-        filter_, &QLineEdit::textChanged, this, [this](const QString& text) { grid_->setFilterText(text); });
-    bar->addWidget(filter_);
-    missing_->addItem(QStringLiteral("Все пробы"));
-    for (const TestRow& row : testRows)
-        missing_->addItem(QStringLiteral("Нет испытания: ") + QString::fromUtf8(row.name));
-    connect(missing_, qOverload<int>(&QComboBox::activated), this, [this] { read(screen_.project()); });
-    bar->addWidget(missing_);
-    bar->addStretch(1);
-    const auto addButton = [&](const QString& text, const QString& tip, void (*act)(RegisterPage&)) {
-        auto* button = new QPushButton(text, this);
-        button->setToolTip(tip);
-        connect(button, &QPushButton::clicked, this, [this, act] {
-            screen_.attempt([this, act] { act(*this); });
-        });
-        bar->addWidget(button);
-    };
-    addButton(QStringLiteral("Взять из реестра проб"),
-        QStringLiteral("Завести лабораторную пробу для каждой отобранной, которой здесь еще нет"),
-        [](RegisterPage& page) { page.takeFromRegister(); });
-    addButton(QStringLiteral("Сводная ведомость…"),
-        QStringLiteral("Физико-механические свойства всех проб одной таблицей"),
-        [](RegisterPage& page) {
-            page.closeEditors();
-            if (const std::optional<Document> document = page.report())
-                exportDocument(&page, *page.screen_.controller(), *document);
-        });
-    addButton(QStringLiteral("Новая проба"), QStringLiteral("Ins"), [](RegisterPage& page) {
-        page.closeEditors();
-        page.grid_->addRow();
-        page.grid_->setFocus();
-    });
-    addButton(QStringLiteral("Удалить"), QStringLiteral("Ctrl+Del"), [](RegisterPage& page) {
-        page.closeEditors();
-        page.grid_->deleteSelectedRows();
-    });
+    makeBar(*bar);
     layout->addLayout(bar);
     layout->addWidget(grid_, 1);
     connect(grid_, &EditGrid::edited, this, [this](const GridRows& after) {
         screen_.attempt([&] { edited(after); });
     });
     connect(grid_, &EditGrid::told, this, &Page::said);
+}
+
+void RegisterPage::makeBar(QHBoxLayout& bar)
+{
+    filter_->setAccessibleName(QStringLiteral("Фильтр проб"));
+    filter_->setPlaceholderText(QStringLiteral("Фильтр: точка, код, ИГЭ, грунт…"));
+    filter_->setClearButtonEnabled(true);
+    filter_->setMinimumWidth(140);
+    filter_->setMaximumWidth(240);
+    connect(filter_, &QLineEdit::textChanged, grid_, &EditGrid::setFilterText);
+    bar.addWidget(filter_);
+    missing_->setAccessibleName(QStringLiteral("Какие пробы показаны"));
+    missing_->addItem(QStringLiteral("Все пробы"));
+    for (const TestRow& row : testRows)
+        missing_->addItem(QStringLiteral("Нет испытания: ") + QString::fromUtf8(row.name));
+    connect(missing_, qOverload<int>(&QComboBox::activated), this, [this] { read(screen_.project()); });
+    bar.addWidget(missing_);
+    bar.addStretch(1);
+    struct Button {
+        const char* text;
+        const char* tip;
+        void (*act)(RegisterPage&);
+    };
+    static constexpr Button buttons[] = {
+        {"Взять из реестра проб",
+            "Завести лабораторную пробу для каждой отобранной, которой здесь еще нет",
+            [](RegisterPage& page) { page.takeFromRegister(); }},
+        {"Ведомость по точкам…",
+            "Сводная ведомость свойств всех проб: по выработкам и глубине",
+            [](RegisterPage& page) { page.makeSummary(false); }},
+        {"по ИГЭ…",
+            "Сводная ведомость свойств всех проб: по инженерно-геологическим элементам",
+            [](RegisterPage& page) { page.makeSummary(true); }},
+        {"Новая проба",
+            "Ins",
+            [](RegisterPage& page) {
+                page.grid_->addRow();
+                page.grid_->setFocus();
+            }},
+        {"Удалить", "Ctrl+Del", [](RegisterPage& page) { page.grid_->deleteSelectedRows(); }},
+    };
+    for (const Button& each : buttons) {
+        auto* button = new QPushButton(QString::fromUtf8(each.text), this);
+        button->setToolTip(QString::fromUtf8(each.tip));
+        connect(button, &QPushButton::clicked, this, [this, act = each.act] {
+            screen_.attempt([this, act] {
+                closeEditors();
+                act(*this);
+            });
+        });
+        bar.addWidget(button);
+    }
 }
 
 void RegisterPage::closeEditors()
@@ -187,7 +196,7 @@ void RegisterPage::tellView(ITellurixController& controller) const
     controller.setEditedSampleName({});
 }
 
-bool RegisterPage::isShown(const LabSample& sample, std::wstring_view) const
+bool RegisterPage::isShown(const LabSample& sample) const
 {
     const int index = missing_->currentIndex() - 1;
     return index < 0 || !testRows[index].isPresent(sample);
@@ -195,22 +204,26 @@ bool RegisterPage::isShown(const LabSample& sample, std::wstring_view) const
 
 void RegisterPage::read(IDBProject* project)
 {
+    static_cast<void>(store_.takeChanged());
     keys_.clear();
-    GridRows rows;
+    shown_.clear();
     if (project) {
         const SiteLayers layers(*project);
         const auto kinds = rowsByPlace(project->getSamples());
         for (const auto& [key, sample] : project->getLabSamples()) {
-            keys_.push_back(key);
+            if (!isShown(sample))
+                continue;
+            qint64& id = ids_[textOf(key)];
+            if (id == 0)
+                id = ++lastId_;
+            keys_.insert(id, key);
             const Number depth = readNumber(key.depth);
             const SiteLayer* layer = depth ? layers.layerAt(key.pointName, *depth) : nullptr;
             const auto kind = kinds.find({key.pointName, key.depth});
             const std::wstring_view* kindName =
                 kind == kinds.end() ? nullptr : sampleKinds.find(kind->second->sampleKind);
-            if (!isShown(sample, {}))
-                continue;
             GridRow row;
-            row.id = static_cast<qint64>(keys_.size());
+            row.id = id;
             row.cells = {qText(key.pointName),
                 qText(key.depth),
                 qText(sample.code),
@@ -222,19 +235,94 @@ void RegisterPage::read(IDBProject* project)
             if (!layer)
                 row.warnings = QVector<QString>(Element)
                     << QStringLiteral("Проба не попадает ни в один слой точки");
-            rows.push_back(row);
+            shown_.push_back(row);
         }
-        rows += open_;
     }
-    grid_->setRows(rows);
+    grid_->setRows(project ? shown_ + open_ : GridRows());
 }
 
 void RegisterPage::store(SampleStates before, SampleStates after)
 {
-    if (!after.empty())
-        screen_.change<SampleStates>(putSamples, std::move(before), std::move(after));
-    else
+    if (after.empty())
         read(screen_.project());
+    else
+        store_.change(std::move(before), std::move(after));
+}
+
+// What the rows of the grid change, as they are gone through.
+struct RegisterPage::Edits {
+    using Place = std::pair<std::wstring, std::wstring>;
+
+    SampleStates before;
+    SampleStates after;
+    GridRows open;
+    std::set<Place> chosen; // where samples come to stand
+    int lastNumber = 0; // in the register of the laboratory
+    QString refusal; // why a sample could not be moved
+
+    static Place placeOf(const PointDepthKey& key) { return {key.pointName, key.depth}; }
+};
+
+static PointDepthKey keyIn(const GridRow& row)
+{
+    return {row.cells[Point].trimmed().toStdWString(), row.cells[Depth].trimmed().toStdWString()};
+}
+
+// A name of the soil that was typed stays: its group is none.
+static void takeCells(const GridRow& row, LabSample& sample)
+{
+    sample.code = row.cells[Code].toStdWString();
+    bool isNumber = false;
+    const int number = row.cells[Number_].toInt(&isNumber);
+    if (isNumber)
+        sample.number = number;
+    if (const std::wstring soil = row.cells[Soil].toStdWString(); soil != sample.soilKind.text)
+        sample.soilKind = {0, soil};
+}
+
+void RegisterPage::takeRow(IDBProject& project, GridRow row, Edits& edits)
+{
+    row.cells.resize(Tests + 1);
+    const auto old = keys_.constFind(row.id);
+    const LabSample* sample = old != keys_.constEnd() ? findSample(project, *old) : nullptr;
+    const PointDepthKey key = keyIn(row);
+    LabSample made = sample ? *sample : blankSample(project, edits.lastNumber + 1);
+    if (!sample && row.cells[Code].isEmpty())
+        row.cells[Code] = qText(made.code);
+    takeCells(row, made);
+    const bool hasMoved = !sample || old->pointName != key.pointName || old->depth != key.depth;
+    if (!hasMoved) {
+        edits.before.push_back({*old, *sample});
+        edits.after.push_back({*old, std::move(made)});
+        return;
+    }
+    const std::wstring refusal = edits.chosen.contains(Edits::placeOf(key))
+        ? std::wstring(L"Эта проба введена дважды")
+        : refusalOf(project, key);
+    if (!refusal.empty()) {
+        // A sample stays where it is; a new row waits on the screen with its reason.
+        if (sample) {
+            edits.refusal = qText(refusal);
+            return;
+        }
+        row.id = row.id == 0 ? ++lastId_ : row.id;
+        row.problems = QVector<QString>(Depth + 1);
+        row.problems[key.pointName.empty() ? Point : Depth] = qText(refusal);
+        edits.open.push_back(row);
+        return;
+    }
+    // The row goes with its sample, the cursor with the row.
+    if (row.id != 0)
+        ids_.insert(textOf(key), row.id);
+    edits.chosen.insert(Edits::placeOf(key));
+    edits.before.push_back({key, std::nullopt});
+    if (sample) {
+        edits.before.push_back({*old, *sample});
+        edits.after.push_back({*old, std::nullopt});
+    } else {
+        edits.lastNumber = std::max(edits.lastNumber, made.number);
+    }
+    edits.after.push_back({key, std::move(made)});
 }
 
 void RegisterPage::edited(const GridRows& after)
@@ -242,80 +330,33 @@ void RegisterPage::edited(const GridRows& after)
     IDBProject* project = screen_.project();
     if (!project)
         return;
-    SampleStates before;
-    SampleStates changed;
-    GridRows open;
-    std::vector<bool> isThere(keys_.size(), false);
-    const auto keyIn = [](const GridRow& row) {
-        return PointDepthKey{
-            row.cells[Point].trimmed().toStdWString(), row.cells[Depth].trimmed().toStdWString()};
-    };
-    const auto take = [](const GridRow& row, LabSample& sample) {
-        sample.code = row.cells[Code].toStdWString();
-        bool isNumber = false;
-        const int number = row.cells[Number_].toInt(&isNumber);
-        if (isNumber)
-            sample.number = number;
-        if (const std::wstring soil = row.cells[Soil].toStdWString(); soil != sample.soilKind.text)
-            sample.soilKind = {0, soil};
-    };
-    const auto isChosen = [&](const PointDepthKey& key) {
-        return std::any_of(changed.begin(), changed.end(), [&](const SampleState& state) {
-            return state.sample && state.key.pointName == key.pointName && state.key.depth == key.depth;
-        });
-    };
-    for (GridRow row : after) {
-        const bool isStored = row.id > 0 && row.id <= static_cast<qint64>(keys_.size());
-        const PointDepthKey key = keyIn(row);
-        const PointDepthKey* old = isStored ? &keys_[static_cast<std::size_t>(row.id - 1)] : nullptr;
-        if (old)
-            isThere[static_cast<std::size_t>(row.id - 1)] = true;
-        const bool hasMoved = !old || old->pointName != key.pointName || old->depth != key.depth;
-        const LabSample* sample = old ? findSample(*project, *old) : nullptr;
-        LabSample made = sample ? *sample : newSample(*project);
-        if (!old && !row.cells[Code].isEmpty())
-            made.code.clear();
-        if (!old && row.cells[Code].isEmpty())
-            row.cells[Code] = qText(made.code);
-        take(row, made);
-        if (hasMoved) {
-            const std::wstring refusal =
-                isChosen(key) ? std::wstring(L"Эта проба введена дважды") : refusalOf(*project, key);
-            if (!refusal.empty()) {
-                if (old) {
-                    Q_EMIT said(qText(refusal));
-                    continue;
-                }
-                row.id = row.id >= firstOpen ? row.id : firstOpen + ++lastOpen_;
-                row.problems = QVector<QString>(2);
-                row.problems[key.pointName.empty() ? Point : Depth] = qText(refusal);
-                open.push_back(row);
-                continue;
-            }
-            before.push_back({key, std::nullopt});
-            if (old) {
-                before.push_back({*old, *sample});
-                changed.push_back({*old, std::nullopt});
-            } else {
-                made.number = newSample(*project).number + static_cast<int>(changed.size());
-            }
-            changed.push_back({key, std::move(made)});
-        } else if (sample
-            && (made.code != sample->code || made.number != sample->number
-                || made.soilKind.text != sample->soilKind.text)) {
-            before.push_back({*old, *sample});
-            changed.push_back({*old, std::move(made)});
-        }
-    }
-    for (std::size_t i = 0; i < keys_.size(); ++i) {
-        const LabSample* sample = findSample(*project, keys_[i]);
-        if (isThere[i] || !sample || !isShown(*sample, {}))
+    Edits edits;
+    edits.lastNumber = greatestNumber(*project);
+    QSet<qint64> isThere;
+    QHash<qint64, int> places;
+    for (int i = 0; i < shown_.size(); ++i)
+        places.insert(qAsConst(shown_)[i].id, i);
+    for (const GridRow& row : after) {
+        const int place = places.value(row.id, -1);
+        isThere.insert(row.id);
+        if (place >= 0 && qAsConst(shown_)[place].cells == row.cells)
             continue;
-        before.push_back({keys_[i], *sample});
-        changed.push_back({keys_[i], std::nullopt});
+        takeRow(*project, row, edits);
     }
-    open_ = open;
-    store(std::move(before), std::move(changed));
+    for (const GridRow& row : qAsConst(shown_)) {
+        if (isThere.contains(row.id))
+            continue;
+        const PointDepthKey key = keys_.value(row.id);
+        const LabSample* sample = findSample(*project, key);
+        if (!sample)
+            continue;
+        edits.before.push_back({key, *sample});
+        edits.after.push_back({key, std::nullopt});
+    }
+    open_ = edits.open;
+    store(std::move(edits.before), std::move(edits.after));
+    if (!edits.refusal.isEmpty())
+        Q_EMIT said(edits.refusal);
 }
 
 void RegisterPage::takeFromRegister()
@@ -323,29 +364,38 @@ void RegisterPage::takeFromRegister()
     IDBProject* project = screen_.project();
     if (!project)
         return;
-    closeEditors();
+    std::set<Edits::Place> known;
+    for (const auto& [key, sample] : project->getLabSamples())
+        known.insert(Edits::placeOf(key));
     SampleStates before;
     SampleStates after;
     int refused = 0;
-    LabSample fresh = newSample(*project);
+    int number = greatestNumber(*project);
     for (const auto& [key, value] : project->getSamples()) {
-        if (findSample(*project, key))
+        if (known.contains(Edits::placeOf(key)))
             continue;
         if (!refusalOf(*project, key).empty()) {
             ++refused;
             continue;
         }
         before.push_back({key, std::nullopt});
-        after.push_back({key, fresh});
-        ++fresh.number;
-        fresh.code = std::to_wstring(fresh.number);
+        after.push_back({key, blankSample(*project, ++number)});
     }
-    const int count = static_cast<int>(after.size());
+    const std::size_t count = after.size();
     store(std::move(before), std::move(after));
     Q_EMIT said(count == 0 && refused == 0 ? QStringLiteral("Все отобранные пробы уже заведены.")
             : refused == 0
             ? QStringLiteral("Заведено проб: %1.").arg(count)
             : QStringLiteral("Заведено проб: %1; не принято реестром: %2.").arg(count).arg(refused));
+}
+
+void RegisterPage::makeSummary(bool byElement)
+{
+    IDBProject* project = screen_.project();
+    if (!project)
+        return;
+    const SiteLaboratory site(*project, screen_.settings()->reportLanguage() == 1 ? 1 : 0);
+    exportDocument(this, *screen_.controller(), laboratorySummary(*project, site, byElement));
 }
 
 void RegisterPage::calculate() { }

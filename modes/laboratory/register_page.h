@@ -5,11 +5,10 @@
 
 #include <QHash>
 
-#include <vector>
-
 class EditGrid;
 class ModeScreen;
 class QComboBox;
+class QHBoxLayout;
 class QLineEdit;
 
 struct GridRow;
@@ -21,7 +20,7 @@ class RegisterPage : public Page
     Q_OBJECT
 
 public:
-    explicit RegisterPage(ModeScreen& screen);
+    RegisterPage(ModeScreen& screen, SampleStore& store);
 
     void read(IDBProject* project) override;
     void forget() override;
@@ -32,17 +31,24 @@ public:
     void tellView(ITellurixController& controller) const override;
 
 private:
+    struct Edits;
+
+    void makeBar(QHBoxLayout& bar);
     void edited(const QVector<GridRow>& after);
+    void takeRow(IDBProject& project, GridRow row, Edits& edits);
     void takeFromRegister();
-    void addFilters(QWidget* bar);
-    bool isShown(const LabSample& sample, std::wstring_view element) const;
+    void makeSummary(bool byElement);
+    bool isShown(const LabSample& sample) const;
     void store(SampleStates before, SampleStates after);
 
     ModeScreen& screen_;
+    SampleStore& store_;
     EditGrid* grid_;
     QLineEdit* filter_;
     QComboBox* missing_;
-    std::vector<PointDepthKey> keys_; // by the id of the row less one
+    QHash<QString, qint64> ids_; // of all samples that have been seen
+    QHash<qint64, PointDepthKey> keys_; // of the rows that are samples
+    qint64 lastId_ = 0;
+    QVector<GridRow> shown_; // as read
     QVector<GridRow> open_; // typed, but not a sample yet
-    qint64 lastOpen_ = 0;
 };

@@ -1,12 +1,14 @@
 #include "laboratory/sample_edits.h"
 
+#include "common/mode_screen.h"
 #include "core/base/typed_number.h"
 #include "db/exact_key.h"
 
 #include <algorithm>
 #include <exception>
+#include <utility>
 
-void putSamples(IDBProject& project, const SampleStates& states)
+static void putSamples(IDBProject& project, const SampleStates& states)
 {
     LabSampleRegister& samples = project.getLabSamples();
     // What moves leaves its old place first.
@@ -24,6 +26,38 @@ void putSamples(IDBProject& project, const SampleStates& states)
     }
 }
 
+SampleStore::SampleStore(ModeScreen& screen)
+    : screen_(screen)
+{
+}
+
+void SampleStore::change(SampleStates before, SampleStates after)
+{
+    if (after.empty())
+        return;
+    const auto put = [changed = changed_](IDBProject& project, const SampleStates& states) {
+        putSamples(project, states);
+        if (changed->isInSight)
+            for (const SampleState& state : states)
+                changed->keys.push_back(state.key);
+    };
+    screen_.change<SampleStates>(put, std::move(before), std::move(after));
+}
+
+void SampleStore::setInSight(bool isInSight)
+{
+    changed_->isInSight = isInSight;
+    changed_->keys.clear();
+}
+
+std::optional<std::vector<PointDepthKey>> SampleStore::takeChanged()
+{
+    std::vector<PointDepthKey> keys = std::exchange(changed_->keys, {});
+    if (keys.empty())
+        return std::nullopt;
+    return keys;
+}
+
 const LabSample* findSample(IDBProject& project, const PointDepthKey& key)
 {
     LabSampleRegister& samples = project.getLabSamples();
@@ -31,13 +65,19 @@ const LabSample* findSample(IDBProject& project, const PointDepthKey& key)
     return place == samples.end() ? nullptr : &place->second;
 }
 
-LabSample newSample(IDBProject& project)
+int greatestNumber(IDBProject& project)
+{
+    int number = 0;
+    for (const auto& [key, sample] : project.getLabSamples())
+        number = std::max(number, sample.number);
+    return number;
+}
+
+LabSample blankSample(IDBProject& project, int number)
 {
     LabSample sample;
-    for (const auto& [key, other] : project.getLabSamples())
-        sample.number = std::max(sample.number, other.number);
-    ++sample.number;
-    sample.code = std::to_wstring(sample.number);
+    sample.number = number;
+    sample.code = std::to_wstring(number);
     for (PropertyCell cell : project.getPhysicalTemplate()) {
         cell.value.clear();
         sample.physical.push_back(cell);

@@ -1,231 +1,244 @@
 #include "laboratory/test_page.h"
 
 #include "common/export_dialog.h"
-#include "common/drawing_view.h"
-#include "common/edit_grid.h"
 #include "common/mode_screen.h"
 #include "common/view_settings.h"
 #include "dictionaries/laboratory_vocabulary.h"
+#include "laboratory/calculation.h"
 #include "laboratory/parallels_dialog.h"
+#include "laboratory/sample_cells.h"
+#include "laboratory/sample_curve.h"
+#include "laboratory/sample_form_view.h"
+#include "laboratory/sample_table.h"
 #include "modules/isettings.h"
-#include "plots/laboratory_curves.h"
 #include "reports/laboratory_passports.h"
-#include "site/derived_cells.h"
 #include "site/elements.h"
 
-#include <QAction>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSettings>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <set>
+#include <string_view>
+#include <utility>
 
 namespace
 {
 
-constexpr int firstDataColumn = 4;
 // Any state but 0 and 8 lets the shell calculate: 0 is a screen without samples, 8 the editing of one.
 constexpr int stateOfTable = 1;
 constexpr int stateOfEditing = 8;
 
-const char* nameOf(LabTest test)
+QString viewNameOf(LabTest test)
 {
-    constexpr const char* names[] = {"physical", "grading", "compression", "shear", "swelling", "shrinkage"};
-    return names[static_cast<std::size_t>(test)];
-}
-
-TX_Lab_Modes labModeOf(LabTest test)
-{
-    constexpr TX_Lab_Modes modes[] = {
-        LabPhysical, LabGranulometry, LabCompression, LabShear, LabSwell, LabShrink};
-    return modes[static_cast<std::size_t>(test)];
-}
-
-QString qText(std::wstring_view text)
-{
-    return QString::fromWCharArray(text.data(), static_cast<int>(text.size()));
-}
-
-QString hashOf(const PointDepthKey& key)
-{
-    return QString::fromStdWString(key.pointName) + QChar(0x1f) + QString::fromStdWString(key.depth);
-}
-
-GridColumn fixedColumn(const QString& title, int width)
-{
-    GridColumn column;
-    column.title = title;
-    column.width = width;
-    column.readOnly = true;
-    return column;
-}
-
-bool means(const std::string& cell, const std::string& mark)
-{
-    return !mark.empty()
-        && (cell == mark
-            || (mark.find('/') == std::string::npos && mark != "grading" && cell.rfind(mark + "/", 0) == 0));
-}
-
-void addTo(QVector<QString>& texts, int column, const QString& text)
-{
-    if (texts.size() <= column)
-        texts.resize(column + 1);
-    if (!texts[column].isEmpty())
-        texts[column] += QLatin1Char('\n');
-    texts[column] += text;
-}
-
-void addRemark(GridRow& row, int column, const Remark& remark)
-{
-    addTo(remark.kind == Remark::Impossible ? row.problems : row.warnings, column, qText(remark.text));
+    return QStringLiteral("laboratory/") + QLatin1String(nameOf(test));
 }
 
 } // namespace
 
-TestPage::TestPage(ModeScreen& screen, LabTest test)
+TestPage::TestPage(ModeScreen& screen, SampleStore& store, LabTest test)
     : screen_(screen)
+    , store_(store)
     , splitter_(new QSplitter(Qt::Horizontal, this))
     , stack_(new QStackedWidget(splitter_))
-    , view_(new DrawingView(splitter_))
+    , table_(new SampleTable(test, stack_))
+    , form_(new SampleFormView(test, stack_))
+    , curve_(new SampleCurve(test, splitter_))
 {
     choice_.test = test;
     choice_.method = test == LabTest::Compression ? 21 : test == LabTest::Shear ? 1 : 0;
     setObjectName(QLatin1String(nameOf(test)));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 6, 0, 0);
-    makeBar(layout);
+    layout->addLayout(makeBar());
     layout->addWidget(splitter_, 1);
+    stack_->addWidget(table_);
+    stack_->addWidget(form_);
     splitter_->addWidget(stack_);
-    splitter_->addWidget(view_);
+    splitter_->addWidget(curve_);
+    splitter_->setChildrenCollapsible(false);
     if (test == LabTest::Physical)
-        view_->hide();
-    keepSplitter(splitter_, QStringLiteral("laboratory/") + QLatin1String(nameOf(test)), {700, 480});
+        curve_->hide();
+    keepSplitter(splitter_, viewNameOf(test), {700, 480});
+    setFocusProxy(table_);
+    connectParts();
 }
 
-TestPage::~TestPage() = default;
+void TestPage::connectParts()
+{
+    const auto take = [this](const SampleStates& before, const SampleStates& after) {
+        screen_.attempt([&] { store_.change(before, after); });
+    };
+    connect(table_, &SampleTable::edited, this, take);
+    connect(form_, &SampleFormView::edited, this, take);
+    connect(curve_, &SampleCurve::edited, this, take);
+    connect(table_, &SampleTable::currentChanged, this, &TestPage::showCurve);
+    connect(table_, &SampleTable::told, this, &Page::said);
+    connect(form_, &SampleFormView::told, this, &Page::said);
+    connect(curve_, &SampleCurve::pointChosen, this, [this](int cell) {
+        if (isEditing_)
+            form_->showCell(cell);
+    });
+}
 
-void TestPage::makeBar(QVBoxLayout* layout)
+QPushButton* TestPage::addButton(QHBoxLayout& bar, const char* text, const char* tip, void (TestPage::*act)())
+{
+    auto* button = new QPushButton(QString::fromUtf8(text), this);
+    button->setToolTip(QString::fromUtf8(tip));
+    connect(button, &QPushButton::clicked, this, [this, act] {
+        screen_.attempt([this, act] {
+            closeEditors();
+            (this->*act)();
+        });
+    });
+    bar.addWidget(button);
+    return button;
+}
+
+QHBoxLayout* TestPage::makeBar()
 {
     auto* bar = new QHBoxLayout;
     title_ = new QLabel(this);
     title_->hide();
     bar->addWidget(title_);
-    if (choice_.test == LabTest::Compression || choice_.test == LabTest::Shear) {
-        method_ = new QComboBox(this);
-        method_->setObjectName(QStringLiteral("method"));
-        method_->setAccessibleName(QStringLiteral("Способ испытания"));
-        method_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-        method_->setMinimumContentsLength(38);
-        addMethods();
-        bar->addWidget(method_);
-        connect(method_, qOverload<int>(&QComboBox::activated), this, [this] {
-            choice_.method = method_->currentData().toInt();
-            isStale_ = true;
-            Q_EMIT statesChanged();
-            read(screen_.project());
-        });
-    }
-    if (choice_.test == LabTest::Compression) {
-        branch_ = new QComboBox(this);
-        branch_->setAccessibleName(QStringLiteral("Образец"));
-        branch_->addItems({QStringLiteral("Первый образец, до замачивания"),
-            QStringLiteral("Второй образец, после замачивания")});
-        bar->addWidget(branch_);
-        connect(branch_, qOverload<int>(&QComboBox::activated), this, [this](int index) {
-            choice_.branch = index;
-            isStale_ = true;
-            read(screen_.project());
-        });
-    }
-    filter_ = new QLineEdit(this);
-    filter_->setPlaceholderText(QStringLiteral("Фильтр: точка, проба, ИГЭ…"));
-    filter_->setAccessibleName(QStringLiteral("Фильтр проб"));
-    filter_->setClearButtonEnabled(true);
-    filter_->setFixedWidth(190);
-    connect(filter_, &QLineEdit::textChanged, this, [this](const QString& text) {
-        if (grid_)
-            grid_->setFilterText(text);
-    });
-    bar->addWidget(filter_);
+    addChoices(*bar);
+    addFilter(*bar);
     bar->addStretch(1);
-    if (choice_.test == LabTest::Physical) {
-        parallels_ = new QPushButton(QStringLiteral("Параллельные определения…"), this);
-        connect(parallels_, &QPushButton::clicked, this, [this] {
-            screen_.attempt([this] { openParallels(); });
-        });
-        bar->addWidget(parallels_);
-        auto* passports = new QPushButton(QStringLiteral("Паспорта…"), this);
-        passports->setToolTip(QStringLiteral("Физические свойства, по листу на пробу"));
-        connect(passports, &QPushButton::clicked, this, [this] {
-            screen_.attempt([this] {
-                closeEditors();
-                if (const std::optional<Document> document = report())
-                    exportDocument(this, *screen_.controller(), *document);
-            });
-        });
-        bar->addWidget(passports);
-    }
-    recalculate_ = new QPushButton(QStringLiteral("Пересчитать все"), this);
-    recalculate_->setToolTip(QStringLiteral("Заменить и введенные производные значения вычисленными"));
-    connect(recalculate_, &QPushButton::clicked, this, [this] {
-        screen_.attempt([this] {
-            closeEditors();
-            fill(true);
-        });
-    });
-    bar->addWidget(recalculate_);
-    edit_ = new QPushButton(this);
+    if (choice_.test == LabTest::Physical)
+        addButton(*bar,
+            "Параллельные…",
+            "Среднее двух или трех определений и допустимое расхождение",
+            &TestPage::openParallels);
+    if (choice_.test == LabTest::Physical)
+        addButton(*bar, "Набор свойств…", "Какие свойства показывает таблица", &TestPage::setWanted);
+    else if (choice_.test != LabTest::Grading && choice_.test != LabTest::Shrinkage)
+        addButton(*bar, "Набор нагрузок…", "Какие нагрузки показывает таблица", &TestPage::setWanted);
+    addButton(*bar,
+        "Паспорта…",
+        "По листу на пробу: выделенные пробы, а если выделена одна ячейка — все",
+        &TestPage::makePassports);
+    addButton(*bar,
+        "Пересчитать все",
+        "Заменить и введенные производные значения вычисленными",
+        &TestPage::recalculate);
+    edit_ = addButton(*bar, "Изменить пробу", "Все ячейки одной пробы", &TestPage::toggleEditing);
     edit_->setObjectName(QStringLiteral("editSample"));
-    connect(edit_, &QPushButton::clicked, this, [this] {
-        screen_.attempt([this] { isEditing_ ? endEditing() : beginEditing(); });
-    });
-    edit_->setText(QStringLiteral("Изменить пробу"));
-    bar->addWidget(edit_);
-    layout->addLayout(bar);
+    return bar;
 }
 
-void TestPage::addMethods()
+void TestPage::addChoices(QHBoxLayout& bar)
 {
-    const int language = screen_.settings()->reportLanguage() == 1 ? 1 : 0;
-    const int current = choice_.method;
+    if (choice_.test != LabTest::Compression && choice_.test != LabTest::Shear)
+        return;
+    method_ = new QComboBox(this);
+    method_->setObjectName(QStringLiteral("method"));
+    method_->setAccessibleName(QStringLiteral("Способ испытания"));
+    method_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    method_->setMinimumContentsLength(26);
+    bar.addWidget(method_);
+    connect(method_, qOverload<int>(&QComboBox::activated), this, [this] {
+        closeEditors();
+        choice_.method = method_->currentData().toInt();
+        keepMethod();
+        Q_EMIT statesChanged();
+        read(screen_.project());
+    });
+    if (choice_.test != LabTest::Compression)
+        return;
+    branch_ = new QComboBox(this);
+    branch_->setObjectName(QStringLiteral("branch"));
+    branch_->setAccessibleName(QStringLiteral("Образец"));
+    branch_->addItems({QStringLiteral("До замачивания"), QStringLiteral("После замачивания")});
+    branch_->setToolTip(QStringLiteral("Первый образец (до замачивания) или второй (после)"));
+    bar.addWidget(branch_);
+    connect(branch_, qOverload<int>(&QComboBox::activated), this, [this](int index) {
+        closeEditors();
+        choice_.branch = index;
+        read(screen_.project());
+    });
+}
+
+void TestPage::addFilter(QHBoxLayout& bar)
+{
+    filter_ = new QLineEdit(this);
+    filter_->setPlaceholderText(QStringLiteral("Фильтр: точка, проба, грунт…"));
+    filter_->setAccessibleName(QStringLiteral("Фильтр проб"));
+    filter_->setClearButtonEnabled(true);
+    filter_->setMinimumWidth(120);
+    filter_->setMaximumWidth(200);
+    connect(filter_, &QLineEdit::textChanged, table_, &SampleTable::setFilterText);
+    bar.addWidget(filter_);
+}
+
+void TestPage::fillMethods()
+{
     method_->clear();
     const auto add = [&](const auto& names) {
         for (const BilingualRow& row : names)
-            if (const std::wstring_view* name = row.name(language))
+            if (const std::wstring_view* name = row.name(language())) {
                 method_->addItem(qText(*name), row.number);
+                method_->setItemData(method_->count() - 1, qText(*name), Qt::ToolTipRole);
+            }
     };
     if (choice_.test == LabTest::Compression)
         add(subsidenceMethodNames);
     else
         add(shearMethodNames);
-    method_->setCurrentIndex(std::max(0, method_->findData(current)));
+    method_->setCurrentIndex(std::max(0, method_->findData(choice_.method)));
+}
+
+// The last one, where the user wants it remembered; else a method by which the project has tests.
+void TestPage::chooseMethod(IDBProject& project)
+{
+    const QString name = viewNameOf(choice_.test) + QStringLiteral("/method");
+    const int last = viewSettings()->value(name).toInt();
+    if (screen_.settings()->isSaveLastMethodLaboratory() != 0 && last > 0) {
+        choice_.method = last;
+        return;
+    }
+    for (const auto& [key, sample] : project.getLabSamples()) {
+        if (choice_.test == LabTest::Compression ? sample.compression.empty() : sample.shear.empty())
+            continue;
+        choice_.method = choice_.test == LabTest::Compression ? sample.compression.begin()->first
+                                                              : sample.shear.begin()->first;
+        return;
+    }
+}
+
+void TestPage::keepMethod()
+{
+    viewSettings()->setValue(viewNameOf(choice_.test) + QStringLiteral("/method"), choice_.method);
+}
+
+int TestPage::language() const
+{
+    return screen_.settings()->reportLanguage() == 1 ? 1 : 0;
 }
 
 void TestPage::forget()
 {
     const bool wasEditing = isEditing_;
     isEditing_ = false;
-    isStale_ = true;
-    rows_.clear();
-    keys_.clear();
-    ids_.clear();
-    site_.reset();
-    if (wasEditing)
-        Q_EMIT editingChanged(false);
+    isNewProject_ = true;
+    table_->clear();
+    curve_->forgetSite();
+    if (!wasEditing)
+        return;
+    stack_->setCurrentWidget(table_);
+    Q_EMIT editingChanged(false);
 }
 
 void TestPage::closeEditors()
 {
-    if (grid_)
-        grid_->closeEditor();
-    if (formGrid_)
-        formGrid_->closeEditor();
+    table_->closeEditor();
+    form_->closeEditor();
 }
 
 void TestPage::tellView(ITellurixController& controller) const
@@ -238,48 +251,28 @@ void TestPage::tellView(ITellurixController& controller) const
     controller.setEditedSampleName(isEditing_ ? edited_.pointName + L" / " + edited_.depth : std::wstring());
 }
 
-qint64 TestPage::idOf(const PointDepthKey& key)
-{
-    qint64& id = ids_[hashOf(key)];
-    if (id == 0)
-        id = ++lastId_;
-    return id;
-}
-
-SampleResult TestPage::resultOf(IDBProject& project, const LabSample& sample) const
-{
-    return sampleResult(
-        sample, project.getLabTriple(), grainScaleOf(project).value_or(GrainScale::Above200), 0);
-}
-
 void TestPage::read(IDBProject* project)
 {
-    site_.reset();
+    const std::optional<std::vector<PointDepthKey>> changed = store_.takeChanged();
+    if (changed)
+        curve_->forgetSamples();
+    else
+        curve_->forgetSite();
     if (!project) {
-        rows_.clear();
-        keys_.clear();
-        if (grid_)
-            grid_->setRows({});
-        view_->setMessage(QStringLiteral("Проект не открыт."));
+        table_->clear();
+        curve_->showMessage(QStringLiteral("Проект не открыт."));
         return;
     }
-    if (isStale_) {
-        isStale_ = false;
-        // The method of a project that has tests, not an empty one.
-        if (method_)
-            for (const auto& [key, sample] : project->getLabSamples()) {
-                const bool hasAny = choice_.test == LabTest::Compression ? !sample.compression.empty()
-                                                                         : !sample.shear.empty();
-                if (hasAny && rows_.isEmpty() && keys_.empty()) {
-                    choice_.method = choice_.test == LabTest::Compression ? sample.compression.begin()->first
-                                                                          : sample.shear.begin()->first;
-                    break;
-                }
-            }
-        if (method_)
-            addMethods();
+    if (method_ && (isNewProject_ || hasOldNames_)) {
+        if (isNewProject_)
+            chooseMethod(*project);
+        fillMethods();
+        // The method is part of the context of undo.
+        if (isNewProject_)
+            Q_EMIT statesChanged();
     }
-    readTable(*project);
+    isNewProject_ = hasOldNames_ = false;
+    table_->read(*project, choice_, language(), changed ? &*changed : nullptr);
     if (isEditing_ && !findSample(*project, edited_))
         endEditing();
     if (isEditing_)
@@ -287,143 +280,33 @@ void TestPage::read(IDBProject* project)
     showCurve();
 }
 
-void TestPage::makeGrid()
+void TestPage::readForm(IDBProject& project)
 {
-    QVector<GridColumn> columns = {fixedColumn(QStringLiteral("Точка"), 90),
-        fixedColumn(QStringLiteral("Глубина,\nм"), 70),
-        fixedColumn(QStringLiteral("Код\nпробы"), 60),
-        fixedColumn(QStringLiteral("Грунт"), 170)};
-    QStringList heads;
-    for (const SampleColumn& column : columns_)
-        columns.push_back(column.column);
-    for (const GridColumn& column : columns)
-        heads.push_back(column.title);
-    if (grid_ && heads == heads_)
-        return;
-    heads_ = heads;
-    EditGrid* old = grid_;
-    grid_ =
-        new EditGrid(QStringLiteral("laboratory/") + QLatin1String(nameOf(choice_.test)), columns, stack_);
-    grid_->setObjectName(QStringLiteral("samples"));
-    grid_->setAccessibleName(QStringLiteral("Испытания проб"));
-    grid_->setRowsGrow(false);
-    grid_->setEmptyText(
-        QStringLiteral("Лабораторных проб нет.\nНовые пробы добавляются на странице «Реестр проб»."));
-    grid_->setFilterText(filter_->text());
-    connect(grid_, &EditGrid::edited, this, [this](const GridRows& after) {
-        screen_.attempt([&] { tableEdited(after); });
-    });
-    connect(grid_, &EditGrid::currentRowChanged, this, [this] { showCurve(); });
-    connect(grid_, &EditGrid::told, this, &Page::said);
-    stack_->insertWidget(0, grid_);
-    if (!isEditing_)
-        stack_->setCurrentWidget(grid_);
-    setFocusProxy(isEditing_ ? formGrid_ : grid_);
-    if (old)
-        old->deleteLater();
-}
-
-void TestPage::readTable(IDBProject& project)
-{
-    const auto rowFor = [&](const PointDepthKey& key, const LabSample& sample) {
-        GridRow row;
-        row.id = idOf(key);
-        row.cells = {qText(key.pointName), qText(key.depth), qText(sample.code), qText(sample.soilKind.text)};
-        for (const SampleColumn& column : columns_)
-            row.cells.push_back(qText(column.get(sample)));
-        showMarks(row, columns_, sample);
-        return row;
-    };
-    if (!changing_.empty() && grid_) {
-        // What this page changed itself touches those rows alone: a keystroke among ten thousand samples
-        // stays quick.
-        bool isWhole = true;
-        for (const SampleState& state : changing_) {
-            const LabSample* sample = findSample(project, state.key);
-            const auto place = places_.constFind(idOf(state.key));
-            if (!sample || place == places_.constEnd() || project.getLabSamples().size() != keys_.size()) {
-                isWhole = false;
-                break;
-            }
-            rows_[*place] = rowFor(state.key, *sample);
-        }
-        if (isWhole) {
-            grid_->setRows(rows_);
-            return;
-        }
-    }
-    const int language = screen_.settings()->reportLanguage() == 1 ? 1 : 0;
-    columns_ = sampleColumns(project, choice_, language);
-    makeGrid();
-    rows_.clear();
-    keys_.clear();
-    places_.clear();
-    rows_.reserve(static_cast<int>(project.getLabSamples().size()));
-    for (const auto& [key, sample] : project.getLabSamples()) {
-        rows_.push_back(rowFor(key, sample));
-        places_.insert(rows_.back().id, rows_.size() - 1);
-        keys_.push_back(key);
-    }
-    grid_->setRows(rows_);
-}
-
-void TestPage::showMarks(
-    GridRow& row, const std::vector<SampleColumn>& columns, const LabSample& sample) const
-{
-    IDBProject* project = screen_.project();
-    if (!project)
-        return;
-    const SampleResult result = resultOf(*project, sample);
-    for (const Remark& remark : result.remarks)
-        for (std::size_t i = 0; i < columns.size(); ++i)
-            if (means(remark.cell, columns[i].mark))
-                addRemark(row, firstDataColumn + static_cast<int>(i), remark);
+    if (const LabSample* sample = findSample(project, edited_))
+        form_->read(project, edited_, *sample, choice_, language(), hasAllRows_);
 }
 
 const PointDepthKey* TestPage::currentKey() const
 {
-    if (isEditing_)
-        return &edited_;
-    const auto place = grid_ ? places_.constFind(grid_->currentRow()) : places_.constEnd();
-    if (place != places_.constEnd())
-        return &keys_[static_cast<std::size_t>(*place)];
-    return keys_.empty() ? nullptr : &keys_.front();
+    return isEditing_ ? &edited_ : table_->currentKey();
 }
 
-void TestPage::store(SampleStates before, SampleStates after)
+void TestPage::showCurve()
 {
-    if (after.empty())
+    if (choice_.test == LabTest::Physical)
         return;
-    changing_ = after;
-    screen_.change<SampleStates>(putSamples, std::move(before), std::move(after));
-    changing_.clear();
-}
-
-void TestPage::tableEdited(const GridRows& after)
-{
     IDBProject* project = screen_.project();
-    if (!project)
-        return;
-    SampleStates before;
-    SampleStates changed;
-    for (const GridRow& row : after) {
-        const auto place = places_.constFind(row.id);
-        if (place == places_.constEnd() || rows_[*place].cells == row.cells)
-            continue;
-        const PointDepthKey& key = keys_[static_cast<std::size_t>(*place)];
-        const LabSample* sample = findSample(*project, key);
-        if (!sample)
-            continue;
-        LabSample made = *sample;
-        for (std::size_t i = 0; i < columns_.size(); ++i) {
-            const int cell = firstDataColumn + static_cast<int>(i);
-            if (columns_[i].put && rows_[*place].cells[cell] != row.cells[cell])
-                columns_[i].put(made, row.cells[cell].toStdWString());
-        }
-        before.push_back({key, *sample});
-        changed.push_back({key, std::move(made)});
-    }
-    store(std::move(before), std::move(changed));
+    const PointDepthKey* key = currentKey();
+    const LabSample* sample = project && key ? findSample(*project, *key) : nullptr;
+    if (sample)
+        curve_->showTest(*project, *key, *sample, choice_, *screen_.settings());
+    else
+        curve_->showMessage(QStringLiteral("Выберите пробу."));
+}
+
+void TestPage::toggleEditing()
+{
+    isEditing_ ? endEditing() : beginEditing();
 }
 
 void TestPage::beginEditing()
@@ -441,8 +324,10 @@ void TestPage::beginEditing()
     Q_EMIT statesChanged();
     Q_EMIT editingChanged(true);
     readForm(*screen_.project());
+    stack_->setCurrentWidget(form_);
+    setFocusProxy(form_);
     showCurve();
-    formGrid_->setFocus();
+    form_->setFocus();
 }
 
 void TestPage::endEditing()
@@ -454,102 +339,19 @@ void TestPage::endEditing()
     title_->hide();
     filter_->show();
     edit_->setText(QStringLiteral("Изменить пробу"));
-    if (grid_)
-        stack_->setCurrentWidget(grid_);
-    setFocusProxy(grid_);
+    stack_->setCurrentWidget(table_);
+    setFocusProxy(table_);
     Q_EMIT statesChanged();
     Q_EMIT editingChanged(false);
-    if (grid_)
-        grid_->setFocus();
+    table_->setFocus();
 }
 
 void TestPage::showAllRows(bool all)
 {
+    form_->closeEditor();
     hasAllRows_ = all;
     if (isEditing_ && screen_.project())
         readForm(*screen_.project());
-}
-
-void TestPage::readForm(IDBProject& project)
-{
-    const int language = screen_.settings()->reportLanguage() == 1 ? 1 : 0;
-    form_ = sampleForm(project, choice_, language, hasAllRows_);
-    QStringList heads;
-    for (const GridColumn& column : form_.columns)
-        heads.push_back(column.title);
-    if (!formGrid_ || formGrid_->property("heads").toStringList() != heads) {
-        if (formGrid_)
-            formGrid_->deleteLater();
-        formGrid_ = new EditGrid(
-            QStringLiteral("laboratory/form/") + QLatin1String(nameOf(choice_.test)), form_.columns, stack_);
-        formGrid_->setObjectName(QStringLiteral("form"));
-        formGrid_->setAccessibleName(QStringLiteral("Испытание пробы"));
-        formGrid_->setProperty("heads", heads);
-        formGrid_->setRowsGrow(form_.rowsGrow);
-        connect(formGrid_, &EditGrid::edited, this, [this](const GridRows& after) {
-            screen_.attempt([&] { formEdited(after); });
-        });
-        connect(formGrid_, &EditGrid::told, this, &Page::said);
-        stack_->addWidget(formGrid_);
-    }
-    const LabSample* sample = findSample(project, edited_);
-    if (!sample)
-        return;
-    GridRows rows = form_.read(*sample);
-    const SampleResult result = resultOf(project, *sample);
-    for (GridRow& row : rows)
-        for (const Remark& remark : result.remarks)
-            if (remark.cell == form_.mark(row))
-                addRemark(row, 1, remark);
-    formGrid_->setRows(rows);
-    stack_->setCurrentWidget(formGrid_);
-    setFocusProxy(formGrid_);
-}
-
-void TestPage::formEdited(const GridRows& after)
-{
-    IDBProject* project = screen_.project();
-    const LabSample* sample = project ? findSample(*project, edited_) : nullptr;
-    if (!sample)
-        return;
-    LabSample made = *sample;
-    form_.write(made, after);
-    store({{edited_, *sample}}, {{edited_, std::move(made)}});
-}
-
-void TestPage::showCurve()
-{
-    IDBProject* project = screen_.project();
-    const PointDepthKey* key = currentKey();
-    const LabSample* sample = project && key ? findSample(*project, *key) : nullptr;
-    if (choice_.test == LabTest::Physical)
-        return;
-    if (!sample) {
-        view_->setMessage(QStringLiteral("Выберите пробу."));
-        return;
-    }
-    if (!site_)
-        site_ = std::make_unique<SiteLaboratory>(*project, 0);
-    const auto found = std::find_if(site_->samples().begin(),
-        site_->samples().end(),
-        [&](const SiteSample& each) { return each.sample == sample; });
-    const LabCurveSettings settings{screen_.settings()->isSmoothingGranLaboratory() != 0,
-        screen_.settings()->isSmoothingSwellingLaboratory() != 0,
-        screen_.settings()->isScaleGranGraphLaboratory() != 0,
-        screen_.settings()->isActiveSameScaleCompressGraphLabotatory() != 0};
-    const std::optional<Drawing> drawing = found == site_->samples().end()
-        ? std::nullopt
-        : curveOfTest(*site_, *found, labModeOf(choice_.test), choice_.method, settings, {150, 100});
-    if (!drawing) {
-        view_->setMessage(QStringLiteral("%1, %2 м: испытание не проводилось.")
-                              .arg(qText(key->pointName), qText(key->depth)));
-        return;
-    }
-    view_->setMessage({});
-    view_->setPages({*drawing},
-        {},
-        QStringLiteral("%1-%2-%3")
-            .arg(qText(key->pointName), qText(key->depth), QLatin1String(nameOf(choice_.test))));
 }
 
 void TestPage::calculate()
@@ -557,74 +359,49 @@ void TestPage::calculate()
     fill(false);
 }
 
+void TestPage::recalculate()
+{
+    fill(true);
+}
+
 void TestPage::fill(bool replaces)
 {
     IDBProject* project = screen_.project();
     if (!project)
         return;
-    const int language = screen_.settings()->reportLanguage() == 1 ? 1 : 0;
-    const SiteLaboratory site(*project, language);
-    SampleStates before;
-    SampleStates after;
-    for (const SiteSample& sample : site.samples()) {
-        if (isEditing_ && (sample.key->pointName != edited_.pointName || sample.key->depth != edited_.depth))
-            continue;
-        LabSample made = *sample.sample;
-        if (!fillDerivedCells(made, sample.result, sample.soil, replaces ? Fill::All : Fill::Empty))
-            continue;
-        before.push_back({*sample.key, *sample.sample});
-        after.push_back({*sample.key, std::move(made)});
+    SampleChange change;
+    const PointDepthKey* one = isEditing_ ? &edited_ : nullptr;
+    if (!calculateSamples(*project, language(), replaces ? Fill::All : Fill::Empty, one, this, change)) {
+        Q_EMIT said(QStringLiteral("Расчет прерван, ничего не изменено."));
+        return;
     }
-    const int count = static_cast<int>(after.size());
-    store(std::move(before), std::move(after));
+    const std::size_t count = change.after.size();
+    store_.change(std::move(change.before), std::move(change.after));
     Q_EMIT said(count == 0 ? QStringLiteral("Все производные значения уже вычислены.")
                            : QStringLiteral("Вычислено; изменено проб: %1.").arg(count));
 }
 
+// Of the sample being edited, else of the selected ones.
 void TestPage::clearData()
 {
     IDBProject* project = screen_.project();
     if (!project)
         return;
-    std::vector<PointDepthKey> keys;
-    if (isEditing_)
-        keys.push_back(edited_);
-    else if (grid_)
-        for (const int row : grid_->selectedSourceRows())
-            if (row < static_cast<int>(keys_.size()))
-                keys.push_back(keys_[static_cast<std::size_t>(row)]);
-    SampleStates before;
-    SampleStates after;
-    for (const PointDepthKey& key : keys) {
-        const LabSample* sample = findSample(*project, key);
-        if (!sample)
-            continue;
-        LabSample made = *sample;
-        switch (choice_.test) {
-        case LabTest::Physical:
-            for (PropertyCell& cell : made.physical)
-                cell.value.clear();
-            break;
-        case LabTest::Grading:
-            made.grading.clear();
-            break;
-        case LabTest::Compression:
-            made.compression.erase(static_cast<std::uint8_t>(choice_.method));
-            break;
-        case LabTest::Shear:
-            made.shear.erase(static_cast<std::uint8_t>(choice_.method));
-            break;
-        case LabTest::Swelling:
-            made.swelling.clear();
-            break;
-        case LabTest::Shrinkage:
-            made.shrinkage.clear();
-            break;
+    SampleChange change;
+    for (const PointDepthKey& key : isEditing_ ? std::vector<PointDepthKey>{edited_} : table_->selectedKeys())
+        if (const LabSample* sample = findSample(*project, key)) {
+            change.before.push_back({key, *sample});
+            change.after.push_back({key, withoutTest(*sample, choice_)});
         }
-        before.push_back({key, *sample});
-        after.push_back({key, std::move(made)});
-    }
-    store(std::move(before), std::move(after));
+    store_.change(std::move(change.before), std::move(change.after));
+}
+
+std::vector<PointDepthKey> TestPage::chosenKeys() const
+{
+    if (isEditing_)
+        return {edited_};
+    const std::vector<PointDepthKey> selected = table_->selectedKeys();
+    return selected.size() > 1 ? selected : std::vector<PointDepthKey>();
 }
 
 std::optional<Document> TestPage::report()
@@ -632,36 +409,40 @@ std::optional<Document> TestPage::report()
     IDBProject* project = screen_.project();
     if (!project)
         return std::nullopt;
-    const SiteLaboratory site(*project, screen_.settings()->reportLanguage() == 1 ? 1 : 0);
+    const SiteLaboratory site(*project, language());
+    std::set<std::pair<std::wstring_view, std::wstring_view>> wanted;
+    const std::vector<PointDepthKey> keys = chosenKeys();
+    for (const PointDepthKey& key : keys)
+        wanted.emplace(key.pointName, key.depth);
     std::vector<const SiteSample*> chosen;
     for (const SiteSample& sample : site.samples())
-        if (!isEditing_ || (sample.key->pointName == edited_.pointName && sample.key->depth == edited_.depth))
+        if (wanted.empty() || wanted.contains({sample.key->pointName, sample.key->depth}))
             chosen.push_back(&sample);
     return laboratoryPassports(*project, site, chosen, labModeOf(choice_.test));
+}
+
+void TestPage::makePassports()
+{
+    if (const std::optional<Document> document = report())
+        exportDocument(this, *screen_.controller(), *document);
+    else
+        Q_EMIT said(QStringLiteral("Таких испытаний нет: печатать нечего."));
 }
 
 void TestPage::openParallels()
 {
     IDBProject* project = screen_.project();
-    const PointDepthKey* key = currentKey();
-    const LabSample* sample = project && key ? findSample(*project, *key) : nullptr;
+    const PointDepthKey* current = currentKey();
+    const LabSample* sample = project && current ? findSample(*project, *current) : nullptr;
     if (!sample)
         return;
+    const PointDepthKey key = *current;
     ParallelsDialog dialog(this);
     dialog.setWindowTitle(
-        QStringLiteral("Параллельные определения: %1, %2 м").arg(qText(key->pointName), qText(key->depth)));
+        QStringLiteral("Параллельные определения: %1, %2 м").arg(qText(key.pointName), qText(key.depth)));
     if (dialog.exec() != QDialog::Accepted || dialog.value().empty())
         return;
     LabSample made = *sample;
-    auto cell = std::find_if(made.physical.begin(), made.physical.end(), [&](const PropertyCell& each) {
-        return each.id >= dialog.property();
-    });
-    if (cell == made.physical.end() || cell->id != dialog.property()) {
-        PropertyCell fresh;
-        fresh.id = dialog.property();
-        fresh.enabled = true;
-        cell = made.physical.insert(cell, fresh);
-    }
-    cell->value = dialog.value();
-    store({{*key, *sample}}, {{*key, std::move(made)}});
+    propertyOf(made, dialog.property()).value = dialog.value();
+    store_.change({{key, *sample}}, {{key, std::move(made)}});
 }

@@ -46,7 +46,20 @@ public:
         return std::move(drawing_);
     }
 
+    Spot valueAt(Spot spot) const
+    {
+        return {value(chart_.x, (spot.x - left_) / (right_ - left_)),
+            value(chart_.y, (bottom_ - spot.y) / (bottom_ - top_))};
+    }
+
 private:
+    static double value(const ChartAxis& axis, double part)
+    {
+        const double share = std::clamp(axis.isTurned ? 1 - part : part, 0.0, 1.0);
+        return axis.isLogarithmic ? axis.from * std::pow(axis.to / axis.from, share)
+                                  : axis.from + share * (axis.to - axis.from);
+    }
+
     static double part(const ChartAxis& axis, double value)
     {
         const double share = axis.isLogarithmic ? std::log(value / axis.from) / std::log(axis.to / axis.from)
@@ -243,11 +256,22 @@ double roundedUp(double value)
         : 1;
 }
 
-Drawing drawChart(const Chart& chart)
+static Chart withAxes(Chart chart)
 {
-    Chart safe = chart;
-    for (ChartAxis* axis : {&safe.x, &safe.y})
+    for (ChartAxis* axis : {&chart.x, &chart.y})
         if (!(axis->to > axis->from))
             axis->to = axis->isLogarithmic ? axis->from * 10 : axis->from + 1;
+    return chart;
+}
+
+Drawing drawChart(const Chart& chart)
+{
+    const Chart safe = withAxes(chart);
     return Plotter(safe).take();
+}
+
+Spot chartValueAt(const Chart& chart, Spot spot)
+{
+    const Chart safe = withAxes(chart);
+    return Plotter(safe).valueAt(spot);
 }

@@ -42,6 +42,8 @@ struct Chart {
 };
 
 Drawing drawChart(const Chart& chart);
+// What a spot of the drawing (mm) means on the axes; beyond an axis its nearest end.
+Spot chartValueAt(const Chart& chart, Spot spot);
 
 // Round marks of an axis, from and to included where they are round: about so many.
 std::vector<double> roundMarks(double from, double to, int about);

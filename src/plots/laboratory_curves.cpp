@@ -1,6 +1,5 @@
 #include "plots/laboratory_curves.h"
 
-#include "plots/chart.h"
 #include "site/elements.h"
 
 #include <algorithm>
@@ -68,15 +67,30 @@ void addSmooth(ChartSeries& line, std::vector<Spot> points, bool isSmooth, bool 
         line.points.push_back({isLogarithmic ? std::pow(10, point.x) : point.x, point.y, false, 0});
 }
 
-ChartSeries branchOf(const Oedometer& test, Number OedometerRow::*strain, Color color, const wchar_t* name)
+// The points of a branch, and hollow those that are left out.
+ChartSeries branchOf(const CompressionInput& input, const Oedometer& test, Branch branch, int idFrom)
 {
+    const bool isSoaked = branch == Branch::Soaked;
+    const auto strain = isSoaked ? &OedometerRow::soakedStrain : &OedometerRow::strain;
     ChartSeries series;
-    series.color = color;
+    series.color = isSoaked ? soaked : natural;
     for (const OedometerRow& row : test.rows)
         if (row.*strain)
-            series.points.push_back({row.load, *(row.*strain), row.isRepeated, row.row + 1});
+            series.points.push_back({row.load, *(row.*strain), row.isRepeated, idFrom + row.row + 1});
+    const bool isFirst = !isSoaked || test.test == 22;
+    const Number height = isSoaked && test.test == 23 && input.oedometer.secondHeight
+        ? input.oedometer.secondHeight
+        : input.oedometer.height;
+    for (const OedometerStage& stage : input.leftOut) {
+        const Number deformation = isFirst ? stage.deformation : stage.soakedDeformation;
+        if (deformation && height && *height > 0 && test.test != (isSoaked ? 21 : 22))
+            series.points.push_back({stage.load,
+                (*deformation - stage.correction.value_or(0)) / *height,
+                true,
+                idFrom + stage.row + 1});
+    }
     if (!series.points.empty())
-        series.name = name;
+        series.name = isSoaked ? L"при водонасыщении" : L"при природной влажности";
     return series;
 }
 
@@ -122,7 +136,7 @@ std::vector<Spot> monotoneCurve(const std::vector<Spot>& points, int stepsBetwee
     return curve;
 }
 
-Drawing gradingCurve(const SampleResult& sample, const CurveLook& look)
+Chart gradingChart(const SampleResult& sample, const CurveLook& look)
 {
     Chart chart = chartOf(look);
     chart.x = {L"Диаметр частиц, мм", 0.001, look.coarsest.value_or(10), true, false};
@@ -134,12 +148,13 @@ Drawing gradingCurve(const SampleResult& sample, const CurveLook& look)
     marks.isJoined = false;
     marks.hasMarks = true;
     std::vector<Spot> points;
+    std::int64_t place = 0;
     for (const GrainPoint& point : sample.grading.curve) {
         points.push_back({point.diameter, point.finer});
         if (!look.coarsest)
             chart.x.to = std::max(chart.x.to, point.diameter);
         if (point.isReal)
-            marks.points.push_back({point.diameter, point.finer, false, 0});
+            marks.points.push_back({point.diameter, point.finer, false, ++place});
     }
     chart.x.to = std::pow(10, std::ceil(std::log10(chart.x.to) - 1e-9));
     addSmooth(line, std::move(points), look.isSmooth, true);
@@ -153,15 +168,16 @@ Drawing gradingCurve(const SampleResult& sample, const CurveLook& look)
     else if (grading.sum)
         chart.notes.push_back(L"Сумма фракций " + numberText(grading.sum, 1) + L" %: диаметры не определены");
     chart.series = {std::move(line), std::move(marks)};
-    return drawChart(chart);
+    return chart;
 }
 
-Drawing compressionCurve(const CompressionResult& result, const CurveLook& look)
+Chart compressionChart(const CompressionInput& input, const CompressionResult& result, const CurveLook& look)
 {
     const Oedometer& test = result.oedometer;
     Chart chart = chartOf(look);
-    chart.series = {branchOf(test, &OedometerRow::strain, natural, L"при природной влажности"),
-        branchOf(test, &OedometerRow::soakedStrain, soaked, L"при водонасыщении")};
+    // What test 22 measures on the first specimen is the soaked branch.
+    chart.series = {branchOf(input, test, Branch::Natural, 0),
+        branchOf(input, test, Branch::Soaked, test.test == 22 ? 0 : soakedPoint)};
     chart.x = {L"Давление p, МПа", 0, roundedUp(greatest(chart.series, &ChartPoint::x)), false, false};
     // Settlement goes down.
     chart.y = {L"Относительная деформация",
@@ -180,10 +196,10 @@ Drawing compressionCurve(const CompressionResult& result, const CurveLook& look)
                 + L"   начальное просадочное давление "
                 + withUnit(result.collapse.initialPressure, 3, L" МПа"));
     }
-    return drawChart(chart);
+    return chart;
 }
 
-Drawing shearCurve(const ShearInput& input, const ShearResult& test, const CurveLook& look)
+Chart shearChart(const ShearInput& input, const ShearResult& test, const CurveLook& look)
 {
     Chart chart = chartOf(look);
     ChartSeries points;
@@ -218,11 +234,12 @@ Drawing shearCurve(const ShearInput& input, const ShearResult& test, const Curve
     } else if (!test.fit.remarks.empty()) {
         chart.notes.push_back(test.fit.remarks.front().text);
     }
-    return drawChart(chart);
+    return chart;
 }
 
-Drawing swellingCurve(const Swelling& swelling, const CurveLook& look)
+Chart swellingChart(const SampleResult& sample, const CurveLook& look)
 {
+    const Swelling& swelling = sample.swelling;
     Chart chart = chartOf(look);
     ChartSeries line;
     line.color = natural;
@@ -236,6 +253,8 @@ Drawing swellingCurve(const Swelling& swelling, const CurveLook& look)
         if (!row.isRepeated)
             points.push_back({row.load, row.relative});
     }
+    for (const SwellingRow& row : swellingOf(sample.input.swellingLeftOut, sample.input.swellingHeight).rows)
+        marks.points.push_back({row.load, row.relative, true, row.row + 1});
     chart.series = {marks};
     chart.x = {L"Давление p, МПа", 0, roundedUp(greatest(chart.series, &ChartPoint::x)), false, false};
     chart.y = {L"Относительное набухание",
@@ -248,10 +267,10 @@ Drawing swellingCurve(const Swelling& swelling, const CurveLook& look)
     chart.series.push_back(std::move(line));
     chart.notes.push_back(L"Свободное набухание " + withUnit(swelling.free, 3, L"")
         + L"   давление набухания " + withUnit(swelling.pressure, 3, L" МПа"));
-    return drawChart(chart);
+    return chart;
 }
 
-Drawing shrinkageCurve(const Shrinkage& shrinkage, const CurveLook& look)
+Chart shrinkageChart(const Shrinkage& shrinkage, const CurveLook& look)
 {
     Chart chart = chartOf(look);
     ChartSeries points;
@@ -284,7 +303,7 @@ Drawing shrinkageCurve(const Shrinkage& shrinkage, const CurveLook& look)
         + L"   относительная усадка: по высоте " + withUnit(shrinkage.heightStrain, 3, L"")
         + L", по диаметру " + withUnit(shrinkage.diameterStrain, 3, L"") + L", по объёму "
         + withUnit(shrinkage.volumeStrain, 3, L""));
-    return drawChart(chart);
+    return chart;
 }
 
 namespace
@@ -311,6 +330,44 @@ double greatestDiameter(const SiteLaboratory& site)
 
 } // namespace
 
+CurveLook lookOfTest(TX_Lab_Modes test, const LabCurveSettings& settings, const CurveSize& size)
+{
+    CurveLook look;
+    look.width = size.width;
+    look.height = size.height;
+    look.isSmooth = test == LabGranulometry ? settings.smoothGrading : settings.smoothSwelling;
+    return look;
+}
+
+void shareScale(CurveLook& look, TX_Lab_Modes test, const SiteLaboratory& site)
+{
+    if (test == LabGranulometry)
+        look.coarsest = greatestDiameter(site);
+    else if (test == LabCompression)
+        look.strainTo = greatestStrain(site);
+}
+
+std::optional<Chart> chartOfTest(
+    const SampleResult& result, TX_Lab_Modes test, int method, const CurveLook& look)
+{
+    if (test == LabGranulometry && !result.grading.curve.empty())
+        return gradingChart(result, look);
+    if (test == LabCompression)
+        for (std::size_t i = 0; i < result.compression.size(); ++i)
+            if (const CompressionInput& input = result.input.compression[i]; input.oedometer.test == method
+                && (!result.compression[i].oedometer.rows.empty() || !input.leftOut.empty()))
+                return compressionChart(input, result.compression[i], look);
+    if (test == LabShear)
+        for (std::size_t i = 0; i < result.shear.size(); ++i)
+            if (result.shear[i].method == method && !result.input.shear[i].readings.empty())
+                return shearChart(result.input.shear[i], result.shear[i], look);
+    if (test == LabSwell && !(result.swelling.rows.empty() && result.input.swellingLeftOut.empty()))
+        return swellingChart(result, look);
+    if (test == LabShrink && !result.shrinkage.points.empty())
+        return shrinkageChart(result.shrinkage, look);
+    return std::nullopt;
+}
+
 std::optional<Drawing> curveOfTest(const SiteLaboratory& site,
     const SiteSample& sample,
     TX_Lab_Modes test,
@@ -318,30 +375,9 @@ std::optional<Drawing> curveOfTest(const SiteLaboratory& site,
     const LabCurveSettings& settings,
     const CurveSize& size)
 {
-    const SampleResult& result = sample.result;
-    CurveLook look;
-    look.width = size.width;
-    look.height = size.height;
-    look.isSmooth = test == LabGranulometry ? settings.smoothGrading : settings.smoothSwelling;
-    if (test == LabGranulometry && !result.grading.curve.empty()) {
-        if (settings.oneScaleOfGrading)
-            look.coarsest = greatestDiameter(site);
-        return gradingCurve(result, look);
-    }
-    if (test == LabCompression)
-        for (const CompressionResult& each : result.compression)
-            if (each.oedometer.test == method && !each.oedometer.rows.empty()) {
-                if (settings.oneScaleOfCompression)
-                    look.strainTo = greatestStrain(site);
-                return compressionCurve(each, look);
-            }
-    if (test == LabShear)
-        for (std::size_t i = 0; i < result.shear.size(); ++i)
-            if (result.shear[i].method == method && !result.input.shear[i].readings.empty())
-                return shearCurve(result.input.shear[i], result.shear[i], look);
-    if (test == LabSwell && !result.swelling.rows.empty())
-        return swellingCurve(result.swelling, look);
-    if (test == LabShrink && !result.shrinkage.points.empty())
-        return shrinkageCurve(result.shrinkage, look);
-    return std::nullopt;
+    CurveLook look = lookOfTest(test, settings, size);
+    if (test == LabGranulometry ? settings.oneScaleOfGrading : settings.oneScaleOfCompression)
+        shareScale(look, test, site);
+    const std::optional<Chart> chart = chartOfTest(sample.result, test, method, look);
+    return chart ? std::optional(drawChart(*chart)) : std::nullopt;
 }

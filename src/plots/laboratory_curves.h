@@ -1,7 +1,7 @@
 #pragma once
 
 #include "dictionaries/modes.h"
-#include "drawing/drawing.h"
+#include "plots/chart.h"
 #include "site/laboratory.h"
 
 #include <optional>
@@ -11,7 +11,8 @@ class SiteLaboratory;
 struct SiteSample;
 
 // The curves of one sample's tests. A point's id is the number of its cell, plus one, so that a click finds
-// it.
+// it; that of a soaked specimen is higher by soakedPoint.
+constexpr std::int64_t soakedPoint = 1000;
 
 struct CurveLook {
     double width = 170; // mm
@@ -21,12 +22,12 @@ struct CurveLook {
     Number coarsest = {}; // one scale of diameters, mm; missing: by the sample
 };
 
-Drawing gradingCurve(const SampleResult& sample, const CurveLook& look);
+Chart gradingChart(const SampleResult& sample, const CurveLook& look);
 // Strain over load, natural and soaked; the moduli as text.
-Drawing compressionCurve(const CompressionResult& test, const CurveLook& look);
-Drawing shearCurve(const ShearInput& input, const ShearResult& test, const CurveLook& look);
-Drawing swellingCurve(const Swelling& swelling, const CurveLook& look);
-Drawing shrinkageCurve(const Shrinkage& shrinkage, const CurveLook& look);
+Chart compressionChart(const CompressionInput& input, const CompressionResult& test, const CurveLook& look);
+Chart shearChart(const ShearInput& input, const ShearResult& test, const CurveLook& look);
+Chart swellingChart(const SampleResult& sample, const CurveLook& look);
+Chart shrinkageChart(const Shrinkage& shrinkage, const CurveLook& look);
 
 // A smooth curve through the points that rises and falls only where they do; x must rise.
 std::vector<Spot> monotoneCurve(const std::vector<Spot>& points, int stepsBetween);
@@ -46,6 +47,12 @@ struct CurveSize {
 
 // The curve of one test of a sample; nothing where the test was not made. The method counts for compression
 // and shear.
+std::optional<Chart> chartOfTest(
+    const SampleResult& result, TX_Lab_Modes test, int method, const CurveLook& look);
+
+// The same with the scales that all samples of the site share, where the settings want that.
+CurveLook lookOfTest(TX_Lab_Modes test, const LabCurveSettings& settings, const CurveSize& size);
+void shareScale(CurveLook& look, TX_Lab_Modes test, const SiteLaboratory& site);
 std::optional<Drawing> curveOfTest(const SiteLaboratory& site,
     const SiteSample& sample,
     TX_Lab_Modes test,

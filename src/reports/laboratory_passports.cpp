@@ -9,6 +9,14 @@
 namespace
 {
 
+// A name that was typed stays; else the computed one goes before what was once computed and kept.
+const std::wstring& soilNameOf(const SiteSample& sample)
+{
+    const auto& kept = sample.sample->soilKind;
+    const bool isTyped = kept.code == 0 && !kept.text.empty();
+    return isTyped || sample.soil.text.empty() ? kept.text : sample.soil.text;
+}
+
 TableCell textCell(std::wstring_view text, Align align = Align::Left, bool isBold = false)
 {
     TableCell cell;
@@ -108,7 +116,7 @@ private:
         row(L"Выработка", sample.key->pointName, L"Глубина отбора, м", sample.key->depth);
         row(L"Код пробы", sample.sample->code, L"Номер в журнале", std::to_wstring(sample.sample->number));
         row(L"Грунт",
-            sample.soil.text.empty() ? sample.sample->soilKind.text : sample.soil.text,
+            soilNameOf(sample),
             L"ИГЭ",
             sample.element.empty() ? std::wstring_view(L"–") : sample.element);
         document_.blocks.emplace_back(std::move(head));
@@ -446,7 +454,7 @@ Document laboratorySummary(IDBProject& project, const SiteLaboratory& site, bool
             textCell(sample.key->depth, Align::Right),
             textCell(sample.sample->code, Align::Centre),
             textCell(sample.element, Align::Centre),
-            textCell(sample.soil.text.empty() ? sample.sample->soilKind.text : sample.soil.text)};
+            textCell(soilNameOf(sample))};
         for (const SummaryColumn& column : summaryColumns)
             row.push_back(summaryCell(sample, column));
         table.rows.push_back(std::move(row));

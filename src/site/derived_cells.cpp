@@ -1,6 +1,7 @@
 #include "site/derived_cells.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace
 {
@@ -8,6 +9,24 @@ namespace
 bool isBlank(std::wstring_view text)
 {
     return text.find_first_not_of(L" \t\u00a0") == std::wstring_view::npos;
+}
+
+constexpr int derivedOfTests[] = {30, 31, 32};
+
+std::wstring computedText(const SampleResult& result, int property)
+{
+    switch (property) {
+    case 30:
+        return numberText(result.swelling.pressure, 3);
+    case 31:
+        return numberText(result.swelling.free, 3);
+    case 32:
+        return numberText(result.shrinkage.limit, 3);
+    default:
+        return numberText(
+            derivedProperties(result.physical)[static_cast<std::size_t>(property - firstDerivedProperty)],
+            derivedDecimals(property));
+    }
 }
 
 class Filling
@@ -22,15 +41,10 @@ public:
 
     bool run(const SoilNaming& soil)
     {
-        const auto derived = derivedProperties(result_.physical);
-        for (int property = firstDerivedProperty; property <= lastDerivedProperty; ++property) {
-            const Number& value = derived[static_cast<std::size_t>(property - firstDerivedProperty)];
-            // A dry density that was typed because moisture or density is missing is an input.
-            putProperty(property, numberText(value, derivedDecimals(property)));
-        }
-        putProperty(30, numberText(result_.swelling.pressure, 3));
-        putProperty(31, numberText(result_.swelling.free, 3));
-        putProperty(32, numberText(result_.shrinkage.limit, 3));
+        for (int property = firstDerivedProperty; property <= lastDerivedProperty; ++property)
+            putProperty(property, computedText(result_, property));
+        for (const int property : derivedOfTests)
+            putProperty(property, computedText(result_, property));
         fillSwelling();
         fillShrinkage();
         nameSoil(soil);
@@ -119,4 +133,12 @@ private:
 bool fillDerivedCells(LabSample& sample, const SampleResult& result, const SoilNaming& soil, Fill fill)
 {
     return Filling(sample, result, fill).run(soil);
+}
+
+bool isComputedText(const SampleResult& result, int property, std::wstring_view text)
+{
+    const bool isDerived = (property >= firstDerivedProperty && property <= lastDerivedProperty)
+        || std::find(std::begin(derivedOfTests), std::end(derivedOfTests), property)
+            != std::end(derivedOfTests);
+    return isDerived && (isBlank(text) || text == computedText(result, property));
 }

@@ -14,3 +14,7 @@ enum class Fill {
 
 // Whether anything has changed. A soil's name follows its inputs unless it was typed (its code is 0).
 bool fillDerivedCells(LabSample& sample, const SampleResult& result, const SoilNaming& soil, Fill fill);
+
+// Whether a text in the cell of a physical property is what the calculation writes there, or the cell is
+// empty and waits for it. False for the measured ones.
+bool isComputedText(const SampleResult& result, int property, std::wstring_view text);

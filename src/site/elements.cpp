@@ -3,6 +3,7 @@
 #include "modules/idbproject.h"
 #include "site/cells.h"
 #include "site/layers.h"
+#include "site/soil_in_place.h"
 
 #include <algorithm>
 #include <set>
@@ -11,8 +12,6 @@
 
 namespace
 {
-
-constexpr double gravity = 9.81; // m/s2
 
 bool isDerived(int property)
 {
@@ -95,26 +94,6 @@ ElementStatistics statisticsWith(
     for (std::size_t i = 0; i < result.values.size(); ++i)
         result.values[i].excluded = result.statistics.excluded[i];
     return result;
-}
-
-// Sum of thickness times density above a depth, kPa; missing where a layer or its density is.
-Number stressAt(const std::vector<SiteLayer>& layers,
-    double depth,
-    const std::unordered_map<std::wstring_view, Number>& densities)
-{
-    double stress = 0;
-    double reached = 0;
-    for (const SiteLayer& layer : layers) {
-        if (reached >= depth - 1e-9)
-            break;
-        const auto density = densities.find(layer.element);
-        if (density == densities.end() || !density->second || layer.top > reached + 1e-9)
-            return {};
-        const double bottom = std::min(layer.bottom, depth);
-        stress += (bottom - reached) * *density->second * gravity;
-        reached = bottom;
-    }
-    return reached >= depth - 1e-9 ? Number(stress) : Number();
 }
 
 } // namespace
@@ -231,9 +210,13 @@ void SiteLaboratory::computeStresses(IDBProject& project)
     std::unordered_map<std::wstring_view, Number> densities;
     for (const SiteElement& element : elements_)
         densities.try_emplace(element.name, elementDensity(element));
+    const auto densityOf = [&](std::wstring_view name) {
+        const auto found = densities.find(name);
+        return found == densities.end() ? Number() : found->second;
+    };
     for (SiteSample& sample : samples_) {
         if (const SiteLayers::Point* point = sample.depth ? layers.find(sample.key->pointName) : nullptr)
-            if (const Number stress = stressAt(point->layers, *sample.depth, densities))
+            if (const Number stress = stressUnder(point->layers, *sample.depth, densityOf))
                 sample.naturalStress = *stress / 1000;
         addCollapse(sample.result, sample.naturalStress);
     }

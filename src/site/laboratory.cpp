@@ -136,39 +136,42 @@ private:
             read.naturalStress = stress / 1e6;
         read.isLeftOut = group.flags[compression_flag::KeptOut] == 1;
         read.isKept = group.flags[compression_flag::KeptIn] == 1;
-        for (std::size_t i = 0; i < group.cells.size(); ++i)
-            readStage(test, group.cells[i], i, read);
+        for (const CompressionCell& cell : group.cells)
+            readStage(test, cell, read);
         input_.compression.push_back(std::move(read));
     }
 
-    void readStage(int test, const CompressionCell& cell, std::size_t index, CompressionInput& read)
+    void readStage(int test, const CompressionCell& cell, CompressionInput& read)
     {
         const auto name = [&] {
             return "compression/" + std::to_string(test) + "/" + std::to_string(cell.id);
         };
         OedometerStage stage;
-        stage.row = cell.id;
+        OedometerStage leftOut;
+        stage.row = leftOut.row = cell.id;
         Number load = compressionLoad(cell.id);
         bool isLeftOut = false;
-        const auto take = [&](const std::wstring& text, Number& value) {
+        const auto take = [&](const std::wstring& text, Number OedometerStage::*value) {
             const LoadCell place = readLoadCell(text);
             if (place.isText)
                 unreadable(input_.remarks, name(), text);
             if (place.load)
                 load = place.load;
             isLeftOut = isLeftOut || place.number.isLeftOut;
-            value = place.number.isLeftOut ? Number() : place.number.value;
+            OedometerStage& taken = place.number.isLeftOut ? leftOut : stage;
+            taken.*value = place.number.value;
         };
-        take(cell.textA, stage.deformation);
-        take(cell.textB, stage.soakedDeformation);
-        take(cell.textC, stage.correction);
-        if (isLeftOut)
-            read.leftOut.push_back(index);
+        take(cell.textA, &OedometerStage::deformation);
+        take(cell.textB, &OedometerStage::soakedDeformation);
+        take(cell.textC, &OedometerStage::correction);
         if (!load && (stage.deformation || stage.soakedDeformation))
             input_.remarks.push_back({Remark::Impossible, name(), L"Нет такой ступени нагрузки"});
         if (!load)
             return;
-        stage.load = *load;
+        stage.load = leftOut.load = *load;
+        leftOut.correction = stage.correction;
+        if (isLeftOut)
+            read.leftOut.push_back(leftOut);
         read.oedometer.stages.push_back(stage);
     }
 
@@ -217,22 +220,26 @@ private:
         for (const SwellingCell& cell : sample_.swelling) {
             const auto name = [&] { return "swelling/" + std::to_string(cell.id); };
             SwellingStage stage;
-            stage.row = cell.id;
+            SwellingStage leftOut;
+            stage.row = leftOut.row = cell.id;
             Number load = swellLoad(cell.id);
-            const auto take = [&](const std::wstring& text, Number& value) {
+            const auto take = [&](const std::wstring& text, Number SwellingStage::*value) {
                 const LoadCell place = readLoadCell(text);
                 if (place.isText)
                     unreadable(input_.remarks, name(), text);
                 if (place.load)
                     load = place.load;
-                value = place.number.isLeftOut ? Number() : place.number.value;
+                SwellingStage& taken = place.number.isLeftOut ? leftOut : stage;
+                taken.*value = place.number.value;
             };
-            take(cell.textA, stage.height);
-            take(cell.textB, stage.absolute);
-            take(cell.textC, stage.relative);
+            take(cell.textA, &SwellingStage::height);
+            take(cell.textB, &SwellingStage::absolute);
+            take(cell.textC, &SwellingStage::relative);
             if (!load)
                 continue;
-            stage.load = *load;
+            stage.load = leftOut.load = *load;
+            if (leftOut.height || leftOut.absolute || leftOut.relative)
+                input_.swellingLeftOut.push_back(leftOut);
             input_.swelling.push_back(stage);
         }
     }

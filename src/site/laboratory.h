@@ -51,7 +51,7 @@ struct ShearInput {
 
 struct CompressionInput {
     OedometerInput oedometer; // without void ratio and beta, which come from the sample
-    std::vector<std::size_t> leftOut; // cells whose value stands in brackets
+    std::vector<OedometerStage> leftOut; // those with a value in brackets, and only such values: drawn hollow
     Number naturalStress; // as stored, MPa
     bool isLeftOut = false;
     bool isKept = false;
@@ -65,6 +65,7 @@ struct SampleInput {
     std::vector<CompressionInput> compression; // by number of the test
     std::vector<ShearInput> shear; // by method
     std::vector<SwellingStage> swelling;
+    std::vector<SwellingStage> swellingLeftOut; // with a value in brackets: drawn hollow
     Number swellingHeight; // cm
     std::vector<ShrinkageStage> shrinkage;
     Remarks remarks;

@@ -67,7 +67,7 @@ TEST(SmoothCurve, NeverLeavesNorTurnsBetweenItsPoints)
 TEST(LaboratoryCurves, EveryPointLiesInsideAndALeftOutOneIsHollow)
 {
     const SampleResult result = sampleResult(sandAndClay(), {}, GrainScale::Above200, 0);
-    const Drawing shear = shearCurve(result.input.shear[0], result.shear[0], {});
+    const Drawing shear = drawChart(shearChart(result.input.shear[0], result.shear[0], {}));
     const std::vector<Circle> circles = shapesOf<Circle>(shear, Layer::Graph);
     ASSERT_EQ(circles.size(), 4U);
     EXPECT_EQ(
@@ -75,7 +75,7 @@ TEST(LaboratoryCurves, EveryPointLiesInsideAndALeftOutOneIsHollow)
     // The points of the test lie on a rising line.
     EXPECT_GT(circles[0].centre.y, circles[2].centre.y);
     EXPECT_LT(circles[0].centre.x, circles[2].centre.x);
-    for (const Drawing& drawing : {shear, gradingCurve(result, {})})
+    for (const Drawing& drawing : {shear, drawChart(gradingChart(result, {}))})
         for (const Line& line : shapesOf<Line>(drawing, Layer::Graph))
             for (const Spot& spot : line.points) {
                 EXPECT_GE(spot.x, 0);
@@ -88,11 +88,46 @@ TEST(LaboratoryCurves, EveryPointLiesInsideAndALeftOutOneIsHollow)
 TEST(LaboratoryCurves, EmptyTestsGiveEmptyAxesAndNoFault)
 {
     const SampleResult none = sampleResult({}, {}, GrainScale::Above200, 0);
-    EXPECT_FALSE(gradingCurve(none, {}).items.empty());
-    EXPECT_FALSE(compressionCurve({}, {}).items.empty());
-    EXPECT_FALSE(shearCurve({}, {}, {}).items.empty());
-    EXPECT_FALSE(swellingCurve({}, {}).items.empty());
-    EXPECT_FALSE(shrinkageCurve({}, {}).items.empty());
+    for (const Chart& chart : {gradingChart(none, {}),
+             compressionChart({}, {}, {}),
+             shearChart({}, {}, {}),
+             swellingChart(none, {}),
+             shrinkageChart({}, {})})
+        EXPECT_FALSE(drawChart(chart).items.empty());
+}
+
+TEST(LaboratoryCurves, PointsInBracketsAreDrawnHollow)
+{
+    LabSample sample;
+    sample.compression[23].cells = {{4, L"0.3", L"(0.5)", {}}, {8, L"(0.525)", L"0.8", {}}};
+    sample.swelling = {{1, {}, L"0.2", {}}, {4, {}, L"(0.1)", {}}};
+    const SampleResult result = sampleResult(sample, {2.5F, 2.5F, 0}, GrainScale::Above200, 3);
+    const auto hollow = [](const ChartSeries& series) {
+        std::string text;
+        for (const ChartPoint& point : series.points)
+            if (point.isHollow)
+                text += std::to_string(point.id) + ":" + std::to_string(point.y).substr(0, 6) + " ";
+        return text;
+    };
+    const Chart pair = compressionChart(result.input.compression[0], result.compression[0], {});
+    EXPECT_EQ(hollow(pair.series[0]), "9:0.0210 ");
+    EXPECT_EQ(hollow(pair.series[1]), "1005:0.0200 ");
+    EXPECT_EQ(hollow(swellingChart(result, {}).series[0]), "5:0.0400 ");
+}
+
+TEST(Charts, ASpotOfThePaperIsTheValueThatIsDrawnThere)
+{
+    Chart chart;
+    chart.x = {L"", 0.001, 10, true, false};
+    chart.y = {L"", 0, 0.2, false, true};
+    chart.series = {{{{0.05, 0.13, false, 7}}}};
+    for (const Item& item : drawChart(chart).items)
+        if (item.id == 7) {
+            const Spot value = chartValueAt(chart, std::get<Circle>(item.shape).centre);
+            EXPECT_NEAR(value.x, 0.05, 1e-9);
+            EXPECT_NEAR(value.y, 0.13, 1e-9);
+        }
+    EXPECT_NEAR(chartValueAt(chart, {0, 1000}).y, 0.2, 1e-12);
 }
 
 TEST(Axes, MarksAreRoundAndInside)

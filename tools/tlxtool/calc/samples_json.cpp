@@ -2,12 +2,19 @@
 #include "site/elements.h"
 #include "tlxtool/calc/sections.h"
 
+#include <initializer_list>
+#include <utility>
+
 namespace
 {
 
-void put(Results& object, const char* key, const Number& number)
+// An object of numbers; what is not determined is null.
+Results numbersResult(std::initializer_list<std::pair<const char*, Number>> numbers)
 {
-    object[key] = numberResult(number);
+    Results object = Results::object();
+    for (const auto& [key, number] : numbers)
+        object[key] = numberResult(number);
+    return object;
 }
 
 Results physicalResults(const Physical& physical)
@@ -24,15 +31,13 @@ Results gradingResults(const Grading& grading)
 {
     if (!grading.sum)
         return {};
-    Results object = Results::object();
-    put(object, "sum", grading.sum);
-    put(object, "d10", grading.d10);
-    put(object, "d30", grading.d30);
-    put(object, "d50", grading.d50);
-    put(object, "d60", grading.d60);
-    put(object, "cu", grading.uniformity);
-    put(object, "cc", grading.curvature);
-    return object;
+    return numbersResult({{"sum", grading.sum},
+        {"d10", grading.d10},
+        {"d30", grading.d30},
+        {"d50", grading.d50},
+        {"d60", grading.d60},
+        {"cu", grading.uniformity},
+        {"cc", grading.curvature}});
 }
 
 Results rowResults(const Oedometer& test)
@@ -40,32 +45,26 @@ Results rowResults(const Oedometer& test)
     Results list = Results::array();
     if (test.test == 25)
         return list;
-    for (const OedometerRow& row : test.rows) {
-        Results object = Results::object();
-        put(object, "loadMPa", row.load);
-        put(object, "strain", row.strain);
-        put(object, "voidRatio", row.voidRatio);
-        put(object, "soakedStrain", row.soakedStrain);
-        put(object, "soakedVoidRatio", row.soakedVoidRatio);
-        list.push_back(std::move(object));
-    }
+    for (const OedometerRow& row : test.rows)
+        list.push_back(numbersResult({{"loadMPa", row.load},
+            {"strain", row.strain},
+            {"voidRatio", row.voidRatio},
+            {"soakedStrain", row.soakedStrain},
+            {"soakedVoidRatio", row.soakedVoidRatio}}));
     return list;
 }
 
 Results intervalResults(const Oedometer& test)
 {
     Results list = Results::array();
-    for (const OedometerInterval& interval : test.intervals) {
-        Results object = Results::object();
-        put(object, "fromMPa", interval.from);
-        put(object, "toMPa", interval.to);
-        put(object, "m0", interval.compressibility);
-        put(object, "oedometricModulusMPa", interval.oedometricModulus);
-        put(object, "beta", test.beta);
-        put(object, "modulusMPa", interval.modulus);
-        put(object, "soakedModulusMPa", interval.soakedModulus);
-        list.push_back(std::move(object));
-    }
+    for (const OedometerInterval& interval : test.intervals)
+        list.push_back(numbersResult({{"fromMPa", interval.from},
+            {"toMPa", interval.to},
+            {"m0", interval.compressibility},
+            {"oedometricModulusMPa", interval.oedometricModulus},
+            {"beta", test.beta},
+            {"modulusMPa", interval.modulus},
+            {"soakedModulusMPa", interval.soakedModulus}}));
     return list;
 }
 
@@ -74,12 +73,11 @@ Results collapseResults(const CompressionResult& test)
 {
     if (test.oedometer.test != 23 && test.oedometer.test != 24)
         return {};
-    Results object = Results::object();
-    put(object, "naturalStressMPa", test.collapse.naturalStress);
+    Results object = numbersResult({{"naturalStressMPa", test.collapse.naturalStress}});
     object["rows"] = Results::array();
     for (const CollapseRow& row : test.collapse.rows)
-        object["rows"].push_back({{"loadMPa", row.load}, {"relative", numberResult(row.relative)}});
-    put(object, "initialPressureMPa", test.collapse.initialPressure);
+        object["rows"].push_back(numbersResult({{"loadMPa", row.load}, {"relative", row.relative}}));
+    object["initialPressureMPa"] = numberResult(test.collapse.initialPressure);
     return object;
 }
 
@@ -89,8 +87,8 @@ Results compressionResults(const SampleResult& result)
     for (const CompressionResult& test : result.compression) {
         Results object = Results::object();
         object["test"] = test.oedometer.test;
-        put(object, "e0", test.oedometer.voidRatio);
-        put(object, "heightMm", test.oedometer.height);
+        object["e0"] = numberResult(test.oedometer.voidRatio);
+        object["heightMm"] = numberResult(test.oedometer.height);
         object["rows"] = rowResults(test.oedometer);
         object["intervals"] = intervalResults(test.oedometer);
         object["collapse"] = collapseResults(test);
@@ -106,9 +104,9 @@ Results shearResults(const SampleResult& result)
         Results object = Results::object();
         object["method"] = test.method;
         object["n"] = test.fit.points;
-        put(object, "tanPhi", test.fit.tanPhi);
-        put(object, "phiDegrees", test.fit.tanPhi ? Number(angleOf(*test.fit.tanPhi)) : Number());
-        put(object, "cohesionMPa", test.fit.cohesion);
+        object["tanPhi"] = numberResult(test.fit.tanPhi);
+        object["phiDegrees"] = numberResult(test.fit.tanPhi ? Number(angleOf(*test.fit.tanPhi)) : Number());
+        object["cohesionMPa"] = numberResult(test.fit.cohesion);
         list.push_back(std::move(object));
     }
     return list;
@@ -140,17 +138,11 @@ Results sampleResults(const SiteSample& sample)
     object["grading"] = gradingResults(result.grading);
     object["compression"] = compressionResults(result);
     object["shear"] = shearResults(result);
-    object["swelling"] = Results();
-    if (!result.swelling.rows.empty()) {
-        object["swelling"] = Results::object();
-        put(object["swelling"], "free", result.swelling.free);
-        put(object["swelling"], "pressureMPa", result.swelling.pressure);
-    }
-    object["shrinkage"] = Results();
-    if (!result.shrinkage.points.empty()) {
-        object["shrinkage"] = Results::object();
-        put(object["shrinkage"], "limit", result.shrinkage.limit);
-    }
+    object["swelling"] = result.swelling.rows.empty()
+        ? Results()
+        : numbersResult({{"free", result.swelling.free}, {"pressureMPa", result.swelling.pressure}});
+    object["shrinkage"] =
+        result.shrinkage.points.empty() ? Results() : numbersResult({{"limit", result.shrinkage.limit}});
     return object;
 }
 
