@@ -48,8 +48,38 @@ int EditGridModel::rowOf(qint64 id) const
     return -1;
 }
 
+static bool isSame(const GridRow& a, const GridRow& b)
+{
+    return a.cells == b.cells && a.problems == b.problems && a.warnings == b.warnings && a.locked == b.locked
+        && a.computed == b.computed;
+}
+
+static bool haveSameOrder(const GridRows& a, const GridRows& b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const GridRow& x, const GridRow& y) {
+        return x.id == y.id;
+    });
+}
+
+// The same rows in the same order: only what differs is painted anew, be there thousands of them.
+void EditGridModel::replaceCells(const GridRows& rows)
+{
+    int first = -1;
+    int last = -1;
+    for (int row = 0; row < rows.size(); ++row)
+        if (!isSame(qAsConst(rows_)[row], rows[row])) {
+            first = first < 0 ? row : first;
+            last = row;
+        }
+    rows_ = rows;
+    if (first >= 0)
+        Q_EMIT dataChanged(index(first, 0), index(last, columns_.size() - 1));
+}
+
 void EditGridModel::setRows(const GridRows& rows)
 {
+    if (haveSameOrder(rows_, rows))
+        return replaceCells(rows);
     const QHash<qint64, int> places = placesById(rows);
     const bool sameRowsAtAll =
         std::any_of(rows_.begin(), rows_.end(), [&](const GridRow& row) { return places.contains(row.id); });
@@ -100,11 +130,7 @@ void EditGridModel::appendNew(const GridRows& rows)
 
 void EditGridModel::arrange(const GridRows& rows)
 {
-    const bool inOrder = std::equal(
-        rows.begin(), rows.end(), rows_.begin(), rows_.end(), [](const GridRow& a, const GridRow& b) {
-            return a.id == b.id;
-        });
-    if (inOrder)
+    if (haveSameOrder(rows, qAsConst(rows_)))
         return;
     Q_EMIT layoutAboutToBeChanged();
     const QHash<qint64, int> places = placesById(rows);

@@ -83,6 +83,7 @@ private:
     QString problemOf(const QModelIndex& index) const;
     QString warningOf(const QModelIndex& index) const;
     bool isComputed(const QModelIndex& index) const;
+    void replaceCells(const GridRows& rows);
     void removeMissing(const GridRows& rows);
     void appendNew(const GridRows& rows);
     void arrange(const GridRows& rows);

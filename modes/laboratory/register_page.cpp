@@ -202,43 +202,77 @@ bool RegisterPage::isShown(const LabSample& sample) const
     return index < 0 || !testRows[index].isPresent(sample);
 }
 
+// What of a row the sample's record alone decides.
+static void showSample(GridRow& row, const LabSample& sample)
+{
+    row.cells[Code] = qText(sample.code);
+    row.cells[Number_] = QString::number(sample.number);
+    row.cells[Soil] = qText(sample.soilKind.text);
+    row.cells[Tests] = testsOf(sample);
+}
+
 void RegisterPage::read(IDBProject* project)
 {
-    static_cast<void>(store_.takeChanged());
+    const std::optional<std::vector<PointDepthKey>> changed = store_.takeChanged();
+    if (!project) {
+        shown_.clear();
+        places_.clear();
+        grid_->setRows({});
+        return;
+    }
+    if (!changed || !readChanged(*project, *changed))
+        readAll(*project);
+    grid_->setRows(open_.isEmpty() ? shown_ : shown_ + open_);
+}
+
+// Where no sample has come, gone or moved.
+bool RegisterPage::readChanged(IDBProject& project, const std::vector<PointDepthKey>& changed)
+{
+    if (missing_->currentIndex() > 0)
+        return false;
+    for (const PointDepthKey& key : changed) {
+        const LabSample* sample = findSample(project, key);
+        const int place = places_.value(ids_.value(textOf(key)), -1);
+        if (!sample || place < 0)
+            return false;
+        showSample(shown_[place], *sample);
+    }
+    return true;
+}
+
+void RegisterPage::readAll(IDBProject& project)
+{
     keys_.clear();
     shown_.clear();
-    if (project) {
-        const SiteLayers layers(*project);
-        const auto kinds = rowsByPlace(project->getSamples());
-        for (const auto& [key, sample] : project->getLabSamples()) {
-            if (!isShown(sample))
-                continue;
-            qint64& id = ids_[textOf(key)];
-            if (id == 0)
-                id = ++lastId_;
-            keys_.insert(id, key);
-            const Number depth = readNumber(key.depth);
-            const SiteLayer* layer = depth ? layers.layerAt(key.pointName, *depth) : nullptr;
-            const auto kind = kinds.find({key.pointName, key.depth});
-            const std::wstring_view* kindName =
-                kind == kinds.end() ? nullptr : sampleKinds.find(kind->second->sampleKind);
-            GridRow row;
-            row.id = id;
-            row.cells = {qText(key.pointName),
-                qText(key.depth),
-                qText(sample.code),
-                QString::number(sample.number),
-                kindName ? qText(*kindName) : QString(),
-                layer ? qText(layer->element) : QString(),
-                qText(sample.soilKind.text),
-                testsOf(sample)};
-            if (!layer)
-                row.warnings = QVector<QString>(Element)
-                    << QStringLiteral("Проба не попадает ни в один слой точки");
-            shown_.push_back(row);
-        }
+    places_.clear();
+    const SiteLayers layers(project);
+    const auto kinds = rowsByPlace(project.getSamples());
+    for (const auto& [key, sample] : project.getLabSamples()) {
+        if (!isShown(sample))
+            continue;
+        const Number depth = readNumber(key.depth);
+        const SiteLayer* layer = depth ? layers.layerAt(key.pointName, *depth) : nullptr;
+        const auto kind = kinds.find({key.pointName, key.depth});
+        const std::wstring_view* kindName =
+            kind == kinds.end() ? nullptr : sampleKinds.find(kind->second->sampleKind);
+        qint64& id = ids_[textOf(key)];
+        if (id == 0)
+            id = ++lastId_;
+        GridRow row;
+        row.id = id;
+        row.cells.resize(Tests + 1);
+        row.cells[Point] = qText(key.pointName);
+        row.cells[Depth] = qText(key.depth);
+        row.cells[Kind] = kindName ? qText(*kindName) : QString();
+        row.cells[Element] = layer ? qText(layer->element) : QString();
+        showSample(row, sample);
+        if (!layer)
+            row.warnings = QVector<QString>(Element)
+                << QStringLiteral("Проба не попадает ни в один слой точки");
+        keys_.insert(id, key);
+        places_.insert(id, shown_.size());
+        shown_.push_back(row);
     }
-    grid_->setRows(project ? shown_ + open_ : GridRows());
 }
 
 void RegisterPage::store(SampleStates before, SampleStates after)
@@ -333,11 +367,8 @@ void RegisterPage::edited(const GridRows& after)
     Edits edits;
     edits.lastNumber = greatestNumber(*project);
     QSet<qint64> isThere;
-    QHash<qint64, int> places;
-    for (int i = 0; i < shown_.size(); ++i)
-        places.insert(qAsConst(shown_)[i].id, i);
     for (const GridRow& row : after) {
-        const int place = places.value(row.id, -1);
+        const int place = places_.value(row.id, -1);
         isThere.insert(row.id);
         if (place >= 0 && qAsConst(shown_)[place].cells == row.cells)
             continue;

@@ -34,6 +34,8 @@ private:
     struct Edits;
 
     void makeBar(QHBoxLayout& bar);
+    void readAll(IDBProject& project);
+    bool readChanged(IDBProject& project, const std::vector<PointDepthKey>& changed);
     void edited(const QVector<GridRow>& after);
     void takeRow(IDBProject& project, GridRow row, Edits& edits);
     void takeFromRegister();
@@ -48,6 +50,7 @@ private:
     QComboBox* missing_;
     QHash<QString, qint64> ids_; // of all samples that have been seen
     QHash<qint64, PointDepthKey> keys_; // of the rows that are samples
+    QHash<qint64, int> places_; // of the rows as read
     qint64 lastId_ = 0;
     QVector<GridRow> shown_; // as read
     QVector<GridRow> open_; // typed, but not a sample yet

@@ -259,7 +259,7 @@ TEST(LaboratoryScreen, WhatCannotBeIsMarkedWithItsReasonAndKept)
     for (const auto& row : rows) {
         const Reference<DBProject> project = site(1);
         if (row.number == 15)
-            project->setPhysicalTemplate({{15, true, {}}});
+            project->setPhysicalTemplate({{15, true, {}, 0, 999}});
         Host host{project};
         host.turnTo(Host::Physical);
         const char* values[] = {"0.212", "1.94", "2.71", "0.3", "0.188"};
@@ -271,8 +271,9 @@ TEST(LaboratoryScreen, WhatCannotBeIsMarkedWithItsReasonAndKept)
             << row.typed << ": " << host.reason(0, head(row.number));
         Q_EMIT host.screen->signalCalc();
         // Dry density needs both moisture and density.
-        if (row.number <= 1)
+        if (row.number <= 1) {
             EXPECT_EQ(property(host.sample(L"Скв-1", L"1"), 5), L"") << row.typed;
+        }
         host.controller.undo();
     }
 }
@@ -295,7 +296,8 @@ TEST(LaboratoryScreen, TestsThatCannotBeComputedSayWhyAtTheirCells)
 {
     const Reference<DBProject> project = site(1);
     LabSample sample = project->getLabSamples().begin()->second;
-    sample.compression[21].cells = {{4, L"0.3", {}, {}}, {8, L"0.2", {}, {}}, {16, L"0.9@0.1", {}, {}}};
+    sample.compression[21].cells = {
+        {4, L"0.3", {}, {}, 0, {}}, {8, L"0.2", {}, {}, 0, {}}, {16, L"0.9@0.1", {}, {}, 0, {}}};
     sample.shear[3] = {{7, L"0.063"}, {7, L"0.06"}, {7, L"0.061"}};
     sample.swelling = {{3, {}, L"0.1", {}}, {4, {}, L"0.05@0.05", {}}};
     sample.shrinkage = {{1, {L"1", L"5", L"2.5", L"-96", {}, {}}}};

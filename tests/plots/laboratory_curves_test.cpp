@@ -99,7 +99,7 @@ TEST(LaboratoryCurves, EmptyTestsGiveEmptyAxesAndNoFault)
 TEST(LaboratoryCurves, PointsInBracketsAreDrawnHollow)
 {
     LabSample sample;
-    sample.compression[23].cells = {{4, L"0.3", L"(0.5)", {}}, {8, L"(0.525)", L"0.8", {}}};
+    sample.compression[23].cells = {{4, L"0.3", L"(0.5)", {}, 0, {}}, {8, L"(0.525)", L"0.8", {}, 0, {}}};
     sample.swelling = {{1, {}, L"0.2", {}}, {4, {}, L"(0.1)", {}}};
     const SampleResult result = sampleResult(sample, {2.5F, 2.5F, 0}, GrainScale::Above200, 3);
     const auto hollow = [](const ChartSeries& series) {
