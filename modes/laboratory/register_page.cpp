@@ -121,8 +121,7 @@ void RegisterPage::makeBar(QHBoxLayout& bar)
     filter_->setAccessibleName(QStringLiteral("Фильтр проб"));
     filter_->setPlaceholderText(QStringLiteral("Фильтр: точка, код, ИГЭ, грунт…"));
     filter_->setClearButtonEnabled(true);
-    filter_->setMinimumWidth(140);
-    filter_->setMaximumWidth(240);
+    filter_->setFixedWidth(220);
     connect(filter_, &QLineEdit::textChanged, grid_, &EditGrid::setFilterText);
     bar.addWidget(filter_);
     missing_->setAccessibleName(QStringLiteral("Какие пробы показаны"));
@@ -144,7 +143,7 @@ void RegisterPage::makeBar(QHBoxLayout& bar)
         {"Ведомость по точкам…",
             "Сводная ведомость свойств всех проб: по выработкам и глубине",
             [](RegisterPage& page) { page.makeSummary(false); }},
-        {"по ИГЭ…",
+        {"Ведомость по ИГЭ…",
             "Сводная ведомость свойств всех проб: по инженерно-геологическим элементам",
             [](RegisterPage& page) { page.makeSummary(true); }},
         {"Новая проба",

@@ -49,7 +49,7 @@ SampleForm physicalForm(IDBProject& project, int language, bool hasAllRows)
     else
         numbers = propertiesInUse(project);
     SampleForm form;
-    form.columns = {readOnlyColumn(QStringLiteral("Свойство"), 330),
+    form.columns = {readOnlyColumn(QStringLiteral("Свойство"), 430),
         numberColumn(QStringLiteral("Значение"), 110),
         {QStringLiteral("В статистике ИГЭ"), GridColumn::Flag, 120}};
     form.read = [=](const LabSample& sample) {

@@ -61,7 +61,8 @@ void SampleTable::makeGrid()
     if (grid_ && heads == heads_)
         return;
     heads_ = heads;
-    const bool hadFocus = grid_ && grid_->isAncestorOf(focusWidget());
+    // Who comes to the page for the first time is led to its table.
+    const bool hadFocus = grid_ ? grid_->isAncestorOf(focusWidget()) : isVisible();
     if (grid_) {
         // This may be the end of an edit that the old one tells of.
         grid_->hide();
@@ -81,6 +82,7 @@ void SampleTable::makeGrid()
     layout_->addWidget(grid_);
     grid_->show();
     setFocusProxy(grid_);
+    setTabOrder(this, grid_);
     if (hadFocus)
         grid_->setFocus();
 }

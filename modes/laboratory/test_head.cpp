@@ -84,7 +84,7 @@ void TestHead::addField(const char* name, std::size_t number, double unit)
     auto* label = new QLabel(QString::fromUtf8(name), this);
     auto* edit = new QLineEdit(this);
     edit->setAccessibleName(label->text());
-    edit->setMaximumWidth(64);
+    edit->setMaximumWidth(80);
     edit->setAlignment(Qt::AlignRight);
     label->setBuddy(edit);
     layout()->addWidget(label);

@@ -171,8 +171,7 @@ void TestPage::addFilter(QHBoxLayout& bar)
     filter_->setPlaceholderText(QStringLiteral("Фильтр: точка, проба, грунт…"));
     filter_->setAccessibleName(QStringLiteral("Фильтр проб"));
     filter_->setClearButtonEnabled(true);
-    filter_->setMinimumWidth(120);
-    filter_->setMaximumWidth(200);
+    filter_->setFixedWidth(220);
     connect(filter_, &QLineEdit::textChanged, table_, &SampleTable::setFilterText);
     bar.addWidget(filter_);
 }

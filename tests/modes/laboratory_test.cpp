@@ -1,10 +1,15 @@
+#include "common/drawing_view.h"
 #include "dictionaries/properties.h"
+#include "laboratory/curve_points.h"
+#include "laboratory/laboratory_screen.h"
+#include "laboratory/sample_curve.h"
 #include "support/laboratory_host.h"
 #include "support/project_bytes.h"
 
 #include <QComboBox>
 #include <QDialog>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QTimer>
 #include <gtest/gtest.h>
 
@@ -344,4 +349,82 @@ TEST(LaboratoryScreen, BearsAnyProjectAndLosesNothing)
             Q_EMIT host.screen->signalClearTests();
         }
     }
+}
+
+TEST(LaboratoryCurve, AMovedPointWritesWhatWasMeasured)
+{
+    LabSample sample;
+    sample.grading = {{15, L"40"}, {16, L"26"}, {17, L"34"}};
+    sample.compression[23].cells = {{8, L"0.525", L"(0.8)", L"0.025", 0, {}}};
+    sample.shear[3] = {{7, L"0.063"}, {7, L"0.06@0.12"}};
+    sample.swelling = {{4, L"2.6", L"0.1", {}}};
+    sample.shrinkage = {{2, {L"2", L"5", L"2.5", {}, {}, {}}}};
+    const SampleResult result = sampleResult(sample, {2.5F, 2.5F, 0}, GrainScale::Above200, 0);
+    // 25 mm high, less the correction; brackets and loads beside the ladder stay.
+    EXPECT_TRUE(movePoint(sample, result, {LabTest::Compression, 23, 0}, 9, 0.03));
+    EXPECT_EQ(sample.compression[23].cells[0].textA, L"0.775");
+    EXPECT_TRUE(movePoint(sample, result, {LabTest::Compression, 23, 0}, 1009, 0.04));
+    EXPECT_EQ(sample.compression[23].cells[0].textB, L"(1.025)");
+    EXPECT_TRUE(movePoint(sample, result, {LabTest::Shear, 3, 0}, 2, 0.075));
+    EXPECT_EQ(sample.shear[3][1].value, L"0.075@0.12");
+    EXPECT_TRUE(movePoint(sample, result, {LabTest::Swelling, 0, 0}, 5, 0.06));
+    EXPECT_EQ(sample.swelling[0].textA, L"2.650");
+    EXPECT_EQ(sample.swelling[0].textB, L"0.150");
+    // 19.635 cm2.
+    EXPECT_TRUE(movePoint(sample, result, {LabTest::Shrinkage, 0, 0}, 3, 39.27));
+    EXPECT_EQ(sample.shrinkage[0].cells[2], L"2.000");
+    // 60 % are finer than 1 mm; at 50 the coarser fraction has ten more, the sum stays.
+    EXPECT_TRUE(movePoint(sample, result, {LabTest::Grading, 0, 0}, 2, 50));
+    EXPECT_EQ(sample.grading[15], L"50.0");
+    EXPECT_EQ(sample.grading[16], L"16.0");
+    EXPECT_FALSE(movePoint(sample, result, {LabTest::Grading, 0, 0}, 9, 50));
+
+    leaveOut(sample, {LabTest::Shear, 3, 0}, 2, true);
+    EXPECT_EQ(sample.shear[3][1].value, L"(0.075@0.12)");
+    EXPECT_TRUE(isLeftOut(sample, {LabTest::Shear, 3, 0}, 2));
+    leaveOut(sample, {LabTest::Shear, 3, 0}, 2, false);
+    EXPECT_EQ(sample.shear[3][1].value, L"0.075@0.12");
+}
+
+TEST(LaboratoryCurve, ADraggedPointIsOneStepOfUndo)
+{
+    const Reference<DBProject> project = site(1);
+    LabSample& sample = project->getLabSamples().begin()->second;
+    sample.shear[3] = {{7, L"0.063"}, {15, L"0.101"}, {19, L"0.135"}};
+    Settings settings;
+    TellurixController controller(&settings, project.get());
+    controller.setCurrentMode(ModeLaboratory);
+    LaboratoryScreen screen(ModeLaboratory, &controller);
+    screen.resize(1200, 700);
+    screen.show();
+    auto* tabs = screen.findChild<QTabWidget*>(QStringLiteral("pages"));
+    tabs->setCurrentIndex(LaboratoryHost::Shear);
+    QCoreApplication::sendPostedEvents();
+    auto* curve = tabs->currentWidget()->findChild<SampleCurve*>();
+    ASSERT_TRUE(curve);
+    DrawingCanvas& canvas = curve->view().canvas();
+    const auto placeOf = [&](std::int64_t id) {
+        const Spot corner = canvas.spotAt({0, 0});
+        const double scale = 100 / (canvas.spotAt({100, 0}).x - corner.x);
+        for (const Item& item : canvas.drawing().items)
+            if (const auto* circle = std::get_if<Circle>(&item.shape); circle && item.id == id)
+                return QPointF((circle->centre.x - corner.x) * scale, (circle->centre.y - corner.y) * scale);
+        return QPointF();
+    };
+    const auto send = [&](QEvent::Type type, const QPointF& at) {
+        QMouseEvent event(type, at, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&canvas, &event);
+    };
+    const QPointF start = placeOf(2);
+    send(QEvent::MouseButtonPress, start);
+    send(QEvent::MouseMove, start - QPointF(0, 12));
+    // The curve follows while nothing is stored yet.
+    EXPECT_NEAR(placeOf(2).y(), start.y() - 12, 1.5);
+    EXPECT_EQ(sample.shear[3][1].value, L"0.101");
+    send(QEvent::MouseMove, start - QPointF(0, 20));
+    send(QEvent::MouseButtonRelease, start - QPointF(0, 20));
+    EXPECT_GT(readNumber(sample.shear[3][1].value).value_or(0), 0.101);
+    EXPECT_EQ(sample.shear[3][0].value, L"0.063");
+    controller.undo();
+    EXPECT_EQ(sample.shear[3][1].value, L"0.101");
 }
