@@ -133,11 +133,11 @@ std::size_t writeDrawings(const std::wstring& path,
     for (std::size_t page = 0; page < pages.size(); ++page) {
         if (goesOn && !goesOn(page))
             return page;
-        std::wstring path = stem;
+        std::wstring place = stem;
         if (pages.size() > 1)
-            path.append(L"_").append(std::to_wstring(page + 1));
-        path.append(L".").append(suffix);
-        writeFile(path, sheetBytes(suffix, pages[page], hatches, dotsPerInch));
+            place.append(L"_").append(std::to_wstring(page + 1));
+        place.append(L".").append(suffix);
+        writeFile(place, sheetBytes(suffix, pages[page], hatches, dotsPerInch));
     }
     return pages.size();
 }
