@@ -7,9 +7,11 @@
 #include "modules/module_export.h"
 #include "toys/toy_screen.h"
 
+#include <QCoreApplication>
 #include <QDialog>
 #include <QProgressBar>
 #include <QTimer>
+#include <QVariant>
 
 #include <stdexcept>
 
@@ -57,9 +59,10 @@ TELLURIX_MODULE QWidget* createWidget(IMainController* controller, QProgressBar*
 #elif TOY_MODE == 2
 TELLURIX_MODULE QWidget* createWidget(ITellurixController*)
 {
-    // The user accepts as soon as the dialog is there.
+    // The user accepts as soon as the dialog is there, or thinks better of it.
     auto* dialog = new QDialog;
-    QTimer::singleShot(0, dialog, &QDialog::accept);
+    const bool rejects = QCoreApplication::instance()->property("rejectsSetup").toBool();
+    QTimer::singleShot(0, dialog, rejects ? &QDialog::reject : &QDialog::accept);
     return dialog;
 }
 #elif TOY_MODE == 11
