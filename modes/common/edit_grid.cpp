@@ -23,10 +23,7 @@ EditGrid::EditGrid(const QString& name, const QVector<GridColumn>& columns, QWid
     horizontalHeader()->setStretchLastSection(columns.last().kind == GridColumn::Text);
     setSourceModel(model_);
     setDefaultWidths(name);
-    // So does one of many lines that stands before the last.
-    for (int column = 0; column + 1 < columns.size(); ++column)
-        if (columns[column].multiline)
-            horizontalHeader()->setSectionResizeMode(column, QHeaderView::Stretch);
+    letLinesTakeTheRest();
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
     setItemDelegate(delegate_);
     connect(delegate_, &GridDelegate::left, this, &EditGrid::leaveEditor);
@@ -44,6 +41,29 @@ EditGrid::EditGrid(const QString& name, const QVector<GridColumn>& columns, QWid
         connect(horizontalHeader(), &QHeaderView::sectionResized, rest, [rest] { rest->start(); });
         connect(horizontalHeader(), &QHeaderView::geometriesChanged, rest, [rest] { rest->start(); });
     }
+}
+
+// A column of many lines that stands before the last takes what the others leave too, but never less than its
+// lines need to be read: then the table is scrolled.
+void EditGrid::letLinesTakeTheRest()
+{
+    constexpr int least = 160;
+    QHeaderView* header = horizontalHeader();
+    for (int column = 0; column + 1 < model_->columns().size(); ++column) {
+        if (!model_->columns()[column].multiline)
+            continue;
+        const int others = header->length() - header->sectionSize(column);
+        const bool isRoom = viewport()->width() - others >= least;
+        header->setSectionResizeMode(column, isRoom ? QHeaderView::Stretch : QHeaderView::Fixed);
+        if (!isRoom)
+            header->resizeSection(column, least);
+    }
+}
+
+void EditGrid::resizeEvent(QResizeEvent* event)
+{
+    TableView::resizeEvent(event);
+    letLinesTakeTheRest();
 }
 
 void EditGrid::setDefaultWidths(const QString& name)

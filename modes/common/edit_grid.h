@@ -68,6 +68,7 @@ protected:
     using TableView::edit;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void resizeEvent(QResizeEvent* event) override;
     void keyboardSearch(const QString&) override { }
     bool holdsNumbers(int column) const override;
     QString emptyMessage() const override;
@@ -89,6 +90,7 @@ private:
     };
     static const QVector<Act>& acts();
 
+    void letLinesTakeTheRest();
     void setDefaultWidths(const QString& name);
     void connectHeads();
     void fitRowHeights();

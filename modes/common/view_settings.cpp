@@ -17,11 +17,12 @@ std::unique_ptr<QSettings> viewSettings()
         QSettings::IniFormat);
 }
 
-// A last column that takes the rest of the width has none of its own: remembered, it would be cut off in a
-// wider table, or push the others out of a narrower one.
+// A column that takes the rest of the width has none of its own: remembered, it would be cut off in a wider
+// table, or push the others out of a narrower one.
 static bool hasOwnWidth(const QHeaderView* header, int column)
 {
-    return !header->stretchLastSection() || column != header->count() - 1;
+    return header->sectionResizeMode(column) == QHeaderView::Interactive
+        && (!header->stretchLastSection() || column != header->count() - 1);
 }
 
 static void saveWidths(const QHeaderView* header, const QString& name)

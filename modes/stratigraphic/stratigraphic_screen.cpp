@@ -14,9 +14,11 @@
 #include <QAction>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QSplitter>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -95,9 +97,6 @@ StratigraphicScreen::~StratigraphicScreen()
 QWidget* StratigraphicScreen::makeEditor()
 {
     auto* bar = new QToolBar;
-    QAction* back = bar->addAction(QStringLiteral("К проектам"), this, &StratigraphicScreen::leave);
-    back->setToolTip(QStringLiteral("Закрыть колонку и вернуться к списку проектов"));
-    bar->addSeparator();
     bar->addAction(QStringLiteral("Новая"), this, [this] { attempt([this] { startNew(); }); });
     bar->addAction(QStringLiteral("Открыть…"), this, [this] { attempt([this] { askOpen(); }); });
     bar->addAction(QStringLiteral("Сохранить"), this, [this] { attempt([this] { saveColumn(); }); });
@@ -105,8 +104,14 @@ QWidget* StratigraphicScreen::makeEditor()
     auto* editor = new QWidget;
     auto* layout = new QVBoxLayout(editor);
     layout->setContentsMargins(0, 0, 0, 0);
+    auto* back = new QPushButton(QStringLiteral("К проектам"));
+    back->setToolTip(QStringLiteral("Закрыть колонку и вернуться к списку проектов"));
+    connect(back, &QPushButton::clicked, this, &StratigraphicScreen::leave);
+    auto* file = new QHBoxLayout;
+    file->addWidget(fileName_, 1);
+    file->addWidget(back);
     layout->addWidget(bar);
-    layout->addWidget(fileName_);
+    layout->addLayout(file);
     title_->setPlaceholderText(QStringLiteral("Заголовок колонки"));
     layout->addWidget(title_);
     layout->addWidget(grid_, 1);

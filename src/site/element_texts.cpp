@@ -46,7 +46,7 @@ std::wstring elementTextProblem(std::wstring_view text)
 {
     if (isElementText(text))
         return {};
-    const std::wstring why =
+    std::wstring why =
         L"Файл проекта хранит здесь только латинские буквы, цифры и простые знаки без пробелов; с другими он "
         L"больше не откроется.";
     if (const auto latin = latinLookAlike(text))

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <random>
 
 namespace
@@ -106,13 +107,13 @@ TEST(LaboratoryCurves, PointsInBracketsAreDrawnHollow)
         std::string text;
         for (const ChartPoint& point : series.points)
             if (point.isHollow)
-                text += std::to_string(point.id) + ":" + std::to_string(point.y).substr(0, 6) + " ";
+                text += std::to_string(point.id) + ":" + std::to_string(std::lround(point.y * 10000)) + " ";
         return text;
     };
     const Chart pair = compressionChart(result.input.compression[0], result.compression[0], {});
-    EXPECT_EQ(hollow(pair.series[0]), "9:0.0210 ");
-    EXPECT_EQ(hollow(pair.series[1]), "1005:0.0200 ");
-    EXPECT_EQ(hollow(swellingChart(result, {}).series[0]), "5:0.0400 ");
+    EXPECT_EQ(hollow(pair.series[0]), "9:210 ");
+    EXPECT_EQ(hollow(pair.series[1]), "1005:200 ");
+    EXPECT_EQ(hollow(swellingChart(result, {}).series[0]), "5:400 ");
 }
 
 TEST(Charts, ASpotOfThePaperIsTheValueThatIsDrawnThere)

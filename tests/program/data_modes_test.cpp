@@ -3,6 +3,7 @@
 
 #include <QMessageBox>
 #include <QPointer>
+#include <QPushButton>
 #include <QToolButton>
 
 #include <algorithm>
@@ -176,12 +177,12 @@ TEST_F(DataModes, ColumnWithoutAProjectHasAWayBack)
 {
     action(ShellAction::Column)->trigger();
     ASSERT_NE(screen(ModeStratigraphic), nullptr);
-    const auto acts = screen(ModeStratigraphic)->findChildren<QAction*>();
-    const auto back = std::find_if(acts.begin(), acts.end(), [](const QAction* act) {
-        return act->text() == QStringLiteral("К проектам");
+    const auto buttons = screen(ModeStratigraphic)->findChildren<QPushButton*>();
+    const auto back = std::find_if(buttons.begin(), buttons.end(), [](const QPushButton* button) {
+        return button->text() == QStringLiteral("К проектам");
     });
-    ASSERT_NE(back, acts.end());
-    (*back)->trigger();
+    ASSERT_NE(back, buttons.end());
+    QTest::mouseClick(*back, Qt::LeftButton);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(screen(ModeStratigraphic), nullptr);
     EXPECT_EQ(shell.controller->currentMode(), ModeNone);
