@@ -15,6 +15,7 @@ int main(int argumentCount, char** arguments)
         addMapBenchmarks();
         addClassificationBenchmarks();
         addLaboratoryBenchmarks();
+        addElementBenchmarks();
         addFieldBenchmarks();
         benchmark::Initialize(&argumentCount, arguments);
         if (benchmark::ReportUnrecognizedArguments(argumentCount, arguments))

@@ -346,11 +346,11 @@ void StatisticsPage::toggleValue()
         return;
     const ElementValue value = values_[std::size_t(row)];
     const SiteSample& sample = laboratory_->samples()[value.sample];
-    const SampleState before{*sample.key, *sample.sample};
-    SampleState after = before;
+    const ExcludedSample before{*sample.key, *sample.sample};
+    ExcludedSample after = before;
     toggleExclusion(after.sample, property(), shown->shear.method, value.excluded);
     toggled_ = value.sample;
-    screen_.change<SampleState>(putSample, before, after);
+    screen_.change<ExcludedSample>(putSample, before, after);
     toggled_.reset();
 }
 

@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-void putSample(IDBProject& project, const SampleState& state)
+void putSample(IDBProject& project, const ExcludedSample& state)
 {
     const auto found = findExact(project.getLabSamples(), state.key);
     if (found != project.getLabSamples().end())

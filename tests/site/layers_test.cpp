@@ -20,7 +20,8 @@ protected:
     // The element at a depth; "-" where no layer is there.
     std::wstring elementAt(const wchar_t* point, double depth) const
     {
-        const SiteLayer* found = SiteLayers(*project).layerAt(point, depth);
+        const SiteLayers layers(*project);
+        const SiteLayer* found = layers.layerAt(point, depth);
         return found ? std::wstring(found->element) : L"-";
     }
 

@@ -82,7 +82,7 @@ TEST(Csv, EveryRegisterIsATableWithTheKeyInEveryRow)
 
 TEST(TextTable, CountsCharactersAndNotBytes)
 {
-    const std::vector<TableColumn> columns = {
+    const std::vector<TextColumn> columns = {
         {"имя", false, Cut::begin},
         {"текст", false, Cut::end},
         {"n", true, Cut::nothing},

@@ -56,7 +56,7 @@ std::vector<std::string> infoRow(const OpenedProject& opened)
 // On a terminal a register that is empty in all files takes no room; a program that reads the table finds its
 // columns always in the same places.
 static void leaveOutEmpty(
-    std::vector<TableColumn>& columns, std::vector<std::vector<std::string>>& rows, std::size_t firstRegister)
+    std::vector<TextColumn>& columns, std::vector<std::vector<std::string>>& rows, std::size_t firstRegister)
 {
     for (std::size_t i = columns.size(); i > firstRegister; --i) {
         const auto isZero = [i](const std::vector<std::string>& row) { return row[i - 1] == "0"; };
@@ -71,7 +71,7 @@ static void leaveOutEmpty(
 
 std::string infoTable(std::vector<std::vector<std::string>> rows, std::size_t lineWidth)
 {
-    std::vector<TableColumn> columns = {
+    std::vector<TextColumn> columns = {
         {"файл", false, Cut::begin},
         {"шифр", false, Cut::end},
         {"наименование", false, Cut::end},

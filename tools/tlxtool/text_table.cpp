@@ -43,7 +43,7 @@ static std::string fitCell(const std::string& cell, std::size_t width, Cut cut)
 
 // Takes from the columns that may be cut, the widest first, until the line fits or nothing is left to take.
 static void narrow(
-    const std::vector<TableColumn>& columns, std::vector<std::size_t>& widths, std::size_t lineWidth)
+    const std::vector<TextColumn>& columns, std::vector<std::size_t>& widths, std::size_t lineWidth)
 {
     constexpr std::size_t narrowest = 8;
     std::size_t width = std::accumulate(widths.begin(), widths.end(), 2 * (widths.size() - 1));
@@ -58,7 +58,7 @@ static void narrow(
     }
 }
 
-static std::string formatLine(const std::vector<TableColumn>& columns,
+static std::string formatLine(const std::vector<TextColumn>& columns,
     const std::vector<std::string>& cells,
     const std::vector<std::size_t>& widths)
 {
@@ -72,13 +72,13 @@ static std::string formatLine(const std::vector<TableColumn>& columns,
     return line.erase(line.find_last_not_of(' ') + 1) + "\n";
 }
 
-std::string formatTable(const std::vector<TableColumn>& columns,
+std::string formatTable(const std::vector<TextColumn>& columns,
     std::vector<std::vector<std::string>> rows,
     std::size_t lineWidth)
 {
     std::vector<std::string> titles;
     titles.reserve(columns.size());
-    for (const TableColumn& column : columns)
+    for (const TextColumn& column : columns)
         titles.push_back(column.title);
     rows.insert(rows.begin(), titles);
     std::vector<std::size_t> widths(columns.size());

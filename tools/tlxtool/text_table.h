@@ -15,7 +15,7 @@ std::string cutToWidth(std::string_view text, std::size_t width);
 // What a column may lose where the table is wider than the terminal.
 enum class Cut { nothing, end, begin };
 
-struct TableColumn {
+struct TextColumn {
     std::string title;
     bool alignRight = false;
     Cut cut = Cut::nothing;
@@ -23,6 +23,6 @@ struct TableColumn {
 
 // The rows below their titles, two blanks between columns. A width of 0 means that the line may be as long as
 // it is.
-std::string formatTable(const std::vector<TableColumn>& columns,
+std::string formatTable(const std::vector<TextColumn>& columns,
     std::vector<std::vector<std::string>> rows,
     std::size_t lineWidth);
