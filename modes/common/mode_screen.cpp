@@ -3,6 +3,7 @@
 #include "core/base/mexception.h"
 #include "modules/itx_undo_redo.h"
 
+#include <QLineEdit>
 #include <QMessageBox>
 
 #include <exception>
@@ -19,6 +20,9 @@ ModeScreen::ModeScreen(TX_Modes mode, ITellurixController* controller, QWidget* 
 
 ModeScreen::~ModeScreen()
 {
+    // A field gives the keyboard up while its screen goes; nobody may write by way of the screen then.
+    for (QLineEdit* field : findChildren<QLineEdit*>())
+        field->blockSignals(true);
     controller_->detach(&observer_);
 }
 
