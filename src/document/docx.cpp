@@ -293,14 +293,15 @@ private:
     }
 
     // A number in a frame of its own at a place of the page, of which the middle is told from the lower
-    // right. Boxes of the newer kind end up in the corner of the page in one processor.
+    // right. Boxes of the newer kind end up in the corner of the page in one processor; in a frame that text flows
+    // around the same one forgets the heads of long tables.
     std::string placedNumber(const char* code, const Spot& at) const
     {
         constexpr double wide = 12;
         constexpr double high = 5;
         constexpr double belowBaseLine = 1.2;
         return R"(<w:p><w:pPr><w:pStyle w:val="Header"/><w:framePr w:w=")" + twips(wide) + "\" w:h=\""
-            + twips(high) + R"(" w:hRule="exact" w:wrap="around" w:vAnchor="page" w:hAnchor="page" w:x=")"
+            + twips(high) + R"(" w:hRule="exact" w:wrap="through" w:vAnchor="page" w:hAnchor="page" w:x=")"
             + twips(page_.width - at.x - wide / 2) + "\" w:y=\""
             + twips(page_.height - at.y - high + belowBaseLine) + R"("/><w:jc w:val="center"/></w:pPr>)"
             + field(code) + "</w:p>";
