@@ -102,7 +102,9 @@ void LayerRegister::relink(IDBProject& project,
     const DepthsAndValues& former,
     const RegisterRows& stored) const
 {
-    const auto elementOf = [](const RegisterRow& row) { return std::get<LayerValue>(row.value).element; };
+    const auto elementOf = [](const RegisterRow& row) -> const std::wstring& {
+        return std::get<LayerValue>(row.value).element;
+    };
     std::map<std::wstring, std::size_t> formerNumbers;
     for (const auto& [depth, value] : former)
         formerNumbers.emplace(depth, formerNumbers.size() + 1);
