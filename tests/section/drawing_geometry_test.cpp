@@ -133,6 +133,8 @@ TEST(PolylineQuads, AreAsWideAsTheLengthAsks)
     // The third coordinate counts for the length alone.
     expectNear(quad({0, 0, 3}, {3, 4, 4}),
         {{{0.08F, -0.06F, 3}, {3.08F, 3.94F, 4}, {2.92F, 4.06F, 4}, {-0.08F, 0.06F, 3}}});
+    // A length that is no number counts as long.
+    EXPECT_NEAR(quad({0, 0, notANumber}, {3, 4, 4})[0].x, 0.08F, 1e-5F);
     expectNear(quad({2, 0, 3}, {2, 10, 4}), {{{2.05F, 0, 3}, {2.05F, 10, 4}, {1.95F, 10, 4}, {1.95F, 0, 3}}});
     expectNear(quad({10, 2, 0}, {0, 2, 0}), {{{10, 2.2F, 0}, {0, 2.2F, 0}, {0, 1.8F, 0}, {10, 1.8F, 0}}});
 }
