@@ -62,6 +62,46 @@ TEST_F(ModeSwitching, TellsOldAndNewScreenInOrder)
     EXPECT_EQ(shell.controller->labMode(), LabShear);
 }
 
+TEST_F(ModeSwitching, EachModeIsTakenInItsWay)
+{
+    open(QStringLiteral("LURGAN.TLX"), QStringLiteral("a.TLX"));
+    struct Case {
+        TX_Modes mode;
+        bool hint;
+        bool refreshesWhenNew;
+        bool keepsPage;
+    };
+    // clang-format off
+    const Case rows[] = {
+        {ModeLitology, true, false, false}, {ModeTests, true, false, false}, {ModeWaters, true, false, false},
+        {ModeConsistents, true, false, false}, {ModeLaboratory, false, false, true}, {ModeIge, false, true, false},
+        {ModeStatic, true, true, false}, {ModeSection, false, true, false}, {ModeIgk, false, true, false},
+        {ModeSubsidence, false, true, false}, {ModeChemistry, false, true, false},
+        {ModeConsolidated, false, true, false}, {ModeStratigraphic, true, false, false},
+        {ModeStratigraphicIge, false, false, false},
+    };
+    // clang-format on
+    const auto refreshes = [&](TX_Modes mode) {
+        return heard(mode)
+            .join(QLatin1Char(' '))
+            .contains(QStringLiteral("signalUpdateComplexPoints signalUpdateInfo"));
+    };
+    for (const Case& row : rows) {
+        SCOPED_TRACE(row.mode);
+        shell.controller->setLabMode(LabShear);
+        controller().changeMode(row.mode);
+        EXPECT_EQ(hintShows(), row.hint);
+        EXPECT_EQ(refreshes(row.mode), row.refreshesWhenNew);
+        EXPECT_EQ(shell.controller->labMode(), row.refreshesWhenNew ? LabNone : LabShear);
+        controller().changeMode(ModeListCoords);
+        heard(row.mode);
+        shell.controller->setLabMode(LabShear);
+        controller().changeMode(row.mode);
+        EXPECT_TRUE(refreshes(row.mode));
+        EXPECT_EQ(shell.controller->labMode(), row.keepsPage ? LabShear : LabNone);
+    }
+}
+
 TEST_F(ModeSwitching, SomeModesAreLeftWithoutStoring)
 {
     open(QStringLiteral("LURGAN.TLX"), QStringLiteral("a.TLX"));
@@ -82,9 +122,6 @@ TEST_F(ModeSwitching, HintFollowsTheMode)
         {ModeListCoords, true},
         {ModeIge, false},
         {ModeListCoords, true},
-        {ModeStatic, true},
-        {ModeStratigraphic, true},
-        {ModeStratigraphicIge, false},
         {ModeSubsidence, false}};
     for (const auto& [mode, shown] : rows) {
         controller().changeMode(mode);
