@@ -1,10 +1,10 @@
 #include "paint/drawing_files.h"
 
 #include "core/base/mexception.h"
+#include "document/document_file.h"
 #include "drawing/dxf.h"
 #include "drawing/svg.h"
 #include "paint/drawing_painter.h"
-#include "platform/safe_write.h"
 
 #include <QBuffer>
 #include <QPageSize>
@@ -91,12 +91,9 @@ static std::wstring small(const std::wstring& text)
     return QString::fromStdWString(text).toLower().toStdWString();
 }
 
-static void writeFile(const std::wstring& path, const QByteArray& bytes)
+static void write(const std::wstring& path, const QByteArray& bytes)
 {
-    const auto* begin = reinterpret_cast<const std::uint8_t*>(bytes.constData());
-    if (const FileResult result = replaceFile(path, {begin, static_cast<std::size_t>(bytes.size())}); !result)
-        throw MException(L"Файл не записан: " + path + L"\n" + result.reason
-            + L"\nПроверьте, есть ли эта папка, можно ли в неё писать и хватает ли места на диске.");
+    writeOfficeFile(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
 static QByteArray sheetBytes(
@@ -127,7 +124,7 @@ std::size_t writeDrawings(const std::wstring& path,
         const QByteArray bytes = toPdf(pages, hatches, goesOn);
         if (bytes.isEmpty())
             return 0;
-        writeFile(path, bytes);
+        write(path, bytes);
         return 1;
     }
     for (std::size_t page = 0; page < pages.size(); ++page) {
@@ -137,7 +134,7 @@ std::size_t writeDrawings(const std::wstring& path,
         if (pages.size() > 1)
             place.append(L"_").append(std::to_wstring(page + 1));
         place.append(L".").append(suffix);
-        writeFile(place, sheetBytes(suffix, pages[page], hatches, dotsPerInch));
+        write(place, sheetBytes(suffix, pages[page], hatches, dotsPerInch));
     }
     return pages.size();
 }
