@@ -11,7 +11,7 @@ std::optional<Document> chemistryDocument(IDBProject& project, int language)
     if (project.getChemistry().empty())
         return std::nullopt;
     const std::wstring folder = QCoreApplication::applicationDirPath().toStdWString();
-    std::vector<LimitMistake> mistakes;
+    std::vector<TableMistake> mistakes;
     const AggressivenessLimits limits = limitsBeside(folder, mistakes);
     Document document = chemistryReport(project, limits, language);
     // Mistakes in the file of limits must not pass unseen.

@@ -10,7 +10,7 @@
 
 void tellOfficeFiles(QWidget* window)
 {
-    std::vector<LimitMistake> mistakes;
+    std::vector<TableMistake> mistakes;
     limitsBeside(QCoreApplication::applicationDirPath().toStdWString(), mistakes);
     std::wstring message = limitsMessage(mistakes);
     if (const std::wstring tables = standardTableWarning(standardTableMistakes()); !tables.empty())

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "calc/chemistry.h"
+#include "calc/table_mistake.h"
 
 #include <memory>
 
@@ -38,12 +39,6 @@ struct LimitRow {
     bool isSameCase(const LimitRow& other) const;
 };
 
-// A mistake in the file, told by its line.
-struct LimitMistake {
-    std::size_t line = 0; // from 1; 0: the file as a whole
-    std::wstring text;
-};
-
 class AggressivenessLimits
 {
 public:
@@ -51,7 +46,7 @@ public:
     static const AggressivenessLimits& ofProgram();
     // Of a file's text (UTF-8). Each mistake is told; a file with one is not to be used. A case that the
     // program knows and the file lacks is a mistake.
-    static AggressivenessLimits read(std::string_view text, std::vector<LimitMistake>& mistakes);
+    static AggressivenessLimits read(std::string_view text, std::vector<TableMistake>& mistakes);
     // The text of the program's own table: what the file beside the program is at first.
     static std::string_view programText();
 

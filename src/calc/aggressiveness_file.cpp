@@ -1,6 +1,5 @@
 #include "calc/aggressiveness.h"
 #include "calc/table_text.h"
-#include "platform/utf8.h"
 
 #include <algorithm>
 
@@ -111,31 +110,15 @@ std::wstring readRow(std::wstring_view line, LimitRow& row)
     return row.source.empty() ? L"не назван источник" : L"";
 }
 
-std::vector<LimitRow> readRows(std::string_view text, std::vector<LimitMistake>& mistakes)
+// pH has a row a side.
+bool standsTwice(const LimitRow& one, const LimitRow& other)
 {
-    std::vector<LimitRow> rows;
-    const std::optional<std::wstring> wide = fromUtf8(text);
-    if (!wide) {
-        mistakes.push_back({0, L"файл должен быть в кодировке UTF-8"});
-        return rows;
-    }
-    std::size_t number = 0;
-    for (const std::wstring_view line : partedFields(*wide, L'\n')) {
-        ++number;
-        if (line.empty() || line.front() == L'#')
-            continue;
-        LimitRow row;
-        std::wstring mistake = readRow(line, row);
-        if (mistake.empty() && std::ranges::any_of(rows, [&](const LimitRow& other) {
-                return other.isSameCase(row) && row.index != "pH"; // which has a row a side
-            }))
-            mistake = L"такая строка уже есть";
-        if (mistake.empty())
-            rows.push_back(std::move(row));
-        else
-            mistakes.push_back({number, std::move(mistake)});
-    }
-    return rows;
+    return one.isSameCase(other) && other.index != "pH";
+}
+
+std::vector<LimitRow> readRows(std::string_view text, std::vector<TableMistake>& mistakes)
+{
+    return readTableRows<LimitRow>(text, readRow, standsTwice, mistakes);
 }
 
 } // namespace
@@ -150,14 +133,14 @@ const AggressivenessLimits& AggressivenessLimits::ofProgram()
 {
     static const AggressivenessLimits limits = [] {
         AggressivenessLimits own;
-        std::vector<LimitMistake> mistakes;
+        std::vector<TableMistake> mistakes;
         own.rows_ = readRows(programText(), mistakes);
         return own;
     }();
     return limits;
 }
 
-AggressivenessLimits AggressivenessLimits::read(std::string_view text, std::vector<LimitMistake>& mistakes)
+AggressivenessLimits AggressivenessLimits::read(std::string_view text, std::vector<TableMistake>& mistakes)
 {
     AggressivenessLimits limits;
     limits.rows_ = readRows(text, mistakes);

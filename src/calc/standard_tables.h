@@ -1,5 +1,6 @@
 #pragma once
 
+#include "calc/table_mistake.h"
 #include "core/base/typed_number.h"
 
 #include <cstddef>
@@ -50,11 +51,6 @@ struct StandardRow {
     std::wstring source;
 
     bool isSameCase(const StandardRow& other) const;
-};
-
-struct TableMistake {
-    std::size_t line = 0; // 0: of the whole file
-    std::wstring text;
 };
 
 // What a table is entered with. Missing: not known.

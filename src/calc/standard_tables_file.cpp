@@ -1,8 +1,8 @@
 #include "calc/standard_tables.h"
 #include "calc/table_text.h"
-#include "platform/utf8.h"
 
 #include <algorithm>
+#include <functional>
 
 // The file of tables: rows of five fields parted by semicolons, "#" begins a remark.
 
@@ -125,28 +125,7 @@ std::wstring readRow(std::wstring_view line, StandardRow& row)
 
 std::vector<StandardRow> readRows(std::string_view text, std::vector<TableMistake>& mistakes)
 {
-    std::vector<StandardRow> rows;
-    const std::optional<std::wstring> wide = fromUtf8(text);
-    if (!wide) {
-        mistakes.push_back({0, L"файл должен быть в кодировке UTF-8"});
-        return rows;
-    }
-    std::size_t number = 0;
-    for (const std::wstring_view line : partedFields(*wide, L'\n')) {
-        ++number;
-        if (line.empty() || line.front() == L'#')
-            continue;
-        StandardRow row;
-        std::wstring mistake = readRow(line, row);
-        if (mistake.empty()
-            && std::ranges::any_of(rows, [&](const StandardRow& other) { return other.isSameCase(row); }))
-            mistake = L"такая строка уже есть";
-        if (mistake.empty())
-            rows.push_back(std::move(row));
-        else
-            mistakes.push_back({number, std::move(mistake)});
-    }
-    return rows;
+    return readTableRows<StandardRow>(text, readRow, std::mem_fn(&StandardRow::isSameCase), mistakes);
 }
 
 template <class Words, class Value>

@@ -1,5 +1,6 @@
 #include "site/chemistry.h"
 
+#include "calc/table_text.h"
 #include "modules/idbproject.h"
 #include "platform/files.h"
 
@@ -13,27 +14,6 @@ constexpr std::wstring_view choiceKey = L"Коррозия:0";
 constexpr std::wstring_view weakFiltration = L"Кф до 0.1";
 constexpr std::wstring_view oldEdition = L"СНиП 2.03.11-85";
 constexpr std::int32_t cathodeCurrentProperty = 56;
-
-std::wstring_view trimmed(std::wstring_view text)
-{
-    while (!text.empty() && (text.front() == L' ' || text.front() == L'\t'))
-        text.remove_prefix(1);
-    while (!text.empty() && (text.back() == L' ' || text.back() == L'\t'))
-        text.remove_suffix(1);
-    return text;
-}
-
-std::vector<std::wstring_view> parted(std::wstring_view text)
-{
-    std::vector<std::wstring_view> parts;
-    while (true) {
-        const std::size_t at = text.find(L';');
-        parts.push_back(trimmed(text.substr(0, at)));
-        if (at == std::wstring_view::npos)
-            return parts;
-        text.remove_prefix(at + 1);
-    }
-}
 
 // Cathode currents by point, with their depths.
 using Currents = std::unordered_map<std::wstring_view, std::vector<std::pair<double, double>>>;
@@ -58,7 +38,7 @@ SiteAnalysis siteAnalysis(const PointDepthKey& key, const ChemistryRecord& recor
 {
     SiteAnalysis made{key.pointName, key.depth, analysisOf(record.cells), {}, {}};
     for (std::size_t i = 0; i < CellKind; ++i)
-        if (!made.analysis.cells[i].value && !trimmed(record.cells[i]).empty())
+        if (!made.analysis.cells[i].value && !trimmedField(record.cells[i]).empty())
             made.remarks.push_back(
                 {Remark::Impossible, "chemistry/" + std::to_string(i), L"Не число: значение не учитывается"});
     return made;
@@ -88,7 +68,7 @@ ProtectionChoice protectionChoice(IDBProject& project)
     for (const auto& [key, value] : project.getNumberedLinks()) {
         if (key != choiceKey)
             continue;
-        std::vector<std::wstring_view> parts = parted(value);
+        std::vector<std::wstring_view> parts = partedFields(value, L';');
         parts.resize(4);
         if (!parts[0].empty())
             choice.cement = parts[0];
@@ -156,7 +136,7 @@ std::vector<int> knownCovers(const AggressivenessLimits& limits, bool isWater)
     return covers;
 }
 
-AggressivenessLimits limitsBeside(const std::wstring& folder, std::vector<LimitMistake>& mistakes)
+AggressivenessLimits limitsBeside(const std::wstring& folder, std::vector<TableMistake>& mistakes)
 {
     const std::wstring path = folder + L"/" + std::wstring(limitsFileName);
     if (fileKind(path) != FileKind::Regular)
@@ -171,7 +151,7 @@ AggressivenessLimits limitsBeside(const std::wstring& folder, std::vector<LimitM
     return mistakes.empty() ? limits : AggressivenessLimits::ofProgram();
 }
 
-std::wstring limitsMessage(const std::vector<LimitMistake>& mistakes)
+std::wstring limitsMessage(const std::vector<TableMistake>& mistakes)
 {
     if (mistakes.empty())
         return {};
@@ -179,7 +159,7 @@ std::wstring limitsMessage(const std::vector<LimitMistake>& mistakes)
     std::wstring message = L"Файл " + std::wstring(limitsFileName)
         + L" рядом с программой не принят, действуют встроенные пределы агрессивности.\n";
     for (std::size_t i = 0; i < std::min(shown, mistakes.size()); ++i) {
-        const LimitMistake& mistake = mistakes[i];
+        const TableMistake& mistake = mistakes[i];
         message += L'\n';
         if (mistake.line > 0)
             message += L"Строка " + std::to_wstring(mistake.line) + L": ";

@@ -39,7 +39,7 @@ std::vector<int> knownCovers(const AggressivenessLimits& limits, bool isWater);
 // The limits that an office keeps beside the program, in aggressiveness.txt of the folder; those of the
 // program where there is no such file or it has a mistake. Mistakes are for the user.
 inline constexpr std::wstring_view limitsFileName = L"aggressiveness.txt";
-AggressivenessLimits limitsBeside(const std::wstring& folder, std::vector<LimitMistake>& mistakes);
+AggressivenessLimits limitsBeside(const std::wstring& folder, std::vector<TableMistake>& mistakes);
 // What a user is told of them: the file, up to five lines with what is wrong in each, and that the limits of
 // the program rule; empty where there are none.
-std::wstring limitsMessage(const std::vector<LimitMistake>& mistakes);
+std::wstring limitsMessage(const std::vector<TableMistake>& mistakes);

@@ -209,7 +209,7 @@ TEST(Aggressiveness, SteelAndSheaths)
 TEST(Aggressiveness, FileOfAnOfficeIsReadAndItsMistakesAreTold)
 {
     const std::string own(AggressivenessLimits::programText());
-    std::vector<LimitMistake> mistakes;
+    std::vector<TableMistake> mistakes;
     const std::size_t count = AggressivenessLimits::read(own, mistakes).rows().size();
     EXPECT_TRUE(mistakes.empty());
     EXPECT_EQ(count, AggressivenessLimits::ofProgram().rows().size());

@@ -52,7 +52,7 @@ TEST(SiteChemistry, LimitsBesideTheProgram)
 {
     const TemporaryFolder temporary;
     const std::wstring folder = temporary.file(L".");
-    std::vector<LimitMistake> mistakes;
+    std::vector<TableMistake> mistakes;
     EXPECT_EQ(limitsBeside(folder, mistakes).rows().size(), AggressivenessLimits::ofProgram().rows().size());
     EXPECT_TRUE(mistakes.empty());
     std::ofstream(temporary.path() / limitsFileName, std::ios::binary) << "бетон; вода\n";

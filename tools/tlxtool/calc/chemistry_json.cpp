@@ -96,7 +96,7 @@ Results chemistryResults(const CalcContext& context)
 {
     // The command stands beside the program, and so does the office's file of limits.
     const std::wstring command = executablePath();
-    std::vector<LimitMistake> mistakes;
+    std::vector<TableMistake> mistakes;
     const AggressivenessLimits limits =
         limitsBeside(command.substr(0, command.find_last_of(L"\\/")), mistakes);
     if (!mistakes.empty())
