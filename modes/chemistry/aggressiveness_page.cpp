@@ -62,7 +62,7 @@ QComboBox* AggressivenessPage::addChoice(const char* name, const QString& label,
 
 void AggressivenessPage::fillChoices()
 {
-    const AggressivenessLimits& limits = AggressivenessLimits::ofProgram();
+    const AggressivenessLimits& limits = limitsInUse();
     for (const std::wstring& cement : knownCements(limits))
         cement_->addItem(QString::fromStdWString(cement), QString::fromStdWString(cement));
     const std::vector<int> inWater = knownCovers(limits, true);

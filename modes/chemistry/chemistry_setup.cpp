@@ -4,21 +4,16 @@
 #include "reports/chemistry_report.h"
 #include "site/chemistry.h"
 
-#include <QCoreApplication>
-
 std::optional<Document> chemistryDocument(IDBProject& project, int language)
 {
     if (project.getChemistry().empty())
         return std::nullopt;
-    const std::wstring folder = QCoreApplication::applicationDirPath().toStdWString();
-    std::vector<TableMistake> mistakes;
-    const AggressivenessLimits limits = limitsBeside(folder, mistakes);
-    Document document = chemistryReport(project, limits, language);
+    Document document = chemistryReport(project, limitsInUse(), language);
     // Mistakes in the file of limits must not pass unseen.
-    if (!mistakes.empty()) {
+    if (const std::wstring warning = limitsMessage(limitMistakes()); !warning.empty()) {
         Paragraph line;
         line.style = Paragraph::Note;
-        line.runs = {{limitsMessage(mistakes), true}};
+        line.runs = {{warning, true}};
         document.blocks.emplace_back(std::move(line));
     }
     return document;

@@ -79,16 +79,15 @@ static int runShell(Shell& shell, int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-    const std::wstring program = executablePath();
-    if (program.empty())
+    const QString folder = QString::fromStdWString(executableFolder());
+    if (folder.isEmpty())
         return -1;
-    const QString folder = QString::fromStdWString(program.substr(0, program.find_last_of(L"\\/") + 1));
     initialiseResources();
     QCoreApplication::setApplicationName(applicationName);
     QCoreApplication::setOrganizationName(organisationName);
     QCoreApplication::setApplicationVersion(applicationVersion);
     QCoreApplication::setLibraryPaths(
-        QCoreApplication::libraryPaths() << folder + QStringLiteral("Qt/plugins"));
+        QCoreApplication::libraryPaths() << folder + QStringLiteral("/Qt/plugins"));
 
     // Sharp on dense displays: widgets in points, pictures in pixels.
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);

@@ -44,3 +44,5 @@ FileResult createFolder(const std::wstring& path);
 
 // Full path of the running program, empty where the system does not tell.
 std::wstring executablePath();
+// Its folder, without a slash at the end.
+std::wstring executableFolder();

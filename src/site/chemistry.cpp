@@ -2,7 +2,7 @@
 
 #include "calc/table_text.h"
 #include "modules/idbproject.h"
-#include "platform/files.h"
+#include "site/table_beside.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -30,6 +30,12 @@ Currents cathodeCurrents(IDBProject& project)
                     currents[key.pointName].emplace_back(*depth, *current.value);
             }
     return currents;
+}
+
+const TablesInUse<AggressivenessLimits>& inUse()
+{
+    static const TablesInUse<AggressivenessLimits> read(limitsFileName);
+    return read;
 }
 
 } // namespace
@@ -138,17 +144,17 @@ std::vector<int> knownCovers(const AggressivenessLimits& limits, bool isWater)
 
 AggressivenessLimits limitsBeside(const std::wstring& folder, std::vector<TableMistake>& mistakes)
 {
-    const std::wstring path = folder + L"/" + std::wstring(limitsFileName);
-    if (fileKind(path) != FileKind::Regular)
-        return AggressivenessLimits::ofProgram();
-    std::vector<std::uint8_t> bytes;
-    if (!readFile(path, bytes)) {
-        mistakes.push_back({0, L"файл не читается"});
-        return AggressivenessLimits::ofProgram();
-    }
-    AggressivenessLimits limits =
-        AggressivenessLimits::read(std::string(bytes.begin(), bytes.end()), mistakes);
-    return mistakes.empty() ? limits : AggressivenessLimits::ofProgram();
+    return tablesBeside<AggressivenessLimits>(folder, limitsFileName, mistakes);
+}
+
+const AggressivenessLimits& limitsInUse()
+{
+    return inUse().tables;
+}
+
+const std::vector<TableMistake>& limitMistakes()
+{
+    return inUse().mistakes;
 }
 
 std::wstring limitsMessage(const std::vector<TableMistake>& mistakes)

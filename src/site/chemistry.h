@@ -40,6 +40,9 @@ std::vector<int> knownCovers(const AggressivenessLimits& limits, bool isWater);
 // program where there is no such file or it has a mistake. Mistakes are for the user.
 inline constexpr std::wstring_view limitsFileName = L"aggressiveness.txt";
 AggressivenessLimits limitsBeside(const std::wstring& folder, std::vector<TableMistake>& mistakes);
+// Read once, from the program's folder; and what is wrong with the file there.
+const AggressivenessLimits& limitsInUse();
+const std::vector<TableMistake>& limitMistakes();
 // What a user is told of them: the file, up to five lines with what is wrong in each, and that the limits of
 // the program rule; empty where there are none.
 std::wstring limitsMessage(const std::vector<TableMistake>& mistakes);

@@ -1,46 +1,16 @@
 #include "site/standard_values.h"
 
-#include "platform/files.h"
+#include "site/table_beside.h"
 
-namespace
+static const TablesInUse<StandardTables>& inUse()
 {
-
-struct TablesInUse {
-    std::vector<TableMistake> mistakes;
-    StandardTables tables;
-};
-
-std::wstring programFolder()
-{
-    const std::wstring path = executablePath();
-    const std::size_t slash = path.find_last_of(L"/\\");
-    return slash == std::wstring::npos ? std::wstring(L".") : path.substr(0, slash);
-}
-
-const TablesInUse& inUse()
-{
-    static const TablesInUse read = [] {
-        TablesInUse found;
-        found.tables = standardTablesBeside(programFolder(), found.mistakes);
-        return found;
-    }();
+    static const TablesInUse<StandardTables> read(standardTablesFileName);
     return read;
 }
 
-} // namespace
-
 StandardTables standardTablesBeside(const std::wstring& folder, std::vector<TableMistake>& mistakes)
 {
-    const std::wstring path = folder + L"/" + std::wstring(standardTablesFileName);
-    if (fileKind(path) != FileKind::Regular)
-        return StandardTables::ofProgram();
-    std::vector<std::uint8_t> bytes;
-    if (!readFile(path, bytes)) {
-        mistakes.push_back({0, L"файл не читается"});
-        return StandardTables::ofProgram();
-    }
-    StandardTables tables = StandardTables::read(std::string(bytes.begin(), bytes.end()), mistakes);
-    return mistakes.empty() ? tables : StandardTables::ofProgram();
+    return tablesBeside<StandardTables>(folder, standardTablesFileName, mistakes);
 }
 
 const StandardTables& standardTablesInUse()

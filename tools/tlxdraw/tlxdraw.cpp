@@ -14,10 +14,9 @@
 static void prepareToolkit()
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    const std::wstring program = executablePath();
-    const QString folder = QString::fromStdWString(program.substr(0, program.find_last_of(L"\\/") + 1));
+    const QString folder = QString::fromStdWString(executableFolder());
     QCoreApplication::setLibraryPaths(
-        QCoreApplication::libraryPaths() << folder + QStringLiteral("Qt/plugins"));
+        QCoreApplication::libraryPaths() << folder + QStringLiteral("/Qt/plugins"));
 }
 
 // No exception may leave it.

@@ -24,16 +24,10 @@ namespace
 // As the build names it (tools/tlxdraw).
 constexpr const wchar_t* libraryName = TLXDRAW_NAME;
 
-std::wstring programFolder()
-{
-    const std::wstring program = executablePath();
-    return program.substr(0, program.find_last_of(L"\\/") + 1);
-}
-
 // Without the library drawings come without hatches.
 Hatches shippedHatches()
 {
-    const std::wstring path = programFolder() + L"hatch/gl/hatch.dat";
+    const std::wstring path = executableFolder() + L"/hatch/gl/hatch.dat";
     if (!fileExists(path)) {
         complain("штриховки не найдены: рядом с tlxtool нет файла hatch/gl/hatch.dat; чертёж без штриховок");
         return {};
@@ -79,7 +73,7 @@ std::size_t writeTexts(const std::wstring& path,
 
 std::size_t writeByToolkit(DrawOrder& order)
 {
-    const std::wstring library = programFolder() + libraryName;
+    const std::wstring library = executableFolder() + L'/' + libraryName;
     std::wstring reason;
     void* found = sharedFunction(library, drawFunctionName, reason);
     if (!found)

@@ -1,4 +1,3 @@
-#include "platform/files.h"
 #include "platform/utf8.h"
 #include "site/chemistry.h"
 #include "tlxtool/calc/sections.h"
@@ -95,12 +94,9 @@ Results analysisJson(
 Results chemistryResults(const CalcContext& context)
 {
     // The command stands beside the program, and so does the office's file of limits.
-    const std::wstring command = executablePath();
-    std::vector<TableMistake> mistakes;
-    const AggressivenessLimits limits =
-        limitsBeside(command.substr(0, command.find_last_of(L"\\/")), mistakes);
-    if (!mistakes.empty())
-        std::cerr << toUtf8(limitsMessage(mistakes)) << '\n';
+    const AggressivenessLimits& limits = limitsInUse();
+    if (!limitMistakes().empty())
+        std::cerr << toUtf8(limitsMessage(limitMistakes())) << '\n';
     const ProtectionChoice choice = protectionChoice(context.project);
     Results all = Results::array();
     for (const SiteAnalysis& site : siteAnalyses(context.project))
