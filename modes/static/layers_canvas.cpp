@@ -1,5 +1,7 @@
 #include "static/layers_canvas.h"
 
+#include "plots/graph.h"
+
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
@@ -14,16 +16,6 @@ constexpr int left = 44;
 constexpr int top = 22;
 constexpr int margin = 10;
 constexpr double reach = 5.0; // pixels on either side of a boundary
-
-double niceStep(double whole, int parts)
-{
-    const double rough = whole / parts;
-    const double power = std::pow(10.0, std::floor(std::log10(rough)));
-    for (const double factor : {1.0, 2.0, 5.0})
-        if (factor * power >= rough)
-            return factor * power;
-    return 10 * power;
-}
 
 } // namespace
 
@@ -76,7 +68,7 @@ double LayersCanvas::scaleX() const
 void LayersCanvas::drawScale(QPainter& painter) const
 {
     painter.setPen(QColor(0x55, 0x55, 0x55));
-    const double depthStep = niceStep(depth_, 10);
+    const double depthStep = roundStep(depth_ / 10);
     for (int i = 0; i * depthStep <= depth_ + 1e-9; ++i) {
         const double y = yOf(i * depthStep);
         painter.drawLine(QPointF(left - 4, y), QPointF(left, y));
@@ -84,7 +76,7 @@ void LayersCanvas::drawScale(QPainter& painter) const
             Qt::AlignRight | Qt::AlignVCenter,
             QString::fromStdWString(numberText(i * depthStep, depthStep < 1 ? 1 : 0)));
     }
-    const double tipStep = niceStep(greatest_, 5);
+    const double tipStep = axisStep(greatest_);
     for (int i = 0; i * tipStep <= greatest_; ++i) {
         const double x = left + i * tipStep * scaleX();
         painter.drawLine(QPointF(x, top - 3), QPointF(x, top));

@@ -227,7 +227,7 @@ private:
     double bottom_ = 0;
 };
 
-double roundStep(double raw)
+double markStep(double raw)
 {
     const double decade = std::pow(10, std::floor(std::log10(raw)));
     for (const double step : {1.0, 2.0, 2.5, 5.0})
@@ -243,7 +243,7 @@ std::vector<double> roundMarks(double from, double to, int about)
     std::vector<double> marks;
     if (!(to > from) || about < 1)
         return marks;
-    const double step = roundStep((to - from) / about);
+    const double step = markStep((to - from) / about);
     for (double mark = std::ceil(from / step - 1e-6) * step; mark <= to + step * 1e-6; mark += step)
         marks.push_back(mark);
     return marks;
@@ -252,7 +252,7 @@ std::vector<double> roundMarks(double from, double to, int about)
 double roundedUp(double value)
 {
     return value > 0 && std::isfinite(value)
-        ? std::ceil(value / roundStep(value / 5) - 1e-9) * roundStep(value / 5)
+        ? std::ceil(value / markStep(value / 5) - 1e-9) * markStep(value / 5)
         : 1;
 }
 

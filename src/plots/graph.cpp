@@ -11,18 +11,21 @@ static constexpr double numberHeight = 2;
 static constexpr double titleHeight = 2.5;
 static constexpr double markRadius = 0.9;
 
-// 1, 2 or 5 times a power of ten, so that there are some five steps.
-static double stepFor(double range)
+double roundStep(double least)
 {
-    const double rough = range / 5;
-    const double power = std::pow(10, std::floor(std::log10(rough)));
+    const double power = std::pow(10, std::floor(std::log10(least)));
     for (const double times : {1.0, 2.0, 5.0})
-        if (power * times >= rough)
+        if (power * times >= least)
             return power * times;
     return power * 10;
 }
 
-static int decimalsOf(double step)
+double axisStep(double range)
+{
+    return roundStep(range / 5);
+}
+
+int decimalsOf(double step)
 {
     return std::clamp(static_cast<int>(-std::floor(std::log10(step) + 1e-9)), 0, 6);
 }
@@ -40,7 +43,7 @@ GraphAxis axisFor(const std::wstring& title, const std::vector<double>& values, 
         axis.from = fromZero ? axis.from : axis.from - room;
         axis.to += room;
     }
-    const double step = stepFor(axis.to - axis.from);
+    const double step = axisStep(axis.to - axis.from);
     axis.from = std::floor(axis.from / step + 1e-9) * step;
     axis.to = std::ceil(axis.to / step - 1e-9) * step;
     return axis;
@@ -57,7 +60,7 @@ static std::vector<double> ticksOf(const GraphAxis& axis)
                 ticks.push_back(power);
         return ticks;
     }
-    const double step = stepFor(axis.to - axis.from);
+    const double step = axisStep(axis.to - axis.from);
     const double count = std::round((axis.to - axis.from) / step);
     for (int i = 0; i <= static_cast<int>(count) && i < 20; ++i)
         ticks.push_back(axis.from + i * step);
@@ -96,7 +99,7 @@ Spot Graph::at(double x, double y) const
 
 void Graph::drawAxis(const GraphAxis& axis, bool isVertical) const
 {
-    const double step = axis.isLogarithmic ? 0 : stepFor(axis.to - axis.from);
+    const double step = axis.isLogarithmic ? 0 : axisStep(axis.to - axis.from);
     for (const double tick : ticksOf(axis)) {
         const std::wstring number =
             axis.isLogarithmic ? significantText(tick, 1) : numberText(tick, decimalsOf(step));

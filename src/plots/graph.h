@@ -41,5 +41,12 @@ private:
     GraphAxis y_;
 };
 
+// 1, 2 or 5 times a power of ten: the least such step that is not below the given one, above zero.
+double roundStep(double least);
+// Such that some five of them make the range.
+double axisStep(double range);
+// That the numbers of such steps need.
+int decimalsOf(double step);
+
 // Bounds that hold the values with round ends; equal values get room around them.
 GraphAxis axisFor(const std::wstring& title, const std::vector<double>& values, bool fromZero = false);

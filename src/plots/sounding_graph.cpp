@@ -2,6 +2,7 @@
 
 #include "dictionaries/dictionary.h"
 #include "drawing/text_layout.h"
+#include "plots/graph.h"
 #include "site/points.h"
 
 #include <algorithm>
@@ -65,14 +66,10 @@ public:
 };
 
 // A step of 1, 2 or 5 by powers of ten, of at least so many millimetres.
-double roundStep(double perMillimetre, double least)
+double stepOf(double perMillimetre, double least)
 {
-    const double wanted = perMillimetre * least;
-    const double power = std::pow(10.0, std::floor(std::log10(wanted)));
-    for (const double factor : {1.0, 2.0, 5.0})
-        if (factor * power >= wanted * 0.999)
-            return factor * power;
-    return 10.0 * power;
+    constexpr double slack = 0.999;
+    return roundStep(perMillimetre * least * slack);
 }
 
 // Without zeros behind the last digit that counts: "5", "0.5".
@@ -117,12 +114,12 @@ std::vector<Axis> axesOf(const SoundingGraphLook& look)
     const Color side = look.isColoured ? look.sideColor : Color{};
     double x = left + depthWidth + columnWidth;
     std::vector<Axis> axes;
-    axes.push_back({x, 78.0, perTip, roundStep(perTip, 8.0), L"qc, МПа", tip, tipOf});
+    axes.push_back({x, 78.0, perTip, stepOf(perTip, 8.0), L"qc, МПа", tip, tipOf});
     x += 78.0;
     axes.push_back({x,
         52.0,
         perSide,
-        roundStep(perSide, 9.0),
+        stepOf(perSide, 9.0),
         look.isSideForce ? L"Qs, кН" : L"fs, кПа",
         side,
         look.isSideForce ? sideOf : sleeveOf});
@@ -165,8 +162,7 @@ void drawDepths(Sheet& sheet, const Stretch& stretch, const SoundingGraph& graph
     const double right = left + depthWidth;
     sheet.frame(left, stretch.y0, depthWidth, stretch.height());
     sheet.text(L"м", {left + 1.0, stretch.y0 - 2.0}, Align::Left, 2.0);
-    const double step =
-        roundStep(1.0 / stretch.perMetre, 5.0) < 1.0 ? 1.0 : roundStep(1.0 / stretch.perMetre, 5.0);
+    const double step = stepOf(1.0 / stretch.perMetre, 5.0) < 1.0 ? 1.0 : stepOf(1.0 / stretch.perMetre, 5.0);
     for (double depth = std::ceil(stretch.from / step) * step; depth <= stretch.to + 1e-9; depth += step) {
         const double y = stretch.y(depth);
         sheet.line({{right - 2.0, y}, {right, y}}, thin, {}, Layer::Table);
@@ -379,14 +375,14 @@ Drawing capacityDrawing(const CapacityGraph& graph)
         last = first + 1.0;
     }
     const double perMillimetre = greatest * 1.05 / plotWidth;
-    const double step = roundStep(perMillimetre, 18.0);
+    const double step = stepOf(perMillimetre, 18.0);
     for (double value = 0.0; value <= greatest * 1.05; value += step) {
         const double x = x0 + value / perMillimetre;
         sheet.line({{x, y0}, {x, y0 + plotHeight}}, 0.13, gridColor, Layer::Grid);
         sheet.text(numberText(value, 0), {x, y0 - 1.5}, Align::Centre, 2.2);
     }
     const double perMetre = plotHeight / (last - first);
-    const double depthStep = std::max(0.1, roundStep(1.0 / perMetre, 7.0));
+    const double depthStep = std::max(0.1, stepOf(1.0 / perMetre, 7.0));
     for (double depth = std::ceil(first / depthStep) * depthStep; depth <= last + 1e-9; depth += depthStep) {
         const double y = y0 + (depth - first) * perMetre;
         sheet.line({{x0, y}, {x0 + plotWidth, y}}, 0.13, gridColor, Layer::Grid);

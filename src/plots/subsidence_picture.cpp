@@ -3,6 +3,7 @@
 #include "core/base/typed_number.h"
 #include "dictionaries/dictionary.h"
 #include "drawing/text_layout.h"
+#include "plots/graph.h"
 #include "plots/laboratory_curves.h"
 
 #include <algorithm>
@@ -23,22 +24,6 @@ constexpr Pen axis{0.3, {}, Dash::Solid};
 constexpr Pen stressPen{0.5, {0, 90, 180}, Dash::Solid};
 constexpr Pen pressurePen{0.5, {190, 90, 0}, Dash::Dashed};
 constexpr Pen grid{0.1, {170, 170, 170}, Dash::Solid};
-
-// 1, 2 or 5 of a power of ten, so that some five steps make the whole.
-double stepFor(double whole)
-{
-    const double rough = whole / 5;
-    const double power = std::pow(10.0, std::floor(std::log10(rough)));
-    for (const double factor : {1.0, 2.0, 5.0})
-        if (factor * power >= rough)
-            return factor * power;
-    return 10 * power;
-}
-
-int decimalsOf(double step)
-{
-    return std::max(0, static_cast<int>(std::ceil(-std::log10(step) - 1e-9)));
-}
 
 class Picture
 {
@@ -64,7 +49,7 @@ public:
 
     void depthAxis(const wchar_t* title)
     {
-        const double step = stepFor(depth_);
+        const double step = axisStep(depth_);
         for (double depth = 0; depth <= depth_ + 1e-9; depth += step) {
             text(numberText(depth, decimalsOf(step)), {stripLeft - 2, y(depth) + letter / 2}, Align::Right);
             for (int graph = 0; graph < 2; ++graph) {
@@ -79,7 +64,7 @@ public:
     double values(int graph, double greatest, const wchar_t* title)
     {
         const double left = axisLeft + graph * (graphWide + between);
-        const double step = stepFor(greatest);
+        const double step = axisStep(greatest);
         const double whole = std::ceil(greatest / step - 1e-9) * step;
         const double scale = graphWide / whole;
         for (double value = 0; value <= whole + step / 2; value += step) {
