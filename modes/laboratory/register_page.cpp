@@ -5,6 +5,7 @@
 #include "common/mode_screen.h"
 #include "db/exact_key.h"
 #include "dictionaries/laboratory_vocabulary.h"
+#include "dictionaries/report_language.h"
 #include "laboratory/sample_cells.h"
 #include "modules/isettings.h"
 #include "reports/laboratory_passports.h"
@@ -424,7 +425,7 @@ void RegisterPage::makeSummary(bool byElement)
     IDBProject* project = screen_.project();
     if (!project)
         return;
-    const SiteLaboratory site(*project, screen_.settings()->reportLanguage() == 1 ? 1 : 0);
+    const SiteLaboratory site(*project, knownLanguage(screen_.settings()->reportLanguage()));
     exportDocument(this, *screen_.controller(), laboratorySummary(*project, site, byElement));
 }
 
@@ -435,6 +436,6 @@ std::optional<Document> RegisterPage::report()
     IDBProject* project = screen_.project();
     if (!project)
         return std::nullopt;
-    const SiteLaboratory site(*project, screen_.settings()->reportLanguage() == 1 ? 1 : 0);
+    const SiteLaboratory site(*project, knownLanguage(screen_.settings()->reportLanguage()));
     return laboratorySummary(*project, site, false);
 }

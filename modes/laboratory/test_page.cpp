@@ -4,6 +4,7 @@
 #include "common/mode_screen.h"
 #include "common/view_settings.h"
 #include "dictionaries/laboratory_vocabulary.h"
+#include "dictionaries/report_language.h"
 #include "laboratory/calculation.h"
 #include "laboratory/parallels_dialog.h"
 #include "laboratory/sample_cells.h"
@@ -218,7 +219,7 @@ void TestPage::keepMethod()
 
 int TestPage::language() const
 {
-    return screen_.settings()->reportLanguage() == 1 ? 1 : 0;
+    return knownLanguage(screen_.settings()->reportLanguage());
 }
 
 void TestPage::forget()

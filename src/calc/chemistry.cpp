@@ -1,6 +1,6 @@
 #include "calc/chemistry.h"
 
-#include "dictionaries/dictionary.h"
+#include "dictionaries/report_language.h"
 
 #include <algorithm>
 #include <cmath>
@@ -269,17 +269,12 @@ constexpr ClassRow hardnessClasses[] = {
     {1e9, {L"очень жесткая", L"дуже жорстка"}},
 };
 
-std::size_t nameOf(int language)
-{
-    return language == languageUkrainian ? 1 : 0;
-}
-
 std::wstring_view classOf(std::span<const ClassRow> rows, double value, int language)
 {
     for (const ClassRow& row : rows)
         if (value < row.below)
-            return row.names[nameOf(language)];
-    return rows.back().names[nameOf(language)];
+            return row.names[languagePlace(language)];
+    return rows.back().names[languagePlace(language)];
 }
 
 std::wstring scaledText(std::wstring_view text, double factor)
@@ -409,8 +404,8 @@ std::wstring kurlovText(const Kurlov& formula)
 
 std::wstring waterName(const WaterChemistry& chemistry, double leastPercent, int language)
 {
-    const std::wstring anions = sideName(chemistry, false, leastPercent, nameOf(language));
-    const std::wstring cations = sideName(chemistry, true, leastPercent, nameOf(language));
+    const std::wstring anions = sideName(chemistry, false, leastPercent, languagePlace(language));
+    const std::wstring cations = sideName(chemistry, true, leastPercent, languagePlace(language));
     return anions.empty() || cations.empty() ? anions + cations : anions + L' ' + cations;
 }
 

@@ -1,7 +1,7 @@
 #include "calc/subsidence.h"
 
 #include "calc/linear_table.h"
-#include "dictionaries/dictionary.h"
+#include "dictionaries/report_language.h"
 
 #include <algorithm>
 #include <cmath>
@@ -150,7 +150,7 @@ std::wstring_view subsidenceGrade(double relative, int language)
     if (!isSubsiding(relative))
         return {};
     const Row& found = *std::ranges::find_if(rows, [&](const Row& row) { return relative <= row.upTo; });
-    return found.names[language == languageUkrainian ? 1 : 0];
+    return found.names[languagePlace(language)];
 }
 
 Subsidence subsidenceByOwnWeight(std::span<const CollapsibleLayer> layers, double greatestPartM)

@@ -2,6 +2,7 @@
 
 #include "core/base/typed_number.h"
 #include "dictionaries/captions.h"
+#include "dictionaries/report_language.h"
 #include "drawing/text_layout.h"
 #include "plots/column_sheet.h"
 
@@ -51,7 +52,7 @@ const HeadWords& headWords(int language)
             L"Шари не описані",
             L"Інженерно-геологічна колонка. "},
     };
-    return words[language == languageUkrainian ? 1 : 0];
+    return words[languagePlace(language)];
 }
 
 // What a pit is called is said by its kind.
