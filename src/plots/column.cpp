@@ -134,22 +134,16 @@ private:
         const double top = field_.top + (isFirst ? headWithFacts : headOfNext);
         ColumnSheet(drawing, data_, look_, pages[page], 1000.0 / scale_, lanes_).draw(top, isLast);
         drawFoot(sketch, isFirst, isLast);
-        TitleBlockTexts texts = look_.texts;
-        texts.language = look_.language;
-        texts.sheet = look_.texts.sheet + static_cast<int>(page);
-        texts.sheets = std::max(look_.texts.sheets, static_cast<int>(pages.size()));
-        if (texts.title.empty())
-            texts.title =
-                (look_.heading.empty() ? std::wstring(headWords(look_.language).title) : std::wstring())
-                + nameOf(data_, look_);
-        addTitleBlock(
-            sketch, isFirst ? look_.firstBlock : look_.nextBlock, {field_.right, field_.bottom}, texts);
-        if (look_.hasSideStrip) {
-            addSideStrip(sketch, {field_.left, field_.bottom}, look_.language);
-            if (isFirst)
-                addAgreedField(sketch, {field_.left, field_.bottom}, texts);
-        }
+        addColumnBlocks(sketch, look_, sheetTitle(), page, pages.size());
         return drawing;
+    }
+
+    std::wstring sheetTitle() const
+    {
+        if (!look_.texts.title.empty())
+            return look_.texts.title;
+        return (look_.heading.empty() ? std::wstring(headWords(look_.language).title) : std::wstring())
+            + nameOf(data_, look_);
     }
 
     void drawHead(Sketch& sketch, bool isFirst) const

@@ -91,19 +91,7 @@ public:
     {
         for (std::size_t number = 0; number < sheets_.size(); ++number) {
             Sketch sketch(sheets_[number]);
-            TitleBlockTexts texts = look_.texts;
-            texts.language = look_.language;
-            texts.sheet = look_.texts.sheet + static_cast<int>(number);
-            texts.sheets = std::max(look_.texts.sheets, static_cast<int>(sheets_.size()));
-            texts.title = sheets_[number].title;
-            const bool isFirst = number == 0;
-            const Spot corner{field_.right, field_.bottom};
-            addTitleBlock(sketch, isFirst ? look_.firstBlock : look_.nextBlock, corner, texts);
-            if (!look_.hasSideStrip)
-                continue;
-            addSideStrip(sketch, {field_.left, field_.bottom}, look_.language);
-            if (isFirst)
-                addAgreedField(sketch, {field_.left, field_.bottom}, texts);
+            addColumnBlocks(sketch, look_, sheets_[number].title, number, sheets_.size());
         }
         return std::move(sheets_);
     }
@@ -128,28 +116,22 @@ private:
         std::vector<ColumnData>::const_iterator begin, std::vector<ColumnData>::const_iterator end) const
     {
         ColumnLook own = ownLook();
-        std::vector<int> scales = columnScales();
-        if (look_.scale > 0)
-            scales = {look_.scale};
-        std::vector<std::vector<Drawing>> columns;
-        for (const int scale : scales) {
+        const auto drawnAt = [&](int scale) {
             own.scale = scale;
-            columns.clear();
+            std::vector<std::vector<Drawing>> columns;
             for (auto column = begin; column != end; ++column)
                 columns.push_back(columnOf(*column, own));
-            if (std::all_of(
-                    columns.begin(), columns.end(), [](const auto& pages) { return pages.size() == 1; }))
-                return columns;
-        }
-        if (look_.scale > 0)
             return columns;
+        };
+        if (look_.scale > 0)
+            return drawnAt(look_.scale);
+        for (const int scale : columnScales())
+            if (std::vector<std::vector<Drawing>> columns = drawnAt(scale);
+                std::ranges::all_of(columns, [](const auto& pages) { return pages.size() == 1; }))
+                return columns;
         // Texts need several sheets at any scale.
         constexpr int usual = 100;
-        own.scale = usual;
-        columns.clear();
-        for (auto column = begin; column != end; ++column)
-            columns.push_back(columnOf(*column, own));
-        return columns;
+        return drawnAt(usual);
     }
 
     void place(Drawing& sheet, const Drawing& column, std::size_t number) const

@@ -233,3 +233,20 @@ void ColumnSheet::drawDescription(const ColumnRow& row, const Extent& box)
         y += textLineDistance(descriptionHeight);
     }
 }
+
+void addColumnBlocks(
+    Sketch& sketch, const ColumnLook& look, const std::wstring& title, std::size_t number, std::size_t count)
+{
+    const bool isFirst = number == 0;
+    TitleBlockTexts texts = look.texts;
+    texts.language = look.language;
+    texts.title = title;
+    texts.sheet += static_cast<int>(number);
+    texts.sheets = std::max(texts.sheets, static_cast<int>(count));
+    addSheetBlocks(sketch,
+        look.sheet.field(),
+        isFirst ? look.firstBlock : look.nextBlock,
+        texts,
+        isFirst,
+        look.hasSideStrip);
+}

@@ -26,6 +26,10 @@ inline bool isStrip(std::int32_t column)
 // The lanes from left to right within that width; beside the strip stands room for lines from layers to rows.
 std::vector<PlacedLane> placedLanes(const ColumnLook& look, double left, double right);
 
+// The title block and what stands beside it, of one sheet among several; numbers from 0.
+void addColumnBlocks(
+    Sketch& sketch, const ColumnLook& look, const std::wstring& title, std::size_t number, std::size_t count);
+
 inline constexpr double leadsWidth = 5; // between the strip and rows, mm
 inline constexpr double headRow = 6; // of the texts above the table, mm
 inline constexpr double captionHeight = 32; // mm

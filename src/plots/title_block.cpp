@@ -285,3 +285,18 @@ void addAgreedField(Sketch& sketch, const Spot& corner, const TitleBlockTexts& t
     }
     sketch.box({left, above, corner.x, below}, thickLine);
 }
+
+void addSheetBlocks(Sketch& sketch,
+    const Extent& field,
+    TitleBlock block,
+    const TitleBlockTexts& texts,
+    bool isFirst,
+    bool hasSideStrip)
+{
+    addTitleBlock(sketch, block, {field.right, field.bottom}, texts);
+    if (!hasSideStrip)
+        return;
+    addSideStrip(sketch, {field.left, field.bottom}, texts.language);
+    if (isFirst)
+        addAgreedField(sketch, {field.left, field.bottom}, texts);
+}

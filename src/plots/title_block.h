@@ -44,3 +44,12 @@ void addTitleBlock(Sketch& sketch, TitleBlock block, const Spot& corner, const T
 void addSideStrip(Sketch& sketch, const Spot& corner, int language);
 // The field "Согласовано" above that strip, of first sheets.
 void addAgreedField(Sketch& sketch, const Spot& corner, const TitleBlockTexts& texts);
+
+// What belongs to a sheet of that field: the block, and where asked for the strip, above it on the first
+// sheet the field "Согласовано".
+void addSheetBlocks(Sketch& sketch,
+    const Extent& field,
+    TitleBlock block,
+    const TitleBlockTexts& texts,
+    bool isFirst,
+    bool hasSideStrip = true);

@@ -35,11 +35,7 @@ Drawing framedPage(const PageFormat& page, TitleBlockTexts texts, int number, in
     texts.sheet = count > 0 ? number : 0;
     texts.sheets = count;
     const bool isFirst = number == 1;
-    addTitleBlock(
-        sketch, isFirst ? TitleBlock::Text : TitleBlock::Following, {field.right, field.bottom}, texts);
-    addSideStrip(sketch, {field.left, field.bottom}, texts.language);
-    if (isFirst)
-        addAgreedField(sketch, {field.left, field.bottom}, texts);
+    addSheetBlocks(sketch, field, isFirst ? TitleBlock::Text : TitleBlock::Following, texts, isFirst);
     return drawing;
 }
 
