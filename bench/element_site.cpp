@@ -2,7 +2,6 @@
 
 #include "site/element_edits.h"
 
-#include <random>
 #include <string>
 
 namespace
@@ -13,7 +12,9 @@ constexpr int layersOfPoint = 10;
 constexpr int samplesOfLayer = 2;
 constexpr int elements = 40;
 
-LabSample sampleOf(std::mt19937& random)
+} // namespace
+
+LabSample sampleWithTests(std::mt19937& random)
 {
     const auto vary = [&](int value) { return std::to_wstring(value + static_cast<int>(random() % 20)); };
     LabSample sample;
@@ -34,8 +35,6 @@ LabSample sampleOf(std::mt19937& random)
     return sample;
 }
 
-} // namespace
-
 Reference<DBProject> siteOfElements()
 {
     auto project = makeReference<DBProject>();
@@ -53,7 +52,7 @@ Reference<DBProject> siteOfElements()
             for (int sample = 0; sample < samplesOfLayer; ++sample)
                 project->addLabSample(
                     {name, std::to_wstring(layer * 2 - 1) + L"." + std::to_wstring(sample * 4 + 1)},
-                    sampleOf(random));
+                    sampleWithTests(random));
         }
     }
     return project;

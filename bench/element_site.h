@@ -3,5 +3,9 @@
 #include "core/base/reference.h"
 #include "db/db_project.h"
 
+#include <random>
+
+// A loam with every common test, a little different each time.
+LabSample sampleWithTests(std::mt19937& random);
 // Ten thousand samples of five hundred points in forty elements.
 Reference<DBProject> siteOfElements();
