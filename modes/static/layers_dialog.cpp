@@ -3,6 +3,7 @@
 #include "common/edit_grid.h"
 #include "modules/idbproject.h"
 #include "static/layers_canvas.h"
+#include "static/spread_columns.h"
 
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
@@ -18,11 +19,6 @@ namespace
 
 enum Column { FromColumn, ToColumn, ElementColumn, FirstStatistics };
 
-QString text(const Number& value, int decimals)
-{
-    return QString::fromStdWString(numberText(value, decimals));
-}
-
 QVector<GridColumn> columns(IDBProject& project)
 {
     QStringList elements{QString()};
@@ -31,18 +27,7 @@ QVector<GridColumn> columns(IDBProject& project)
     QVector<GridColumn> made{{QStringLiteral("От,\nм"), GridColumn::Number, 62, {}, true},
         {QStringLiteral("До,\nм"), GridColumn::Number, 62},
         {QStringLiteral("ИГЭ"), GridColumn::Choice, 70, elements}};
-    for (const char* title : {"n",
-             "qc,\nМПа",
-             "S,\nМПа",
-             "V",
-             "qc мин,\nМПа",
-             "qc макс,\nМПа",
-             "fs,\nкПа",
-             "E,\nМПа",
-             "φ,\nград.",
-             "c,\nкПа"})
-        made += GridColumn{QString::fromUtf8(title), GridColumn::Number, 62, {}, true};
-    return made;
+    return made + spreadColumns();
 }
 
 } // namespace
@@ -204,24 +189,24 @@ void LayersDialog::edit(const GridRows& after)
     showLayers();
 }
 
-void LayersDialog::split()
+void LayersDialog::change(bool (*act)(std::vector<JournalLayer>&, std::size_t))
 {
     std::vector<JournalLayer> edited = layers_;
-    if (currentLayer() < 0 || !splitLayer(edited, static_cast<std::size_t>(currentLayer())))
+    if (currentLayer() < 0 || !act(edited, static_cast<std::size_t>(currentLayer())))
         return;
     remember();
     layers_ = edited;
     showLayers();
 }
 
+void LayersDialog::split()
+{
+    change(splitLayer);
+}
+
 void LayersDialog::join()
 {
-    std::vector<JournalLayer> edited = layers_;
-    if (currentLayer() < 0 || !joinLayer(edited, static_cast<std::size_t>(currentLayer())))
-        return;
-    remember();
-    layers_ = edited;
-    showLayers();
+    change(joinLayer);
 }
 
 void LayersDialog::byBorehole()
@@ -246,19 +231,9 @@ void LayersDialog::showLayers()
         const SoundingLayerResult result = layerResult(project_, sounding_, layer);
         GridRow row;
         row.id = rows.size() + 1;
-        row.cells = {text(layer.from, 2),
-            text(layer.to, 2),
-            QString::fromStdWString(layer.element),
-            QString::number(result.tip.n),
-            text(result.tip.mean, 2),
-            text(result.tip.deviation, 2),
-            text(result.tip.variation, 2),
-            text(result.tip.least, 2),
-            text(result.tip.greatest, 2),
-            text(result.sleeve.mean, 1),
-            text(result.properties.modulusMPa, 1),
-            text(result.properties.phiDegrees, 1),
-            text(result.properties.cohesionKPa, 0)};
+        row.cells = {
+            numberCell(layer.from, 2), numberCell(layer.to, 2), QString::fromStdWString(layer.element)};
+        row.cells += spreadCells(result.tip, result.sleeve.mean, result.properties);
         if (rows.size() + 1 == static_cast<int>(layers_.size()))
             row.locked = 1U << ToColumn; // the last reading
         rows.append(row);

@@ -31,6 +31,8 @@ private:
     void drag(int layer, double depth);
     void remember();
     void undo();
+    // Of the current layer; act says whether it could.
+    void change(bool (*act)(std::vector<JournalLayer>& layers, std::size_t current));
     void split();
     void join();
     void byBorehole();

@@ -6,6 +6,7 @@
 #include "site/soundings.h"
 #include "static/layers_dialog.h"
 #include "static/sounding_states.h"
+#include "static/spread_columns.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -24,15 +25,10 @@ namespace
 constexpr double assumedWeight = 18.0;
 constexpr std::size_t leastSoundings = 6;
 
-QString text(const Number& value, int decimals)
-{
-    return QString::fromStdWString(numberText(value, decimals));
-}
-
 QVector<GridColumn> columns(bool ofElements)
 {
-    const auto number = [](const char* title, int width = 62) {
-        return GridColumn{QString::fromUtf8(title), GridColumn::Number, width, {}, true};
+    const auto number = [](const char* title) {
+        return GridColumn{QString::fromUtf8(title), GridColumn::Number, 62, {}, true};
     };
     QVector<GridColumn> made;
     if (!ofElements)
@@ -44,18 +40,8 @@ QVector<GridColumn> columns(bool ofElements)
         made += number("От,\nм");
         made += number("До,\nм");
     }
-    for (const char* title : {"n",
-             "qc,\nМПа",
-             "S,\nМПа",
-             "V",
-             "qc мин,\nМПа",
-             "qc макс,\nМПа",
-             "fs,\nкПа",
-             "E,\nМПа",
-             "φ,\nград.",
-             "c,\nкПа",
-             "IL"})
-        made += number(title);
+    made += spreadColumns();
+    made += number("IL");
     made += GridColumn{QStringLiteral("Плотность"), GridColumn::Text, 110, {}, true};
     if (!ofElements)
         made += GridColumn{QStringLiteral("По Робертсону"), GridColumn::Text, 170, {}, true};
@@ -97,17 +83,8 @@ void addSpread(QVector<QString>& cells,
     const SoundedProperties& properties,
     const Number& liquidity)
 {
-    cells += QString::number(tip.n);
-    cells += text(tip.mean, 2);
-    cells += text(tip.deviation, 2);
-    cells += text(tip.variation, 2);
-    cells += text(tip.least, 2);
-    cells += text(tip.greatest, 2);
-    cells += text(sleeve, 1);
-    cells += text(properties.modulusMPa, 1);
-    cells += text(properties.phiDegrees, 1);
-    cells += text(properties.cohesionKPa, 0);
-    cells += text(liquidity, 2);
+    cells += spreadCells(tip, sleeve, properties);
+    cells += numberCell(liquidity, 2);
     cells += densityText(properties.density);
 }
 
@@ -189,8 +166,8 @@ void SoilsPage::read(IDBProject* project)
                 row.id = layers.size() + 1;
                 row.cells = {QString::fromStdWString(std::wstring(sounding.point)),
                     QString::fromStdWString(std::wstring(layer.element)),
-                    text(layer.from, 2),
-                    text(layer.to, 2)};
+                    numberCell(layer.from, 2),
+                    numberCell(layer.to, 2)};
                 addSpread(row.cells, result.tip, result.sleeve.mean, result.properties, result.liquidity);
                 row.cells += behaviourText(result, layer);
                 row.cells += remarksText(result.properties.remarks);
