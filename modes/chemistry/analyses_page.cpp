@@ -169,16 +169,11 @@ GridRow AnalysesPage::shown(GridRow stored) const
 }
 
 // Cells that show what they showed keep their milligrams to the last digit.
-GridRow AnalysesPage::stored(GridRow shownRow) const
+GridRow AnalysesPage::stored(GridRow shownRow, const GridRow& before) const
 {
     shownRow.cells.resize(firstCell + ChemistryCellCount);
     if (!inEquivalents_)
         return shownRow;
-    GridRow before;
-    for (const GridRows* rows : {&rows_, &pending_})
-        for (const GridRow& row : *rows)
-            if (row.id == shownRow.id && row.id != 0)
-                before = row;
     const GridRow seen = before.cells.isEmpty() ? before : shown(before);
     for (int cell = 0; cell < ChemistryCellCount; ++cell) {
         QString& text = shownRow.cells[firstCell + cell];
@@ -276,11 +271,14 @@ void AnalysesPage::edit(const GridRows& after)
     for (const auto& [key, record] : project->getChemistry())
         if (!isMine(record))
             scratch.addChemistry(key, record);
+    QHash<qint64, GridRow> before;
+    for (const GridRow& row : rows_ + pending_)
+        before.insert(row.id, row);
     GridRows kept;
     GridRows refused;
     bool hasLeft = false;
     for (const GridRow& typed : after) {
-        GridRow row = stored(typed);
+        GridRow row = stored(typed, before.value(typed.id));
         if (row.id == 0)
             row.id = ++lastId_;
         const PointDepthKey key{row.cells[pointColumn].toStdWString(), row.cells[depthColumn].toStdWString()};

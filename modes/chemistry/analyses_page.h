@@ -29,7 +29,7 @@ private:
     GridRow rowOf(qint64 id, const PointDepthKey& key, const ChemistryRecord& record) const;
     ChemistryRecord recordOf(const GridRow& row) const;
     GridRow shown(GridRow stored) const;
-    GridRow stored(GridRow shownRow) const;
+    GridRow stored(GridRow shownRow, const GridRow& before) const;
     void chooseUnits();
     void show();
 
