@@ -57,7 +57,7 @@ LayersDialog::LayersDialog(IDBProject& project,
     resize(1080, 620);
 }
 
-void LayersDialog::layOut()
+QLayout* LayersDialog::ruleLine()
 {
     change_->setRange(10, 300);
     change_->setDecimals(0);
@@ -70,11 +70,6 @@ void LayersDialog::layOut()
     thickness_->setValue(LayerRule().leastThicknessM);
     thickness_->setSuffix(QStringLiteral(" м"));
     thickness_->setAccessibleName(QStringLiteral("Наименьшая мощность слоя"));
-    grid_->setObjectName(QStringLiteral("own_layers"));
-    grid_->setAccessibleName(QStringLiteral("Слои зондирования"));
-    grid_->setRowsGrow(false);
-    grid_->setEmptyText(QStringLiteral("Слоев нет: в журнале меньше двух отсчетов."));
-
     auto* rule = new QHBoxLayout;
     auto* button = new QPushButton(QStringLiteral("Предложить по qc"), this);
     button->setObjectName(QStringLiteral("propose"));
@@ -88,7 +83,11 @@ void LayersDialog::layOut()
     rule->addWidget(thickness_);
     rule->addWidget(button);
     rule->addStretch(1);
+    return rule;
+}
 
+QLayout* LayersDialog::actsLine()
+{
     auto* acts = new QHBoxLayout;
     const auto add = [&](const char* name, const char* title, void (LayersDialog::*act)()) {
         auto* made = new QPushButton(QString::fromUtf8(title), this);
@@ -105,10 +104,19 @@ void LayersDialog::layOut()
     undo_ = add("undo", "Отменить", &LayersDialog::undo);
     undo_->setShortcut(QKeySequence::Undo);
     acts->addStretch(1);
+    return acts;
+}
 
+void LayersDialog::layOut()
+{
+    grid_->setObjectName(QStringLiteral("own_layers"));
+    grid_->setAccessibleName(QStringLiteral("Слои зондирования"));
+    grid_->setRowsGrow(false);
+    grid_->setEmptyText(QStringLiteral("Слоев нет: в журнале меньше двух отсчетов."));
+    auto* rule = ruleLine();
     auto* right = new QVBoxLayout;
     right->addWidget(grid_, 1);
-    right->addLayout(acts);
+    right->addLayout(actsLine());
     auto* middle = new QHBoxLayout;
     middle->addWidget(canvas_, 1);
     middle->addLayout(right, 2);

@@ -26,6 +26,8 @@ public:
 
 private:
     void layOut();
+    QLayout* ruleLine();
+    QLayout* actsLine();
     void propose();
     void edit(const GridRows& after);
     void drag(int layer, double depth);
