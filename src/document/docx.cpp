@@ -257,7 +257,7 @@ private:
 
     std::string addPicture(const Drawing& drawing)
     {
-        const std::string name = "media/image" + std::to_string(++pictures_) + ".emf";
+        std::string name = "media/image" + std::to_string(++pictures_) + ".emf";
         parts_.emplace_back(name, toEmf(drawing, options_.hatches));
         return name;
     }

@@ -126,14 +126,14 @@ private:
                 + "\" style:family=\"paragraph\" style:parent-style-name=\"" + parent
                 + "\"><style:paragraph-properties fo:text-align=\"" + align + "\"/></style:style>";
         };
-        for (const char* parent : parents_) {
+        for (const char* parent : parents) {
             aligned((std::string(parent) + "1").c_str(), parent, "center");
             aligned((std::string(parent) + "2").c_str(), parent, "end");
         }
         return text;
     }
 
-    static constexpr std::array<const char*, 5> parents_{
+    static constexpr std::array<const char*, 5> parents{
         "Text_20_body", "Caption", "Note", "List_20_item", "Table_20_Contents"};
 
     double room() const { return std::max(20.0, page_.width - page_.left - page_.right); }
@@ -162,7 +162,7 @@ private:
         for (const OdtPage& page : pages_)
             if (page.format == format && page.name != "First")
                 return page.name;
-        const std::string name = pages_.empty() ? "Standard" : "Page" + std::to_string(pages_.size());
+        std::string name = pages_.empty() ? "Standard" : "Page" + std::to_string(pages_.size());
         const bool hasFrame = static_cast<bool>(document_.frame.draw);
         pages_.push_back({name, format, {}, hasFrame ? framePicture(false) : std::string(), !hasFrame});
         return name;
@@ -210,7 +210,7 @@ private:
         if (!isPagePending_)
             return style;
         isPagePending_ = false;
-        const std::string name = "P" + std::to_string(++made_);
+        std::string name = "P" + std::to_string(++made_);
         const char at = style.back();
         const bool isAligned = (at == '1' || at == '2') && style.rfind("Heading_", 0) != 0;
         const std::string base = isAligned ? style.substr(0, style.size() - 1) : style;
