@@ -2,6 +2,7 @@
 
 #include "core/base/typed_number.h"
 #include "drawing/text_layout.h"
+#include "plots/graph.h"
 
 #include <algorithm>
 #include <cmath>
@@ -119,9 +120,7 @@ private:
         if (!axis.isLogarithmic)
             return roundMarks(axis.from, axis.to, about);
         std::vector<double> marks;
-        for (double decade = std::pow(10, std::floor(std::log10(axis.from) + 1e-9));
-             decade <= axis.to * 1.0001;
-             decade *= 10)
+        for (const double decade : decadesBetween(axis.from, axis.to * 1.0001))
             if (decade >= axis.from * 0.9999)
                 marks.push_back(decade);
         return marks;
@@ -146,8 +145,7 @@ private:
 
     void drawDecades(const Pen& pen)
     {
-        for (double decade = std::pow(10, std::floor(std::log10(chart_.x.from) + 1e-9)); decade < chart_.x.to;
-             decade *= 10)
+        for (const double decade : decadesBetween(chart_.x.from, chart_.x.to))
             for (int step = 2; step < 10; ++step) {
                 const double value = decade * step;
                 if (value > chart_.x.from && value < chart_.x.to)
@@ -240,13 +238,9 @@ double markStep(double raw)
 
 std::vector<double> roundMarks(double from, double to, int about)
 {
-    std::vector<double> marks;
     if (!(to > from) || about < 1)
-        return marks;
-    const double step = markStep((to - from) / about);
-    for (double mark = std::ceil(from / step - 1e-6) * step; mark <= to + step * 1e-6; mark += step)
-        marks.push_back(mark);
-    return marks;
+        return {};
+    return stepsBetween(from, to, markStep((to - from) / about));
 }
 
 double roundedUp(double value)

@@ -23,6 +23,7 @@ void ColumnSheet::drawWaters(const PlacedLane& lane)
         return;
     }
     std::vector<double> wanted;
+    wanted.reserve(waters.size());
     for (const ColumnWater* water : waters)
         wanted.push_back(yOf(water->depth) - bodyTop_ + waterLabelHeight / 2);
     const std::vector<double> ends =
@@ -64,6 +65,7 @@ void ColumnSheet::drawSamples(const PlacedLane& lane)
     constexpr double height = 1.9;
     const std::vector<const ColumnSample*> samples = onPage(data_.samples);
     std::vector<double> wanted;
+    wanted.reserve(samples.size());
     for (const ColumnSample* sample : samples)
         wanted.push_back(yOf(sample->depth) - bodyTop_ + sampleLabelHeight / 2);
     const std::vector<double> ends =

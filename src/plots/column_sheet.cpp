@@ -3,6 +3,7 @@
 #include "core/base/typed_number.h"
 #include "dictionaries/section_captions.h"
 #include "drawing/text_layout.h"
+#include "plots/graph.h"
 
 #include <algorithm>
 
@@ -23,12 +24,7 @@ ColumnSheet::ColumnSheet(Drawing& drawing,
         double most = 0;
         for (const ColumnSounding::Row& row : data.sounding.rows)
             most = std::max(most, (row.*value).value_or(0));
-        // 1, 2 or 5 tenfold, so that the scale has whole numbers.
-        for (double power = 0.1; power < 1e7; power *= 10)
-            for (const double step : {1.0, 2.0, 5.0})
-                if (step * power >= most)
-                    return step * power;
-        return most;
+        return roundStep(std::max(0.1, most)); // so that the scale has whole numbers
     };
     greatestTip_ = greatest(&ColumnSounding::Row::tip);
     greatestSleeve_ = greatest(&ColumnSounding::Row::sleeve);

@@ -30,6 +30,27 @@ int decimalsOf(double step)
     return std::clamp(static_cast<int>(-std::floor(std::log10(step) + 1e-9)), 0, 6);
 }
 
+std::vector<double> stepsBetween(double from, double to, double step)
+{
+    constexpr double slack = 1e-6; // of a step
+    const double first = std::ceil(from / step - slack);
+    const int count = static_cast<int>(std::floor(to / step + slack) - first) + 1;
+    std::vector<double> steps;
+    for (int i = 0; i < count; ++i)
+        steps.push_back((first + i) * step);
+    return steps;
+}
+
+std::vector<double> decadesBetween(double from, double to)
+{
+    const int first = static_cast<int>(std::floor(std::log10(from) + 1e-9));
+    const int last = static_cast<int>(std::floor(std::log10(to) + 1e-9));
+    std::vector<double> decades;
+    for (int power = first; power <= last; ++power)
+        decades.push_back(std::pow(10, power));
+    return decades;
+}
+
 GraphAxis axisFor(const std::wstring& title, const std::vector<double>& values, bool fromZero)
 {
     GraphAxis axis{title};

@@ -48,5 +48,10 @@ double axisStep(double range);
 // That the numbers of such steps need.
 int decimalsOf(double step);
 
+// The multiples of the step from one bound to the other, those at the bounds too.
+std::vector<double> stepsBetween(double from, double to, double step);
+// The powers of ten from the one at or below the first bound up to the second; both above zero.
+std::vector<double> decadesBetween(double from, double to);
+
 // Bounds that hold the values with round ends; equal values get room around them.
 GraphAxis axisFor(const std::wstring& title, const std::vector<double>& values, bool fromZero = false);

@@ -175,12 +175,13 @@ Drawing schoellerDiagram(std::span<const SchoellerSample> samples, int language)
     Paper paper(drawing, decadesOf(samples));
     paper.grid(isUkrainian ? L"мг-екв/л" : L"мг-экв/л");
     for (std::size_t i = 0; i < samples.size(); ++i) {
+        const std::size_t line = i / columns;
         paper.sample(samples[i], i);
         paper.text(
             shortenedText(
                 std::to_wstring(i + 1) + L" – " + samples[i].name, Font::Plain, letter, columnWide - 3),
             {left - 12 + static_cast<double>(i % columns) * columnWide,
-                listTop + static_cast<double>(i / columns) * row},
+                listTop + static_cast<double>(line) * row},
             Align::Left);
     }
     return drawing;

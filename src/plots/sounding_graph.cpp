@@ -163,7 +163,7 @@ void drawDepths(Sheet& sheet, const Stretch& stretch, const SoundingGraph& graph
     sheet.frame(left, stretch.y0, depthWidth, stretch.height());
     sheet.text(L"м", {left + 1.0, stretch.y0 - 2.0}, Align::Left, 2.0);
     const double step = stepOf(1.0 / stretch.perMetre, 5.0) < 1.0 ? 1.0 : stepOf(1.0 / stretch.perMetre, 5.0);
-    for (double depth = std::ceil(stretch.from / step) * step; depth <= stretch.to + 1e-9; depth += step) {
+    for (const double depth : stepsBetween(stretch.from, stretch.to, step)) {
         const double y = stretch.y(depth);
         sheet.line({{right - 2.0, y}, {right, y}}, thin, {}, Layer::Table);
         if (depth > stretch.from && depth < stretch.to)
@@ -218,11 +218,12 @@ void drawAxis(Sheet& sheet, const Stretch& stretch, const Axis& axis, const Soun
             sheet.text(shortNumber(value), {x, stretch.y0 - 2.2}, Align::Centre, 2.0);
     }
     if (look.hasGrid)
-        for (double depth = std::ceil(stretch.from); depth < stretch.to; depth += 1.0)
-            sheet.line({{axis.x, stretch.y(depth)}, {axis.x + axis.width, stretch.y(depth)}},
-                0.13,
-                gridColor,
-                Layer::Grid);
+        for (const double depth : stepsBetween(stretch.from, stretch.to, 1.0))
+            if (depth < stretch.to)
+                sheet.line({{axis.x, stretch.y(depth)}, {axis.x + axis.width, stretch.y(depth)}},
+                    0.13,
+                    gridColor,
+                    Layer::Grid);
     sheet.text(axis.title,
         {axis.x + axis.width / 2.0, stretch.y0 - 6.5},
         Align::Centre,
@@ -347,55 +348,101 @@ std::vector<Drawing> soundingGraphPages(
     return pages;
 }
 
+namespace
+{
+
+// What the drawing of a capacity spans, and where that stands on it.
+struct CapacityPlane {
+    static constexpr double x0 = 18.0;
+    static constexpr double y0 = 18.0;
+    static constexpr double width = 150.0;
+    static constexpr double height = 82.0;
+
+    double greatest = 0.0; // kN
+    double first = 1e9; // m
+    double last = 0.0;
+
+    explicit CapacityPlane(const CapacityGraph& graph)
+    {
+        for (const CapacityGraph::Point& point : graph.points) {
+            first = std::min(first, point.depth);
+            last = std::max(last, point.depth);
+            for (const Number& value : {point.tip, point.side, point.capacity})
+                greatest = std::max(greatest, value.value_or(0.0));
+        }
+        if (last - first < 1.0) {
+            first = std::max(0.0, first - 0.5);
+            last = first + 1.0;
+        }
+    }
+
+    double end() const { return greatest * 1.05; }
+    double perMillimetre() const { return end() / width; }
+    double perMetre() const { return height / (last - first); }
+    double x(double value) const { return x0 + value / perMillimetre(); }
+    double y(double depth) const { return y0 + (depth - first) * perMetre(); }
+};
+
+struct CapacityCurve {
+    Number CapacityGraph::Point::*value;
+    Color color;
+    double pen;
+    const wchar_t* title;
+};
+
+void drawGrid(Sheet& sheet, const CapacityPlane& plane)
+{
+    const double right = plane.x0 + plane.width;
+    for (const double value : stepsBetween(0.0, plane.end(), stepOf(plane.perMillimetre(), 18.0))) {
+        const double x = plane.x(value);
+        sheet.line({{x, plane.y0}, {x, plane.y0 + plane.height}}, 0.13, gridColor, Layer::Grid);
+        sheet.text(numberText(value, 0), {x, plane.y0 - 1.5}, Align::Centre, 2.2);
+    }
+    const double step = std::max(0.1, stepOf(1.0 / plane.perMetre(), 7.0));
+    for (const double depth : stepsBetween(plane.first, plane.last, step)) {
+        const double y = plane.y(depth);
+        sheet.line({{plane.x0, y}, {right, y}}, 0.13, gridColor, Layer::Grid);
+        sheet.text(shortNumber(depth), {plane.x0 - 1.5, y + 0.9}, Align::Right, 2.2);
+    }
+    sheet.frame(plane.x0, plane.y0, plane.width, plane.height);
+}
+
+// Broken where the value is missing.
+void drawCurve(
+    Sheet& sheet, const CapacityPlane& plane, const CapacityGraph& graph, const CapacityCurve& curve)
+{
+    std::vector<Spot> points;
+    const auto end = [&] {
+        if (points.size() > 1)
+            sheet.line(points, curve.pen, curve.color, Layer::Graph);
+        points.clear();
+    };
+    for (const CapacityGraph::Point& point : graph.points) {
+        const Number value = point.*curve.value;
+        if (!value) {
+            end();
+            continue;
+        }
+        points.push_back({plane.x(*value), plane.y(point.depth)});
+        sheet.drawing.items.push_back(
+            {Layer::Graph, 0, Circle{points.back(), 0.6, Pen{thin, curve.color, Dash::Solid}, true}});
+    }
+    end();
+}
+
+} // namespace
+
 Drawing capacityDrawing(const CapacityGraph& graph)
 {
-    constexpr double width = 180.0;
-    constexpr double height = 110.0;
-    constexpr double x0 = 18.0;
-    constexpr double y0 = 18.0;
-    constexpr double plotWidth = 150.0;
-    constexpr double plotHeight = 82.0;
     Sheet sheet;
-    sheet.drawing.width = width;
-    sheet.drawing.height = height;
+    sheet.drawing.width = 180.0;
+    sheet.drawing.height = 110.0;
     sheet.drawing.title = graph.title;
-    double greatest = 0.0;
-    double first = 1e9;
-    double last = 0.0;
-    for (const CapacityGraph::Point& point : graph.points) {
-        first = std::min(first, point.depth);
-        last = std::max(last, point.depth);
-        for (const Number& value : {point.tip, point.side, point.capacity})
-            greatest = std::max(greatest, value.value_or(0.0));
-    }
-    if (graph.points.empty() || greatest <= 0.0)
+    const CapacityPlane plane(graph);
+    if (graph.points.empty() || plane.greatest <= 0.0)
         return sheet.drawing;
-    if (last - first < 1.0) {
-        first = std::max(0.0, first - 0.5);
-        last = first + 1.0;
-    }
-    const double perMillimetre = greatest * 1.05 / plotWidth;
-    const double step = stepOf(perMillimetre, 18.0);
-    for (double value = 0.0; value <= greatest * 1.05; value += step) {
-        const double x = x0 + value / perMillimetre;
-        sheet.line({{x, y0}, {x, y0 + plotHeight}}, 0.13, gridColor, Layer::Grid);
-        sheet.text(numberText(value, 0), {x, y0 - 1.5}, Align::Centre, 2.2);
-    }
-    const double perMetre = plotHeight / (last - first);
-    const double depthStep = std::max(0.1, stepOf(1.0 / perMetre, 7.0));
-    for (double depth = std::ceil(first / depthStep) * depthStep; depth <= last + 1e-9; depth += depthStep) {
-        const double y = y0 + (depth - first) * perMetre;
-        sheet.line({{x0, y}, {x0 + plotWidth, y}}, 0.13, gridColor, Layer::Grid);
-        sheet.text(shortNumber(depth), {x0 - 1.5, y + 0.9}, Align::Right, 2.2);
-    }
-    sheet.frame(x0, y0, plotWidth, plotHeight);
-    struct Curve {
-        Number CapacityGraph::Point::*value;
-        Color color;
-        double pen;
-        const wchar_t* title;
-    };
-    const Curve curves[] = {
+    drawGrid(sheet, plane);
+    const CapacityCurve curves[] = {
         {&CapacityGraph::Point::tip, {200, 40, 40}, 0.25, in(graph.language, L"острие", L"вістря")},
         {&CapacityGraph::Point::side,
             {30, 60, 200},
@@ -406,31 +453,15 @@ Drawing capacityDrawing(const CapacityGraph& graph)
             0.5,
             in(graph.language, L"несущая способность", L"несуча здатність")},
     };
-    double legend = x0;
-    for (const Curve& curve : curves) {
-        std::vector<Spot> points;
-        const auto end = [&] {
-            if (points.size() > 1)
-                sheet.line(points, curve.pen, curve.color, Layer::Graph);
-            points.clear();
-        };
-        for (const CapacityGraph::Point& point : graph.points) {
-            const Number value = point.*curve.value;
-            if (!value) {
-                end();
-                continue;
-            }
-            points.push_back({x0 + *value / perMillimetre, y0 + (point.depth - first) * perMetre});
-            sheet.drawing.items.push_back(
-                {Layer::Graph, 0, Circle{points.back(), 0.6, Pen{thin, curve.color, Dash::Solid}, true}});
-        }
-        end();
+    double legend = plane.x0;
+    for (const CapacityCurve& curve : curves) {
+        drawCurve(sheet, plane, graph, curve);
         sheet.line({{legend, 105.0}, {legend + 8.0, 105.0}}, curve.pen, curve.color, Layer::Graph);
         sheet.text(curve.title, {legend + 10.0, 106.0}, Align::Left, textHeight);
         legend += 16.0 + textWidth(curve.title, Font::Plain, textHeight);
     }
     sheet.text(in(graph.language, L"Сопротивление, кН", L"Опір, кН"),
-        {x0 + plotWidth / 2.0, 9.0},
+        {plane.x0 + plane.width / 2.0, 9.0},
         Align::Centre,
         textHeight,
         Font::Bold);

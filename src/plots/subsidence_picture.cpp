@@ -50,7 +50,7 @@ public:
     void depthAxis(const wchar_t* title)
     {
         const double step = axisStep(depth_);
-        for (double depth = 0; depth <= depth_ + 1e-9; depth += step) {
+        for (const double depth : stepsBetween(0, depth_, step)) {
             text(numberText(depth, decimalsOf(step)), {stripLeft - 2, y(depth) + letter / 2}, Align::Right);
             for (int graph = 0; graph < 2; ++graph) {
                 const double left = axisLeft + graph * (graphWide + between);
@@ -67,7 +67,7 @@ public:
         const double step = axisStep(greatest);
         const double whole = std::ceil(greatest / step - 1e-9) * step;
         const double scale = graphWide / whole;
-        for (double value = 0; value <= whole + step / 2; value += step) {
+        for (const double value : stepsBetween(0, whole, step)) {
             line({{left + value * scale, top}, {left + value * scale, top + high}}, grid);
             text(numberText(value, decimalsOf(step)), {left + value * scale, top - 2}, Align::Centre);
         }
@@ -107,6 +107,7 @@ public:
             return;
         }
         std::vector<Spot> turned;
+        turned.reserve(spots.size());
         for (const Spot& spot : spots)
             turned.push_back({spot.y, spot.x});
         std::vector<Spot> smooth;
