@@ -169,14 +169,14 @@ void addElement(Document& document,
     const ElementReportLook& look)
 {
     const std::wstring title = L"ИГЭ " + std::wstring(shortElementName(element.name));
-    document.blocks.push_back(Heading{title + (summary.words.empty() ? L"" : L". " + summary.words), 2});
-    document.blocks.push_back(statisticsTable(element, look.language));
+    document.blocks.emplace_back(Heading{title + (summary.words.empty() ? L"" : L". " + summary.words), 2});
+    document.blocks.emplace_back(statisticsTable(element, look.language));
     std::wstring notes =
         summary.shearWay.empty() ? L"" : L"Угол трения и сцепление — " + summary.shearWay + L". ";
     for (const std::wstring& note : summary.notes)
         notes += note + L" ";
     if (!notes.empty())
-        document.blocks.push_back(Paragraph{{{notes}}, Paragraph::Note});
+        document.blocks.emplace_back(Paragraph{{{notes}}, Paragraph::Note});
     const struct {
         bool isWanted;
         int property;
@@ -189,9 +189,9 @@ void addElement(Document& document,
     const std::vector<int> there = propertiesOf(element);
     for (const auto& [isWanted, property] : values)
         if (isWanted && std::find(there.begin(), there.end(), property) != there.end())
-            document.blocks.push_back(valuesTable(laboratory, element, property, look.language));
+            document.blocks.emplace_back(valuesTable(laboratory, element, property, look.language));
     if (look.withGradings)
-        document.blocks.push_back(Figure{gradingsOfElement(laboratory, element, title, look.isSmoothed),
+        document.blocks.emplace_back(Figure{gradingsOfElement(laboratory, element, title, look.isSmoothed),
             L"Кривые гранулометрии, " + title});
 }
 
@@ -219,14 +219,15 @@ Document elementReport(IDBProject& project,
     document.header = project.getProjectCode();
     document.page = {297, 210, 15, 15, 10, 15};
     std::vector<ElementSummary> summaries;
+    summaries.reserve(elements.size());
     for (const SiteElement* element : elements)
         summaries.push_back(summaryOf(project, laboratory, *element, look.withTyped));
-    document.blocks.push_back(Heading{L"Нормативные и расчётные значения", 1});
-    document.blocks.push_back(summaryTable(summaries));
-    document.blocks.push_back(
+    document.blocks.emplace_back(Heading{L"Нормативные и расчётные значения", 1});
+    document.blocks.emplace_back(summaryTable(summaries));
+    document.blocks.emplace_back(
         Paragraph{{{std::wstring(summaryLegend) + L" Статистика по ГОСТ 20522."}}, Paragraph::Note});
     if (const std::wstring warning = standardTableWarning(standardTableMistakes()); !warning.empty())
-        document.blocks.push_back(Paragraph{{{warning}}, Paragraph::Note});
+        document.blocks.emplace_back(Paragraph{{{warning}}, Paragraph::Note});
     for (std::size_t i = 0; i < elements.size(); ++i)
         addElement(document, laboratory, *elements[i], summaries[i], look);
     return document;

@@ -42,6 +42,7 @@ Drawing framedPage(const PageFormat& page, TitleBlockTexts texts, int number, in
 std::vector<TitleBlockTexts::Person> peopleOf(const std::vector<Office::Person>& people)
 {
     std::vector<TitleBlockTexts::Person> made;
+    made.reserve(people.size());
     for (const Office::Person& person : people)
         made.push_back({person.role, person.name});
     return made;

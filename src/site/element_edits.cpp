@@ -224,7 +224,7 @@ std::wstring freeElementName(const StrataElementMap& elements)
         elements.begin(), elements.end(), [](const auto& entry) { return containsLetter(entry.first); });
     for (std::size_t number = elements.size() + 1;; ++number) {
         const std::wstring digits = std::to_wstring(number);
-        const std::wstring name = hasLetters ? uniformElementName(digits) : digits;
+        std::wstring name = hasLetters ? uniformElementName(digits) : digits;
         if (elementNameProblem(elements, name).empty())
             return name;
     }
