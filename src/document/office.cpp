@@ -135,6 +135,12 @@ Office officeInForce(const std::wstring& programFolder, const std::wstring& proj
                                                                       : officePath(programFolder));
 }
 
+Office officeForFile(const std::wstring& programFolder, const std::wstring& projectFile)
+{
+    const std::wstring folder = folderOf(projectFile);
+    return officeInForce(programFolder, folder.empty() ? L"." : folder);
+}
+
 FileResult writeOffice(const std::wstring& path, const Office& office)
 {
     std::wstring text;

@@ -51,4 +51,6 @@ Office readOffice(const std::wstring& path);
 Office officeInForce(const std::wstring& programFolder, const std::wstring& projectFolder);
 // Whether it came with the project.
 bool isOfficeOfProject(const std::wstring& programFolder, const std::wstring& projectFolder);
+// The same for a project's file, whose folder is the project's.
+Office officeForFile(const std::wstring& programFolder, const std::wstring& projectFile);
 FileResult writeOffice(const std::wstring& path, const Office& office);

@@ -137,3 +137,24 @@ TEST(CommandLine, ExportMakesItsFolderAndAFilePerRegister)
     EXPECT_EQ(lineCount(contentOf(tables / "chemistry.csv")), 20U);
     EXPECT_TRUE(std::filesystem::exists(tables / "labSamples.physical.csv"));
 }
+
+// In SVG texts stand as they are; those of a table of HTML too.
+TEST(CommandLine, PapersNameTheOfficeBesideTheProject)
+{
+    const TemporaryFolder folder;
+    const std::string enter = "cd '" + folder.path().string() + "' && ";
+    const Outcome outcome = shell(enter
+        + "cp $S/LURGAN.TLX a.TLX && cp $S/sources/office/office.ini . && "
+          "$T draw a.TLX column --point FC2-BH01 --out a.svg && $T export a.TLX --html a.html && rm "
+          "office.ini && "
+          "$T draw a.TLX column --point FC2-BH01 --out b.svg");
+    ASSERT_EQ(outcome.status, 0) << outcome.text;
+    const auto names = [&](const char* file, const char* text) {
+        return contentOf(folder.path() / file).find(text) != std::string::npos;
+    };
+    EXPECT_TRUE(names("a.svg", "Волкова А. С."));
+    EXPECT_TRUE(names("a.svg", "Терраса"));
+    EXPECT_TRUE(names("a.html", "Терраса-Изыскания"));
+    EXPECT_FALSE(names("b.svg", "Волкова"));
+    EXPECT_TRUE(names("b.svg", "Разработал"));
+}

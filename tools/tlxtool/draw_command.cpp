@@ -1,5 +1,6 @@
 #include "core/base/mexception.h"
 #include "core/base/reference.h"
+#include "document/office.h"
 #include "drawing/dxf.h"
 #include "drawing/svg.h"
 #include "persistence/hatch_library.h"
@@ -10,6 +11,7 @@
 #include "platform/system_text.h"
 #include "platform/utf8.h"
 #include "plots/column.h"
+#include "reports/office_pages.h"
 #include "tlxdraw/tlxdraw.h"
 #include "tlxtool/commands.h"
 #include "tlxtool/messages.h"
@@ -122,8 +124,10 @@ ColumnLook columnLook(const DrawRequest& request, IDBProject& project)
     look.sheet = sheetOf(format, request.isLandscape);
     look.scale = request.scale;
     look.language = request.language == "uk" ? languageUkrainian : languageRussian;
-    look.texts.designation = project.getProjectCode();
-    look.texts.object = project.getProjectName();
+    // The day of drawing stands in the title block only where the office has typed one: a command draws the same
+    // file twice to the same bytes.
+    const Office office = officeForFile(executableFolder(), fromSystemText(request.file));
+    look.texts = titleBlockTexts(office, &project, look.language);
     return look;
 }
 

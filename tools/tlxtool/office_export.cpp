@@ -3,9 +3,12 @@
 #include "core/base/mexception.h"
 #include "document/column_widths.h"
 #include "document/document_file.h"
+#include "document/office.h"
 #include "persistence/grammar/project.h"
+#include "platform/files.h"
 #include "platform/system_text.h"
 #include "platform/utf8.h"
+#include "reports/office_pages.h"
 #include "tlxtool/commands.h"
 #include "tlxtool/csv_archive.h"
 #include "tlxtool/opened_project.h"
@@ -146,7 +149,8 @@ Document registersDocument(IDBProject& project, const std::vector<std::string>& 
 int runOfficeExport(Output& output, const std::string& file, const OfficeFiles& files)
 {
     const OpenedProject opened = openProject(file);
-    const Document document = registersDocument(*opened.project, files.tables);
+    Document document = registersDocument(*opened.project, files.tables);
+    addOffice(document, officeForFile(executableFolder(), fromSystemText(file)));
     const std::pair<const std::string*, DocumentFormat> wanted[] = {{&files.xlsx, DocumentFormat::Xlsx},
         {&files.docx, DocumentFormat::Docx},
         {&files.odt, DocumentFormat::Odt},
