@@ -258,9 +258,12 @@ private:
             for (const HatchStrokes::Segment& line : strokes.lines)
                 polyline(PolylineRecord, {line.from, line.to});
         }
-        if (!strokes.fills.empty()) {
+        if (!strokes.fills.empty() || !strokes.dots.empty()) {
             select(noPen);
             useBrush(area.hatchColor);
+            for (const HatchStrokes::Dots& dots : strokes.dots)
+                for (const Spot& centre : dots.centres)
+                    ellipse(centre, dots.radius);
             for (const auto& fill : strokes.fills)
                 polygons({fill});
         }
@@ -273,8 +276,11 @@ private:
             useBrush(circle.pen.color);
         else
             select(noBrush);
-        const Spot& c = circle.centre;
-        const double r = circle.radius;
+        ellipse(circle.centre, circle.radius);
+    }
+
+    void ellipse(const Spot& c, double r)
+    {
         record(EllipseRecord,
             {word(units(c.x - r)), word(units(c.y - r)), word(units(c.x + r)), word(units(c.y + r))});
     }

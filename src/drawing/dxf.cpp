@@ -4,6 +4,7 @@
 #include "drawing/number_output.h"
 #include "drawing/triangles.h"
 
+#include <array>
 #include <cmath>
 #include <map>
 
@@ -49,6 +50,12 @@ struct TextStyle {
 
 constexpr TextStyle plainStyle = {"lc_opengost-br", "arial.ttf"};
 constexpr TextStyle narrowStyle = {"OpenGostTypeA-Regular", "arialn.ttf"};
+
+// Micrometres tell dots of different sizes apart.
+std::string dotBlockName(double radius)
+{
+    return "DOT" + std::to_string(std::lround(2000 * radius));
+}
 
 class DxfWriter
 {
@@ -103,13 +110,28 @@ private:
     void head(const char* kind, const Color* color, Dash dash = Dash::Solid)
     {
         pair(0, kind);
-        pair(8, layers_.at(layer_));
+        pair(8, layer_);
         if (dash != Dash::Solid)
             pair(6, lineTypes()[static_cast<std::size_t>(dash)].name);
         if (color)
-            pair(62, dxfColor(*color));
+            pair(62, numberOf(*color));
+    }
+    // Thousands of strokes in a row have one colour.
+    int numberOf(const Color& color)
+    {
+        if (!(color == lastColor_)) {
+            lastColor_ = color;
+            lastNumber_ = dxfColor(color);
+        }
+        return lastNumber_;
     }
     void polyline(const std::vector<Spot>& spots, bool isClosed, const Pen& pen);
+    // The second pair of corners crosses over from the first.
+    void solid(const Spot& a, const Spot& b, const Spot& c, const Spot& d, int color);
+    void beginBlock(const std::string& name);
+    void endBlock();
+    void dotBlocks();
+    void item(std::size_t number);
     void header();
     void tables();
     void blocks();
@@ -120,8 +142,12 @@ private:
     const Hatches& hatches_;
     std::string out_;
     std::map<Layer, std::string> layers_;
-    Layer layer_ = Layer::Frame;
+    std::vector<HatchStrokes> strokes_; // one an item
+    std::size_t item_ = 0; // that is being written
+    std::string_view layer_ = {};
     Spot zero_ = {};
+    Color lastColor_ = {};
+    int lastNumber_ = dxfColor({});
 };
 
 void DxfWriter::header()
@@ -216,11 +242,22 @@ void DxfWriter::polyline(const std::vector<Spot>& spots, bool isClosed, const Pe
     }
     for (const Spot& corner : spots) {
         pair(0, "VERTEX");
-        pair(8, layers_.at(layer_));
+        pair(8, layer_);
         spot(corner);
     }
     pair(0, "SEQEND");
-    pair(8, layers_.at(layer_));
+    pair(8, layer_);
+}
+
+void DxfWriter::solid(const Spot& a, const Spot& b, const Spot& c, const Spot& d, int color)
+{
+    pair(0, "SOLID");
+    pair(8, layer_);
+    pair(62, color);
+    spot(a);
+    spot(b, 11);
+    spot(c, 12);
+    spot(d, 13);
 }
 
 void DxfWriter::operator()(const Line& line)
@@ -239,30 +276,26 @@ void DxfWriter::operator()(const Area& area)
 {
     constexpr Color white = {255, 255, 255};
     if (area.hasGround && area.ground != white)
-        for (const std::array<Spot, 3>& corners : trianglesOf(area.rings)) {
-            head("SOLID", &area.ground);
-            spot(corners[0]);
-            spot(corners[1], 11);
-            spot(corners[2], 12);
-            spot(corners[2], 13);
-        }
+        for (const std::array<Spot, 3>& corners : trianglesOf(area.rings))
+            solid(corners[0], corners[1], corners[2], corners[2], numberOf(area.ground));
     for (const std::vector<Spot>& ring : area.rings)
         if (ring.size() > 2)
             polyline(ring, true, {0, area.hatchColor, Dash::Solid});
-    const HatchStrokes strokes = hatchStrokes(area, hatches_);
+    const HatchStrokes& strokes = strokes_[item_];
     for (const HatchStrokes::Segment& line : strokes.lines) {
         head("LINE", &area.hatchColor);
         spot(line.from);
         spot(line.to, 11);
     }
-    for (const std::vector<Spot>& fill : strokes.fills)
-        for (const std::array<Spot, 3>& corners : trianglesOf({fill})) {
-            head("SOLID", &area.hatchColor);
-            spot(corners[0]);
-            spot(corners[1], 11);
-            spot(corners[2], 12);
-            spot(corners[2], 13);
+    for (const HatchStrokes::Dots& dots : strokes.dots)
+        for (const Spot& centre : dots.centres) {
+            head("INSERT", &area.hatchColor);
+            pair(2, dotBlockName(dots.radius));
+            spot(centre);
         }
+    for (const std::vector<Spot>& fill : strokes.fills)
+        for (const std::array<Spot, 3>& corners : trianglesOf({fill}))
+            solid(corners[0], corners[1], corners[2], corners[2], numberOf(area.hatchColor));
 }
 
 void DxfWriter::operator()(const Circle& circle)
@@ -281,12 +314,12 @@ void DxfWriter::operator()(const Circle& circle)
     pair(41, circle.radius);
     for (const double side : {-0.5, 0.5}) {
         pair(0, "VERTEX");
-        pair(8, layers_.at(layer_));
+        pair(8, layer_);
         spot({circle.centre.x + side * circle.radius, circle.centre.y});
         pair(42, 1.0);
     }
     pair(0, "SEQEND");
-    pair(8, layers_.at(layer_));
+    pair(8, layer_);
 }
 
 void DxfWriter::operator()(const Text& text)
@@ -314,36 +347,73 @@ bool DxfWriter::isLaterOfSign(std::size_t item) const
         && drawing_.items[item - 1].signAt == own.signAt;
 }
 
+void DxfWriter::beginBlock(const std::string& name)
+{
+    pair(0, "BLOCK");
+    pair(8, "0");
+    pair(2, name);
+    pair(70, 0);
+    zero_ = {};
+    pair(10, 0.0);
+    pair(20, 0.0);
+    pair(30, 0.0);
+    pair(3, name);
+    pair(1, "");
+}
+
+void DxfWriter::endBlock()
+{
+    pair(0, "ENDBLK");
+    pair(8, "0");
+}
+
+// The dots of a hatch are the same thousands of times. What stands on layer 0 without a colour of its own
+// takes those of the place where it is put.
+void DxfWriter::dotBlocks()
+{
+    using Quad = std::array<std::size_t, 4>;
+    constexpr int colorOfBlock = 0;
+    std::map<std::string, double> radii;
+    for (const HatchStrokes& strokes : strokes_)
+        for (const HatchStrokes::Dots& dots : strokes.dots)
+            radii.emplace(dotBlockName(dots.radius), dots.radius);
+    for (const auto& [name, radius] : radii) {
+        beginBlock(name);
+        layer_ = "0";
+        const std::vector<Spot> ring = dotOutline({}, radius);
+        for (const auto& [a, b, c, d] : {Quad{0, 1, 2, 3}, Quad{0, 3, 4, 7}, Quad{4, 5, 6, 7}})
+            solid(ring[a], ring[b], ring[d], ring[c], colorOfBlock);
+        endBlock();
+    }
+}
+
 void DxfWriter::blocks()
 {
     pair(0, "SECTION");
     pair(2, "BLOCKS");
+    dotBlocks();
     std::map<std::string, std::size_t> firsts;
     for (std::size_t item = 0; item < drawing_.items.size(); ++item)
         if (!drawing_.items[item].sign.empty())
             firsts.emplace(drawing_.items[item].sign, item);
     for (const auto& [name, first] : firsts) {
-        pair(0, "BLOCK");
-        pair(8, "0");
-        pair(2, name);
-        pair(70, 0);
-        zero_ = {};
-        pair(10, 0.0);
-        pair(20, 0.0);
-        pair(30, 0.0);
-        pair(3, name);
-        pair(1, "");
-        std::size_t item = first;
+        beginBlock(name);
+        std::size_t part = first;
         do {
-            zero_ = drawing_.items[item].signAt;
-            layer_ = drawing_.items[item].layer;
-            std::visit(*this, drawing_.items[item].shape);
-            ++item;
-        } while (item < drawing_.items.size() && isLaterOfSign(item));
-        pair(0, "ENDBLK");
-        pair(8, "0");
+            zero_ = drawing_.items[part].signAt;
+            item(part);
+            ++part;
+        } while (part < drawing_.items.size() && isLaterOfSign(part));
+        endBlock();
     }
     pair(0, "ENDSEC");
+}
+
+void DxfWriter::item(std::size_t number)
+{
+    item_ = number;
+    layer_ = layers_.at(drawing_.items[number].layer);
+    std::visit(*this, drawing_.items[number].shape);
 }
 
 void DxfWriter::entities()
@@ -352,14 +422,14 @@ void DxfWriter::entities()
     pair(2, "ENTITIES");
     zero_ = {0, drawing_.height};
     for (std::size_t number = 0; number < drawing_.items.size(); ++number) {
-        const Item& item = drawing_.items[number];
-        layer_ = item.layer;
-        if (item.sign.empty()) {
-            std::visit(*this, item.shape);
+        const std::string& sign = drawing_.items[number].sign;
+        layer_ = layers_.at(drawing_.items[number].layer);
+        if (sign.empty()) {
+            item(number);
         } else if (!isLaterOfSign(number)) {
             head("INSERT", nullptr);
-            pair(2, item.sign);
-            spot(item.signAt);
+            pair(2, sign);
+            spot(drawing_.items[number].signAt);
         }
     }
     pair(0, "ENDSEC");
@@ -369,6 +439,8 @@ void DxfWriter::entities()
 std::string DxfWriter::write()
 {
     for (const Item& item : drawing_.items) {
+        const auto* area = std::get_if<Area>(&item.shape);
+        strokes_.push_back(area ? hatchStrokes(*area, hatches_) : HatchStrokes());
         const auto own = drawing_.layerNames.find(item.layer);
         const bool isNamed = own != drawing_.layerNames.end() && !own->second.empty();
         layers_.emplace(

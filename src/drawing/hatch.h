@@ -41,11 +41,19 @@ struct HatchStrokes {
         Spot from;
         Spot to;
     };
+    struct Dots {
+        double radius = 0;
+        std::vector<Spot> centres;
+    };
     std::vector<Segment> lines;
-    // Small filled outlines (dots among them) whose middle lies inside the area.
-    std::vector<std::vector<Spot>> fills;
+    std::vector<Dots> dots; // filled, one entry a radius
+    std::vector<std::vector<Spot>> fills; // small filled outlines
 };
 
-// Lines and outlines are cut at the rings; filled shapes are kept whole where they lie inside altogether and
-// left out where they do not. Nothing where the number is not in the library, or the area is without extent.
+// Lines and outlines are cut at the rings, straight strokes that meet from tile to tile are one line; dots
+// and filled shapes are kept whole where they lie inside altogether and left out where they do not. Nothing
+// where the number is not in the library, or the area is without extent.
 HatchStrokes hatchStrokes(const Area& area, const Hatches& hatches);
+
+// A dot as corners, for outputs that know no circle.
+std::vector<Spot> dotOutline(const Spot& centre, double radius);

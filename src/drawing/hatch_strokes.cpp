@@ -1,41 +1,16 @@
+#include "drawing/area_clip.h"
 #include "drawing/hatch.h"
+#include "drawing/hatch_courses.h"
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <numbers>
+#include <numeric>
 
 namespace
 {
 
 using Ring = std::vector<Spot>;
-
-struct Bounds {
-    double left = std::numeric_limits<double>::max();
-    double top = std::numeric_limits<double>::max();
-    double right = std::numeric_limits<double>::lowest();
-    double bottom = std::numeric_limits<double>::lowest();
-
-    void take(const Spot& spot)
-    {
-        left = std::min(left, spot.x);
-        top = std::min(top, spot.y);
-        right = std::max(right, spot.x);
-        bottom = std::max(bottom, spot.y);
-    }
-    bool meets(const Bounds& other) const
-    {
-        return left <= other.right && other.left <= right && top <= other.bottom && other.top <= bottom;
-    }
-};
-
-Bounds boundsOf(const Ring& ring)
-{
-    Bounds bounds;
-    for (const Spot& spot : ring)
-        bounds.take(spot);
-    return bounds;
-}
 
 bool areFinite(const std::vector<Ring>& rings)
 {
@@ -45,81 +20,6 @@ bool areFinite(const std::vector<Ring>& rings)
         });
     });
 }
-
-Spot between(const Spot& from, const Spot& to, double share)
-{
-    return {from.x + (to.x - from.x) * share, from.y + (to.y - from.y) * share};
-}
-
-// The sides of all rings; even-odd.
-class Clip
-{
-public:
-    explicit Clip(const std::vector<Ring>& rings)
-    {
-        for (const Ring& ring : rings)
-            for (std::size_t corner = 0; corner < ring.size(); ++corner) {
-                bounds_.take(ring[corner]);
-                sides_.push_back({ring[corner], ring[(corner + 1) % ring.size()]});
-            }
-    }
-
-    const Bounds& bounds() const { return bounds_; }
-
-    bool holds(const Spot& spot) const
-    {
-        bool isInside = false;
-        for (const HatchStrokes::Segment& side : sides_) {
-            if ((side.from.y > spot.y) == (side.to.y > spot.y))
-                continue;
-            const double share = (spot.y - side.from.y) / (side.to.y - side.from.y);
-            if (spot.x < side.from.x + share * (side.to.x - side.from.x))
-                isInside = !isInside;
-        }
-        return isInside;
-    }
-
-    bool holds(const Ring& ring) const
-    {
-        return std::all_of(ring.begin(), ring.end(), [this](const Spot& spot) { return holds(spot); });
-    }
-
-    void cut(const Spot& from, const Spot& to, std::vector<HatchStrokes::Segment>& out)
-    {
-        shares_.assign({0.0, 1.0});
-        for (const HatchStrokes::Segment& side : sides_)
-            if (const double share = crossing(from, to, side); share > 0 && share < 1)
-                shares_.push_back(share);
-        std::sort(shares_.begin(), shares_.end());
-        for (std::size_t part = 0; part + 1 < shares_.size(); ++part) {
-            const double begin = shares_[part];
-            const double end = shares_[part + 1];
-            if (end - begin > 1e-9 && holds(between(from, to, (begin + end) / 2)))
-                out.push_back({between(from, to, begin), between(from, to, end)});
-        }
-    }
-
-private:
-    // Where on the stroke the side crosses it; below 0 where it does not.
-    static double crossing(const Spot& from, const Spot& to, const HatchStrokes::Segment& side)
-    {
-        const double x = to.x - from.x;
-        const double y = to.y - from.y;
-        const double sideX = side.to.x - side.from.x;
-        const double sideY = side.to.y - side.from.y;
-        const double cross = x * sideY - y * sideX;
-        if (cross == 0)
-            return -1;
-        const double alongSide = ((side.from.x - from.x) * y - (side.from.y - from.y) * x) / cross;
-        if (alongSide < 0 || alongSide > 1)
-            return -1;
-        return ((side.from.x - from.x) * sideY - (side.from.y - from.y) * sideX) / cross;
-    }
-
-    std::vector<HatchStrokes::Segment> sides_;
-    Bounds bounds_;
-    std::vector<double> shares_;
-};
 
 Ring ovalRing(const std::vector<double>& numbers, double width, double height, double degrees, int corners)
 {
@@ -135,88 +35,207 @@ Ring ovalRing(const std::vector<double>& numbers, double width, double height, d
     return ring;
 }
 
-// A stroke of the tile as points, in units of the tile.
-struct Outline {
-    Ring points;
-    bool isClosed = false;
-    bool isFilled = false;
-    Bounds bounds;
+// A sheet of a metre filled with the densest tile stays below this; more is a mistake in the scale.
+constexpr double mostTiles = 4'000'000;
+
+class Hatcher
+{
+public:
+    Hatcher(const Area& area, const HatchTile& tile)
+        : area_(area)
+        , tile_(tile)
+        , unit_(area.hatchUnit)
+        , clip_(area.rings)
+    {
+    }
+
+    HatchStrokes strokes()
+    {
+        const Bounds& bounds = clip_.bounds();
+        const double columns = (bounds.right - bounds.left) / (tile_.width * unit_);
+        const double rows = (bounds.bottom - bounds.top) / (tile_.height * unit_);
+        if (!(columns < mostTiles && rows < mostTiles && columns * rows < mostTiles))
+            return {};
+        for (const HatchCourse& course : hatchCourses(tile_))
+            drawCourse(course);
+        for (const HatchTile::Shape& shape : tile_.shapes)
+            drawShape(shape);
+        return std::move(strokes_);
+    }
+
+private:
+    Spot onPaper(const Spot& spot, const Spot& corner) const
+    {
+        return {corner.x + spot.x * unit_, corner.y + spot.y * unit_};
+    }
+
+    // Calls with the corner of each tile whose copy of something with that reach, in units, may meet the
+    // area.
+    template <class Act>
+    void overTiles(const Bounds& reach, Act act) const
+    {
+        const Bounds& bounds = clip_.bounds();
+        const double width = tile_.width * unit_;
+        const double height = tile_.height * unit_;
+        const double firstRow = std::floor((bounds.top - area_.origin.y - reach.bottom * unit_) / height);
+        const double lastRow = std::ceil((bounds.bottom - area_.origin.y - reach.top * unit_) / height);
+        const double firstColumn = std::floor((bounds.left - area_.origin.x - reach.right * unit_) / width);
+        const double lastColumn = std::ceil((bounds.right - area_.origin.x - reach.left * unit_) / width);
+        const auto rows = static_cast<std::int64_t>(lastRow - firstRow);
+        const auto columns = static_cast<std::int64_t>(lastColumn - firstColumn);
+        for (std::int64_t row = 0; row <= rows; ++row)
+            for (std::int64_t column = 0; column <= columns; ++column) {
+                const Spot corner{area_.origin.x + (firstColumn + static_cast<double>(column)) * width,
+                    area_.origin.y + (firstRow + static_cast<double>(row)) * height};
+                const Spot least = onPaper({reach.left, reach.top}, corner);
+                const Spot most = onPaper({reach.right, reach.bottom}, corner);
+                if (bounds.meets({least.x, least.y, most.x, most.y}))
+                    act(corner);
+            }
+    }
+
+    void drawCourse(const HatchCourse& course)
+    {
+        if (course.isEndless())
+            return drawEndless(course);
+        overTiles(boundsOf({course.from, course.to}), [&](const Spot& corner) {
+            clip_.cut(onPaper(course.from, corner), onPaper(course.to, corner), strokes_.lines);
+        });
+    }
+
+    // Each line of an endless course lies one step beside the other.
+    void drawEndless(const HatchCourse& course)
+    {
+        const int divisor = std::gcd(course.columns, course.rows);
+        const int columns = course.columns / divisor;
+        const int rows = course.rows / divisor;
+        const Spot way{columns * tile_.width * unit_, rows * tile_.height * unit_};
+        const Spot step = stepBeside(columns, rows);
+        const Spot start = onPaper(course.from, area_.origin);
+        const double square = way.x * way.x + way.y * way.y;
+        const double stepAcross = step.x * way.y - step.y * way.x;
+        const double stepAlong = (step.x * way.x + step.y * way.y) / square;
+        // How far the corners of the area lie beside the first line, in steps, and along it, in ways.
+        double leastAcross = 0;
+        double mostAcross = 0;
+        double leastAlong = 0;
+        double mostAlong = 0;
+        bool isFirst = true;
+        const Bounds& bounds = clip_.bounds();
+        for (const double x : {bounds.left - start.x, bounds.right - start.x})
+            for (const double y : {bounds.top - start.y, bounds.bottom - start.y}) {
+                const double across = (x * way.y - y * way.x) / stepAcross;
+                const double along = (x * way.x + y * way.y) / square;
+                leastAcross = isFirst ? across : std::min(leastAcross, across);
+                mostAcross = isFirst ? across : std::max(mostAcross, across);
+                leastAlong = isFirst ? along : std::min(leastAlong, along);
+                mostAlong = isFirst ? along : std::max(mostAlong, along);
+                isFirst = false;
+            }
+        const double firstLine = std::ceil(leastAcross);
+        const auto lines = static_cast<std::int64_t>(std::floor(mostAcross) - firstLine);
+        for (std::int64_t line = 0; line <= lines; ++line) {
+            const double number = firstLine + static_cast<double>(line);
+            const Spot at{start.x + step.x * number, start.y + step.y * number};
+            const double begin = leastAlong - stepAlong * number - 1;
+            const double end = mostAlong - stepAlong * number + 1;
+            // An upright or level line keeps its place exactly.
+            clip_.cut({at.x + way.x * begin, at.y + way.y * begin},
+                {at.x + way.x * end, at.y + way.y * end},
+                strokes_.lines);
+        }
+    }
+
+    // From a line to its neighbour: the whole tiles that span, with the way, the area of one tile.
+    Spot stepBeside(int columns, int rows) const
+    {
+        for (int column = 0; column <= std::abs(columns) + 1; ++column)
+            for (int row = -std::abs(rows) - 1; row <= std::abs(rows) + 1; ++row)
+                if (std::abs(column * rows - row * columns) == 1)
+                    return {column * tile_.width * unit_, row * tile_.height * unit_};
+        return {0, tile_.height * unit_}; // not for a way without a common divisor
+    }
+
+    void drawShape(const HatchTile::Shape& shape)
+    {
+        constexpr int ovalCorners = 20;
+        const std::vector<double>& n = shape.numbers;
+        if (shape.stroke == HatchTile::Stroke::Dot)
+            return drawDots({n[0], n[1]}, n[2]);
+        if (shape.stroke == HatchTile::Stroke::Oval)
+            return drawOutline(ovalRing(n, n[2], n[3], n[4], ovalCorners), true, false);
+        const bool isFilled = shape.stroke == HatchTile::Stroke::Fill;
+        if (!isFilled && n.size() == 4)
+            return; // stands among the courses
+        Ring ring;
+        for (std::size_t number = 0; number + 1 < n.size(); number += 2)
+            ring.push_back({n[number], n[number + 1]});
+        drawOutline(ring, isFilled, isFilled);
+    }
+
+    void drawDots(const Spot& centre, double diameter)
+    {
+        const double radius = diameter / 2;
+        const auto same = std::find_if(strokes_.dots.begin(),
+            strokes_.dots.end(),
+            [&](const HatchStrokes::Dots& dots) { return dots.radius == radius * unit_; });
+        HatchStrokes::Dots& dots = same != strokes_.dots.end() ? *same : strokes_.dots.emplace_back();
+        dots.radius = radius * unit_;
+        const Bounds reach{centre.x - radius, centre.y - radius, centre.x + radius, centre.y + radius};
+        overTiles(reach, [&](const Spot& corner) {
+            const Spot at = onPaper(centre, corner);
+            if (clip_.holdsRound(at, dots.radius))
+                dots.centres.push_back(at);
+        });
+    }
+
+    void drawOutline(const Ring& outline, bool isClosed, bool isFilled)
+    {
+        overTiles(boundsOf(outline), [&](const Spot& corner) {
+            Ring ring = outline;
+            for (Spot& spot : ring)
+                spot = onPaper(spot, corner);
+            if (isFilled) {
+                if (clip_.holds(ring))
+                    strokes_.fills.push_back(std::move(ring));
+                return;
+            }
+            for (std::size_t point = 0; point + 1 < ring.size(); ++point)
+                clip_.cut(ring[point], ring[point + 1], strokes_.lines);
+            if (isClosed)
+                clip_.cut(ring.back(), ring.front(), strokes_.lines);
+        });
+    }
+
+    const Area& area_;
+    const HatchTile& tile_;
+    double unit_;
+    AreaClip clip_;
+    HatchStrokes strokes_;
 };
-
-Outline outlineOf(const HatchTile::Shape& shape)
-{
-    constexpr int dotCorners = 8;
-    constexpr int ovalCorners = 20;
-    const std::vector<double>& numbers = shape.numbers;
-    Outline outline;
-    if (shape.stroke == HatchTile::Stroke::Dot)
-        outline = {ovalRing(numbers, numbers[2], numbers[2], 0, dotCorners), true, true, {}};
-    else if (shape.stroke == HatchTile::Stroke::Oval)
-        outline = {ovalRing(numbers, numbers[2], numbers[3], numbers[4], ovalCorners), true, false, {}};
-    else {
-        for (std::size_t number = 0; number + 1 < numbers.size(); number += 2)
-            outline.points.push_back({numbers[number], numbers[number + 1]});
-        outline.isFilled = shape.stroke == HatchTile::Stroke::Fill;
-        outline.isClosed = outline.isFilled;
-    }
-    outline.bounds = boundsOf(outline.points);
-    return outline;
-}
-
-void strokeTile(const Outline& outline, const Spot& corner, double unit, Clip& clip, HatchStrokes& strokes)
-{
-    Ring ring = outline.points;
-    for (Spot& spot : ring)
-        spot = {corner.x + spot.x * unit, corner.y + spot.y * unit};
-    if (outline.isFilled) {
-        if (clip.holds(ring))
-            strokes.fills.push_back(std::move(ring));
-        return;
-    }
-    for (std::size_t point = 0; point + 1 < ring.size(); ++point)
-        clip.cut(ring[point], ring[point + 1], strokes.lines);
-    if (outline.isClosed)
-        clip.cut(ring.back(), ring.front(), strokes.lines);
-}
 
 } // namespace
 
 HatchStrokes hatchStrokes(const Area& area, const Hatches& hatches)
 {
-    // A sheet of a metre filled with the densest tile stays below this; more is a mistake in the scale.
-    constexpr double mostTiles = 4'000'000;
-    HatchStrokes strokes;
     const auto found = hatches.find(area.hatch);
-    Clip clip(area.rings);
-    const Bounds& bounds = clip.bounds();
     if (found == hatches.end() || area.rings.empty() || !areFinite(area.rings) || !(area.hatchUnit > 0))
-        return strokes;
-    const double width = found->second.width * area.hatchUnit;
-    const double height = found->second.height * area.hatchUnit;
-    if (!((bounds.right - bounds.left) / width * ((bounds.bottom - bounds.top) / height) < mostTiles))
-        return strokes;
-    for (const HatchTile::Shape& shape : found->second.shapes) {
-        const Outline outline = outlineOf(shape);
-        const Bounds& reach = outline.bounds;
-        const double unit = area.hatchUnit;
-        // The tiles whose copy of the stroke may reach into the area.
-        const double firstRow = std::floor((bounds.top - area.origin.y - reach.bottom * unit) / height);
-        const double lastRow = std::ceil((bounds.bottom - area.origin.y - reach.top * unit) / height);
-        const double firstColumn = std::floor((bounds.left - area.origin.x - reach.right * unit) / width);
-        const double lastColumn = std::ceil((bounds.right - area.origin.x - reach.left * unit) / width);
-        const auto rows = static_cast<std::int64_t>(lastRow - firstRow);
-        const auto columns = static_cast<std::int64_t>(lastColumn - firstColumn);
-        for (std::int64_t row = 0; row <= rows; ++row)
-            for (std::int64_t column = 0; column <= columns; ++column) {
-                const Spot corner{area.origin.x + (firstColumn + static_cast<double>(column)) * width,
-                    area.origin.y + (firstRow + static_cast<double>(row)) * height};
-                const Bounds copy{corner.x + reach.left * unit,
-                    corner.y + reach.top * unit,
-                    corner.x + reach.right * unit,
-                    corner.y + reach.bottom * unit};
-                if (copy.meets(bounds))
-                    strokeTile(outline, corner, unit, clip, strokes);
-            }
-    }
-    return strokes;
+        return {};
+    return Hatcher(area, found->second).strokes();
+}
+
+std::vector<Spot> dotOutline(const Spot& centre, double radius)
+{
+    constexpr double slope = 0.70710678118654752;
+    std::vector<Spot> ring;
+    for (const Spot& way : {Spot{1, 0},
+             {slope, slope},
+             {0, 1},
+             {-slope, slope},
+             {-1, 0},
+             {-slope, -slope},
+             {0, -1},
+             {slope, -slope}})
+        ring.push_back({centre.x + way.x * radius, centre.y + way.y * radius});
+    return ring;
 }

@@ -5,6 +5,8 @@
 #include "platform/utf8.h"
 
 #include <algorithm>
+#include <array>
+#include <span>
 
 namespace
 {
@@ -55,7 +57,7 @@ void appendEscaped(std::string& out, std::wstring_view text)
     }
 }
 
-void appendSpots(std::string& out, const std::vector<Spot>& spots)
+void appendSpots(std::string& out, std::span<const Spot> spots)
 {
     char mark = 'M';
     for (const Spot& spot : spots) {
@@ -121,9 +123,11 @@ public:
             appendPen(out_, {std::min(area.hatchUnit, 0.18), area.hatchColor});
             out_ += " d=\"";
             for (const HatchStrokes::Segment& line : strokes.lines)
-                appendSpots(out_, {line.from, line.to});
+                appendSpots(out_, std::array{line.from, line.to});
             out_ += "\"/>\n";
         }
+        for (const HatchStrokes::Dots& dots : strokes.dots)
+            appendDots(dots, area.hatchColor);
         if (!strokes.fills.empty()) {
             out_ += "<path stroke=\"none\"";
             appendColor(out_, "fill", area.hatchColor);
@@ -162,6 +166,31 @@ public:
     }
 
 private:
+    // Each of two half circles.
+    void appendDots(const HatchStrokes::Dots& dots, const Color& color) const
+    {
+        if (dots.centres.empty())
+            return;
+        std::string arcs;
+        for (const double way : {2 * dots.radius, -2 * dots.radius}) {
+            arcs += 'a';
+            appendNumber(arcs, dots.radius);
+            arcs += ' ';
+            appendNumber(arcs, dots.radius);
+            arcs += " 0 0 0 ";
+            appendNumber(arcs, way);
+            arcs += " 0";
+        }
+        out_ += "<path stroke=\"none\"";
+        appendColor(out_, "fill", color);
+        out_ += " d=\"";
+        for (const Spot& centre : dots.centres) {
+            appendSpots(out_, std::array{Spot{centre.x - dots.radius, centre.y}});
+            out_.append(arcs).append("Z");
+        }
+        out_ += "\"/>\n";
+    }
+
     void appendRings(const std::vector<std::vector<Spot>>& rings) const
     {
         out_ += " d=\"";

@@ -29,11 +29,13 @@ constexpr std::size_t characterCount()
     return count;
 }
 
+constexpr std::size_t knownCharacters = characterCount();
+
 struct FontTable {
     int capital;
     int ascent;
     int descent;
-    std::array<std::uint16_t, characterCount()> widths;
+    std::array<std::uint16_t, knownCharacters> widths;
 };
 
 // In the order of Font.
@@ -50,19 +52,33 @@ const FontTable& tableOf(Font font)
     return fontTables[static_cast<std::size_t>(font)];
 }
 
+constexpr std::size_t placeIn(std::uint32_t character)
+{
+    std::size_t at = 0;
+    for (const CharacterRange& range : ranges) {
+        if (character >= range.first && character <= range.last)
+            return at + (character - range.first);
+        at += range.last - range.first + 1;
+    }
+    return knownCharacters;
+}
+
+// Nearly all texts are Latin and Cyrillic letters: their places in the tables are known beforehand.
+constexpr std::size_t commonCharacters = 0x500;
+constexpr std::array<std::uint16_t, commonCharacters> commonPlaces = [] {
+    std::array<std::uint16_t, commonCharacters> places{};
+    for (std::uint32_t character = 0; character < commonCharacters; ++character)
+        places[character] = static_cast<std::uint16_t>(placeIn(character));
+    return places;
+}();
+
 // A character that the fonts do not have comes from another one; it is taken as wide as a capital O.
 int widthOfCharacter(const FontTable& table, std::uint32_t character)
 {
     constexpr std::size_t capitalO = 'O' - ' ';
-    std::size_t at = 0;
-    for (const CharacterRange& range : ranges) {
-        if (character >= range.first && character <= range.last) {
-            const int width = table.widths[at + (character - range.first)];
-            return width ? width : table.widths[capitalO];
-        }
-        at += range.last - range.first + 1;
-    }
-    return table.widths[capitalO];
+    const std::size_t at = character < commonCharacters ? commonPlaces[character] : placeIn(character);
+    const int width = at < knownCharacters ? table.widths[at] : 0;
+    return width ? width : table.widths[capitalO];
 }
 
 int thousandths(const FontTable& table, std::wstring_view text)

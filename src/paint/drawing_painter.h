@@ -26,6 +26,7 @@ public:
 private:
     struct PaintedHatch {
         QVector<QLineF> lines;
+        std::vector<HatchStrokes::Dots> dots;
         QPainterPath fills;
     };
 

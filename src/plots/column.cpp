@@ -72,6 +72,7 @@ public:
         , look_(look)
         , field_(look.sheet.field())
         , lanes_(placedLanes(look, field_.left, field_.right))
+        , lines_(descriptionLines(data, measures(scale_).descriptionWidth))
     {
     }
 
@@ -96,6 +97,7 @@ private:
     ColumnMeasures measures(int scale) const
     {
         ColumnMeasures made;
+        made.lines = &lines_;
         made.perMetre = 1000.0 / scale;
         made.firstHeight = std::max(30.0, bodyHeight(true));
         made.nextHeight = std::max(30.0, bodyHeight(false));
@@ -217,6 +219,7 @@ private:
     Extent field_;
     std::vector<PlacedLane> lanes_;
     int scale_ = 100;
+    DescriptionLines lines_;
 };
 
 } // namespace

@@ -42,7 +42,12 @@ public:
         : data_(data)
         , measures_(measures)
         , depth_(drawnDepth(data))
+        , ownLines_(measures.lines ? DescriptionLines() : descriptionLines(data, measures.descriptionWidth))
+        , lines_(measures.lines ? *measures.lines : ownLines_)
     {
+        needed_.reserve(lines_.size());
+        for (const std::vector<std::wstring>& lines : lines_)
+            needed_.push_back(neededHeight(lines.size()));
     }
 
     std::vector<ColumnPage> plan() const
@@ -64,8 +69,7 @@ private:
     {
         ColumnPage page{rest.depth, std::min(depth_, rest.depth + height / measures_.perMetre), height, {}};
         for (;;) {
-            page.rows = rowsOf(page, rest);
-            const bool rowsFit = neededOf(page.rows) <= height + hair;
+            const bool rowsFit = neededOn(page, rest) <= height + hair;
             if (rowsFit && labelsFit(page))
                 break;
             const double earlier = boundaryAbove(page);
@@ -76,6 +80,7 @@ private:
             else
                 break;
         }
+        page.rows = rowsOf(page, rest);
         // What is left of a description may take the sheet alone.
         if (page.rows.size() > 1 && page.rows.front().bottom <= page.top + hair
             && page.rows.front().needed + neededHeight(1) > height) {
@@ -93,14 +98,15 @@ private:
         const bool isOver = rest.layer && rest.layer->bottom <= page.top + hair;
         if (isOver)
             rows.push_back({rest.layer, page.top, page.top, false, false, rest.lines});
-        for (const ColumnLayer& layer : data_.layers) {
-            if (layer.bottom <= page.top + hair || layer.top >= page.bottom - hair)
+        for (std::size_t number = 0; number < data_.layers.size(); ++number) {
+            const ColumnLayer& layer = data_.layers[number];
+            if (!isOn(page, layer))
                 continue;
             ColumnRow row{&layer, std::max(layer.top, page.top), std::min(layer.bottom, page.bottom)};
-            row.beginsHere = layer.top >= page.top - hair;
+            row.beginsHere = beginsOn(page, layer);
             row.endsHere = layer.bottom <= page.bottom + hair;
             if (row.beginsHere)
-                row.lines = linesOf(layer);
+                row.lines = lines_[number];
             else if (rest.layer == &layer)
                 row.lines = rest.lines;
             rows.push_back(std::move(row));
@@ -110,18 +116,30 @@ private:
         return rows;
     }
 
-    std::vector<std::wstring> linesOf(const ColumnLayer& layer) const
+    static bool isOn(const ColumnPage& page, const ColumnLayer& layer)
     {
-        if (measures_.descriptionWidth <= 0 || layer.description.empty())
-            return {};
-        return brokenLines(layer.description, Font::Narrow, descriptionHeight, measures_.descriptionWidth);
+        return layer.bottom > page.top + hair && layer.top < page.bottom - hair;
     }
 
-    static double neededOf(const std::vector<ColumnRow>& rows)
+    static bool beginsOn(const ColumnPage& page, const ColumnLayer& layer)
     {
-        double sum = 0;
-        for (const ColumnRow& row : rows)
-            sum += row.needed;
+        return layer.top >= page.top - hair;
+    }
+
+    // The height of what rowsOf would make.
+    double neededOn(const ColumnPage& page, const Rest& rest) const
+    {
+        const double neededByRest = neededHeight(rest.lines.size());
+        double sum = rest.layer && rest.layer->bottom <= page.top + hair ? neededByRest : 0;
+        for (std::size_t number = 0; number < data_.layers.size(); ++number) {
+            const ColumnLayer& layer = data_.layers[number];
+            if (!isOn(page, layer))
+                continue;
+            if (beginsOn(page, layer))
+                sum += needed_[number];
+            else
+                sum += rest.layer == &layer ? neededByRest : neededHeight(0);
+        }
         return sum;
     }
 
@@ -187,9 +205,22 @@ private:
     const ColumnData& data_;
     const ColumnMeasures& measures_;
     double depth_;
+    DescriptionLines ownLines_;
+    const DescriptionLines& lines_;
+    std::vector<double> needed_; // mm, one a layer that begins on the sheet
 };
 
 } // namespace
+
+DescriptionLines descriptionLines(const ColumnData& data, double width)
+{
+    DescriptionLines lines;
+    for (const ColumnLayer& layer : data.layers)
+        lines.push_back(width <= 0 || layer.description.empty()
+                ? std::vector<std::wstring>()
+                : brokenLines(layer.description, Font::Narrow, descriptionHeight, width));
+    return lines;
+}
 
 std::vector<double> spreadApart(
     const std::vector<double>& wanted, const std::vector<double>& heights, double limit)

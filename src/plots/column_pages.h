@@ -24,6 +24,10 @@ struct ColumnPage {
     std::vector<ColumnRow> rows = {};
 };
 
+// The lines of each layer's description.
+using DescriptionLines = std::vector<std::vector<std::wstring>>;
+DescriptionLines descriptionLines(const ColumnData& data, double width);
+
 // What the planning must know of the look.
 struct ColumnMeasures {
     double perMetre = 10; // mm of paper
@@ -32,6 +36,7 @@ struct ColumnMeasures {
     double descriptionWidth = 60; // mm for the text; 0: no such lane
     double labelHeight = 0; // of a sample; 0: no such lane
     double waterHeight = 0;
+    const DescriptionLines* lines = nullptr; // in that width, where they are known from an earlier plan
 };
 
 inline constexpr double descriptionHeight = 2.2; // of its capitals, mm

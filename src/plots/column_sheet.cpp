@@ -6,6 +6,7 @@
 #include "plots/graph.h"
 
 #include <algorithm>
+#include <optional>
 
 ColumnSheet::ColumnSheet(Drawing& drawing,
     const ColumnData& data,
@@ -68,9 +69,13 @@ void ColumnSheet::draw(double top, bool isLast)
             drawLeaders(placed, false);
     }
     sketch_.setLayer(Layer::Table);
+    // Lanes that touch share a line.
+    std::optional<double> drawn;
     for (const PlacedLane& placed : lanes_) {
-        sketch_.line({placed.left, bodyTop_}, {placed.left, bottom_}, middleLine);
+        if (drawn != placed.left)
+            sketch_.line({placed.left, bodyTop_}, {placed.left, bottom_}, middleLine);
         sketch_.line({placed.right, bodyTop_}, {placed.right, bottom_}, middleLine);
+        drawn = placed.right;
     }
     if (!lanes_.empty())
         sketch_.line({lanes_.front().left, bottom_}, {lanes_.back().right, bottom_}, middleLine);

@@ -64,7 +64,7 @@ TEST(Dxf, HoldsEveryShape)
         for (const double radius : {1.0, 2.0})
             drawing.items.push_back({Layer::Sample, 0, Circle{{x, 20}, radius}, "SAMPLE", {x, 20}});
     const Hatches hatches = readHatches({{7, [] {
-                                              const std::string tile = "a\n5 5\nline 0 2 5 2\n";
+                                              const std::string tile = "a\n5 5\nline 0 2 5 2\ndot 2 4 1\n";
                                               return std::vector<std::uint8_t>(tile.begin(), tile.end());
                                           }()}});
     const std::string file = toDxf(drawing, hatches);
@@ -74,12 +74,12 @@ TEST(Dxf, HoldsEveryShape)
     EXPECT_EQ(records.back().front().value, "EOF");
 
     const Records lines = recordsOf(records, "LINE");
-    ASSERT_EQ(lines.size(), 5U) << "two hatch lines of two tiles each, one boundary";
+    ASSERT_EQ(lines.size(), 3U) << "two hatch lines through the tiles, one boundary";
     EXPECT_EQ(dxfValue(lines[0], 8), "\xD0\xE0\xE7\xF0\xE5\xE7_\xF8\xF2\xF0\xE8\xF5\xEE\xE2\xEA\xE0");
-    EXPECT_EQ(dxfValue(lines[4], 6), "DASHED");
-    EXPECT_EQ(dxfValue(lines[4], 11), "5.25");
-    EXPECT_EQ(dxfValue(lines[4], 20), "50.0") << "y counts upwards";
-    EXPECT_EQ(dxfValue(lines[4], 21), "0.0");
+    EXPECT_EQ(dxfValue(lines[2], 6), "DASHED");
+    EXPECT_EQ(dxfValue(lines[2], 11), "5.25");
+    EXPECT_EQ(dxfValue(lines[2], 20), "50.0") << "y counts upwards";
+    EXPECT_EQ(dxfValue(lines[2], 21), "0.0");
 
     const Records polylines = recordsOf(records, "POLYLINE");
     ASSERT_EQ(polylines.size(), 2U);
@@ -87,8 +87,10 @@ TEST(Dxf, HoldsEveryShape)
     EXPECT_EQ(dxfValue(polylines[1], 40), "0.7");
     EXPECT_EQ(recordsOf(records, "VERTEX").size(), 6U);
     EXPECT_EQ(recordsOf(records, "SEQEND").size(), 2U);
-    ASSERT_EQ(recordsOf(records, "SOLID").size(), 2U);
-    EXPECT_EQ(dxfValue(recordsOf(records, "SOLID")[0], 62), "1");
+    const Records solids = recordsOf(records, "SOLID");
+    ASSERT_EQ(solids.size(), 5U) << "three of a dot, two of the ground";
+    EXPECT_EQ(dxfValue(solids[0], 62), "0") << "the colour of the place";
+    EXPECT_EQ(dxfValue(solids[4], 62), "1");
 
     const Records texts = recordsOf(records, "TEXT");
     ASSERT_EQ(texts.size(), 1U);
@@ -97,13 +99,19 @@ TEST(Dxf, HoldsEveryShape)
     EXPECT_EQ(dxfValue(texts[0], 21), "40.0");
     EXPECT_EQ(dxfValue(texts[0], 7), "lc_opengost-br");
 
-    EXPECT_EQ(recordsOf(records, "BLOCK").size(), 1U);
+    const Records blocks = recordsOf(records, "BLOCK");
+    ASSERT_EQ(blocks.size(), 2U);
+    EXPECT_EQ(dxfValue(blocks[0], 2), "DOT1000");
     EXPECT_EQ(recordsOf(records, "CIRCLE").size(), 2U) << "in the block alone";
     EXPECT_EQ(dxfValue(recordsOf(records, "CIRCLE")[0], 10), "0.0");
     const Records inserts = recordsOf(records, "INSERT");
-    ASSERT_EQ(inserts.size(), 2U);
-    EXPECT_EQ(dxfValue(inserts[1], 10), "60.0");
-    EXPECT_EQ(dxfValue(inserts[1], 20), "30.0");
+    ASSERT_EQ(inserts.size(), 6U) << "four dots, two signs";
+    EXPECT_EQ(dxfValue(inserts[3], 2), "DOT1000");
+    EXPECT_EQ(dxfValue(inserts[3], 10), "7.0");
+    EXPECT_EQ(dxfValue(inserts[3], 20), "41.0");
+    EXPECT_EQ(dxfValue(inserts[3], 62), "7");
+    EXPECT_EQ(dxfValue(inserts[5], 10), "60.0");
+    EXPECT_EQ(dxfValue(inserts[5], 20), "30.0");
 }
 
 static double areaOf(const std::vector<std::array<Spot, 3>>& triangles)

@@ -69,6 +69,44 @@ TEST(HatchStrokes, LinesFillTheBoxAndStayInside)
     }
 }
 
+// Strokes that go on from tile to tile, in any direction and cut into any pieces, are lines from edge to
+// edge.
+TEST(HatchStrokes, StraightStrokesRunThroughTheTiles)
+{
+    struct Case {
+        const char* tile;
+        double lengthOfTile;
+        std::size_t lines; // in a box of four by two tiles
+    };
+    const double slope = std::sqrt(2.0);
+    const Case cases[] = {
+        {"a\n10 10\nline 0 5 10 5\n", 10, 2},
+        {"a\n10 10\nline 7 10 7 0\n", 10, 4},
+        {"a\n10 10\nline 0 5 4 5\nline 10 5 4 5\n", 10, 2},
+        {"a\n10 10\nline 0 5 20 5\n", 10, 2}, // lies over its own next
+        {"a\n10 10\nline 0 0 10 10\n", 10 * slope, 5},
+        {"a\n24 24\nline 0 12 12 0\nline 0 24 24 0\nline 12 24 24 12\n", 48 * slope, 11},
+        {"a\n10 10\nline 0 0 10 20\n", std::hypot(10, 20), 9},
+        {"a\n10 10\nline 2 5 8 5\n", 6, 8},
+        {"a\n10 10\nline 2 5 5 5\nline 5 5 8 5\n", 6, 8},
+        {"a\n10 10\nline 2 5 12 5 12 6\n", 11, 18}, // bends: stays a stroke of each tile
+    };
+    for (const Case& row : cases) {
+        const Hatches hatches = hatchOf(row.tile);
+        const double side = hatches.at(1).width;
+        const HatchStrokes box = hatchStrokes(boxOf(0, 0, 4 * side, 2 * side), hatches);
+        EXPECT_NEAR(lengthOf(box), 8 * row.lengthOfTile, 1e-6) << row.tile;
+        EXPECT_EQ(box.lines.size(), row.lines) << row.tile;
+        // The same with sides that are walked over, in halves.
+        Area half = boxOf(0, 0, 4 * side, 2 * side);
+        half.rings = {{{0, 0}, {4 * side, 0}, {0, 2 * side}}};
+        const double upper = lengthOf(hatchStrokes(half, hatches));
+        half.rings = {{{4 * side, 0}, {4 * side, 2 * side}, {0, 2 * side}}};
+        EXPECT_NEAR(upper + lengthOf(hatchStrokes(half, hatches)), 8 * row.lengthOfTile, 1e-6) << row.tile;
+        EXPECT_GT(upper, 0.3 * 8 * row.lengthOfTile) << row.tile;
+    }
+}
+
 TEST(HatchStrokes, HolesStayFree)
 {
     Area area = boxOf(0, 0, 20, 20);
@@ -96,9 +134,9 @@ TEST(HatchStrokes, DotsAreWholeOrNotThere)
     const Hatches hatches = hatchOf("a\n10 10\ndot 10 5 4\n");
     // The dots at the two edges are cut, that in the middle is whole.
     const HatchStrokes strokes = hatchStrokes(boxOf(0, 0, 20, 10), hatches);
-    ASSERT_EQ(strokes.fills.size(), 1U);
-    for (const Spot& spot : strokes.fills.front())
-        EXPECT_NEAR(std::hypot(spot.x - 10, spot.y - 5), 2, 1e-9);
+    ASSERT_EQ(strokes.dots.size(), 1U);
+    EXPECT_EQ(strokes.dots.front().radius, 2);
+    EXPECT_EQ(strokes.dots.front().centres, (std::vector<Spot>{{10, 5}}));
     const HatchStrokes oval = hatchStrokes(boxOf(0, 0, 20, 10), hatchOf("a\n10 10\noval 5 5 4 4 0\n"));
     EXPECT_NEAR(lengthOf(oval), 2 * 3.14159 * 2 * 2, 0.2);
 }
