@@ -83,7 +83,7 @@ TableCell numberOrText(const std::string& text)
     return cell;
 }
 
-TableBlock blockOf(std::shared_ptr<const CsvTable> table)
+TableBlock blockOf(const std::shared_ptr<const CsvTable>& table)
 {
     TableBlock block;
     block.title = titleOf(table->name);
