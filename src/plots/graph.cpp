@@ -36,6 +36,7 @@ std::vector<double> stepsBetween(double from, double to, double step)
     const double first = std::ceil(from / step - slack);
     const int count = static_cast<int>(std::floor(to / step + slack) - first) + 1;
     std::vector<double> steps;
+    steps.reserve(static_cast<std::size_t>(std::max(0, count)));
     for (int i = 0; i < count; ++i)
         steps.push_back((first + i) * step);
     return steps;
