@@ -4,28 +4,18 @@
 #include "db/exact_key.h"
 #include "modules/idbproject.h"
 
+#include <any>
 #include <optional>
 #include <set>
 #include <string>
 #include <unordered_map>
 #include <utility>
-#include <variant>
 #include <vector>
 
 class ISettings;
 
-// A layer with the number of its element, which the project keeps in the numbered links; empty: none given.
-struct LayerValue : LithologyValue {
-    LayerValue() = default;
-    explicit LayerValue(const LithologyValue& layer)
-        : LithologyValue(layer)
-    {
-    }
-
-    std::wstring element;
-};
-
-using RegisterValue = std::variant<LayerValue, SampleValue, WaterValue, ConsistencyValue>;
+// A record of a register as screens and undo steps keep it. Only the register of its kind looks into it.
+using RegisterValue = std::any;
 
 // A row of a point as the screen keeps it: what is typed, and what of it the project has. A row that the
 // project has stays in it as it last could be stored, whatever is typed over it.
@@ -85,9 +75,7 @@ public:
     virtual int depthColumn() const = 0;
     // What a point without rows shows.
     virtual QString emptyText() const = 0;
-    // The cells of a value, depth and computed ones empty.
     virtual QVector<QString> cells(const RegisterValue& value) const = 0;
-    // Reads what was typed into a cell; the reason why not, or nothing.
     virtual QString read(int column, const QString& text, RegisterValue& value) const = 0;
     // Fills the computed cells and the warnings of all rows of a point.
     virtual void complete(GridRows& rows, const PointFacts& point) const = 0;
@@ -154,6 +142,15 @@ public:
     {
     }
 
+    QVector<QString> cells(const RegisterValue& value) const final
+    {
+        return cellsOf(std::any_cast<const Kept&>(value));
+    }
+    QString read(int column, const QString& text, RegisterValue& value) const final
+    {
+        return readCell(column, text, std::any_cast<Kept&>(value));
+    }
+
     Counts counts(IDBProject& project) const override
     {
         Counts counts;
@@ -177,6 +174,11 @@ public:
     }
 
 protected:
+    // The cells of a record, depth and computed ones empty.
+    virtual QVector<QString> cellsOf(const Kept& value) const = 0;
+    // Reads what was typed into a cell; the reason why not, or nothing.
+    virtual QString readCell(int column, const QString& text, Kept& value) const = 0;
+
     RegisterValue blankValue() const override { return Kept(); }
     // A walk, not a search: the ordering may part the rows of a point whose name it cannot tell from others.
     DepthsAndValues load(IDBProject& project, const std::wstring& point) const override
@@ -191,11 +193,11 @@ protected:
     {
         Map& map = (project.*getter_)();
         if (const auto found = findExact(map, key); found != map.end())
-            found->second = std::get<Kept>(value);
+            found->second = std::any_cast<const Kept&>(value);
     }
     bool add(IDBProject& project, const PointDepthKey& key, const RegisterValue& value) const override
     {
-        return (project.*adder_)(key, std::get<Kept>(value));
+        return (project.*adder_)(key, std::any_cast<const Kept&>(value));
     }
     void erase(IDBProject& project, const PointDepthKey& key) const override
     {

@@ -40,18 +40,6 @@ public:
             {QStringLiteral("Консистенция"), GridColumn::Choice, 240, kinds_.names()}};
     }
 
-    QVector<QString> cells(const RegisterValue& value) const override
-    {
-        return {QString(), QString(), kinds_.nameOf(std::get<ConsistencyValue>(value).consistencyKind)};
-    }
-
-    QString read(int column, const QString& text, RegisterValue& value) const override
-    {
-        if (column != Kind || kinds_.read(text, std::get<ConsistencyValue>(value).consistencyKind))
-            return {};
-        return QStringLiteral("Выберите консистенцию из списка.");
-    }
-
     // An interval begins where the one above ends.
     void complete(GridRows& rows, const PointFacts&) const override
     {
@@ -62,6 +50,19 @@ public:
             row.cells[From] = from;
             from = row.cells[To];
         }
+    }
+
+protected:
+    QVector<QString> cellsOf(const ConsistencyValue& interval) const override
+    {
+        return {QString(), QString(), kinds_.nameOf(interval.consistencyKind)};
+    }
+
+    QString readCell(int column, const QString& text, ConsistencyValue& interval) const override
+    {
+        if (column != Kind || kinds_.read(text, interval.consistencyKind))
+            return {};
+        return QStringLiteral("Выберите консистенцию из списка.");
     }
 
 private:

@@ -48,9 +48,8 @@ QString LayerRegister::shownElement(const std::wstring& element) const
     return QString::fromStdWString(isTaken ? element : std::wstring(brief));
 }
 
-QVector<QString> LayerRegister::cells(const RegisterValue& value) const
+QVector<QString> LayerRegister::cellsOf(const LayerValue& layer) const
 {
-    const auto& layer = std::get<LayerValue>(value);
     return {QString(),
         QString(),
         QString(),
@@ -59,9 +58,8 @@ QVector<QString> LayerRegister::cells(const RegisterValue& value) const
         shownElement(layer.element)};
 }
 
-QString LayerRegister::read(int column, const QString& text, RegisterValue& value) const
+QString LayerRegister::readCell(int column, const QString& text, LayerValue& layer) const
 {
-    auto& layer = std::get<LayerValue>(value);
     if (column == Index)
         layer.geoIndex = text.toStdWString();
     else if (column == Description)
@@ -85,7 +83,7 @@ DepthRegister::DepthsAndValues LayerRegister::load(IDBProject& project, const st
     NumberedLinks& links = project.getNumberedLinks();
     for (std::size_t layer = 0; layer < rows.size() && !links.empty(); ++layer)
         if (const auto link = links.find(layerLinkKey(point, layer + 1)); link != links.end())
-            std::get<LayerValue>(rows[layer].second).element = link->second;
+            std::any_cast<LayerValue&>(rows[layer].second).element = link->second;
     return rows;
 }
 
@@ -103,7 +101,7 @@ void LayerRegister::relink(IDBProject& project,
     const RegisterRows& stored) const
 {
     const auto elementOf = [](const RegisterRow& row) -> const std::wstring& {
-        return std::get<LayerValue>(row.value).element;
+        return std::any_cast<const LayerValue&>(row.value).element;
     };
     std::map<std::wstring, std::size_t> formerNumbers;
     for (const auto& [depth, value] : former)

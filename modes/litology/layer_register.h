@@ -2,6 +2,17 @@
 
 #include "common/depth_register.h"
 
+// A layer with the number of its element, which the project keeps in the numbered links; empty: none given.
+struct LayerValue : LithologyValue {
+    LayerValue() = default;
+    explicit LayerValue(const LithologyValue& layer)
+        : LithologyValue(layer)
+    {
+    }
+
+    std::wstring element;
+};
+
 // The layers of a point, by the depth of their bottom, with their elements.
 class LayerRegister : public DepthRegisterOf<LithologyRegister, LayerValue>
 {
@@ -17,8 +28,6 @@ public:
     QVector<GridColumn> columns() const override;
     int depthColumn() const override { return Bottom; }
     QString emptyText() const override;
-    QVector<QString> cells(const RegisterValue& value) const override;
-    QString read(int column, const QString& text, RegisterValue& value) const override;
     void complete(GridRows& rows, const PointFacts& point) const override;
     void useSettings(ISettings*) override { }
     void useProject(IDBProject* project) override;
@@ -27,6 +36,8 @@ public:
     RegisterRows store(IDBProject& project, const PointState& state) const override;
 
 protected:
+    QVector<QString> cellsOf(const LayerValue& layer) const override;
+    QString readCell(int column, const QString& text, LayerValue& layer) const override;
     DepthsAndValues load(IDBProject& project, const std::wstring& point) const override;
 
 private:

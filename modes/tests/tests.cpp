@@ -32,19 +32,19 @@ public:
             {QStringLiteral("Вид пробы"), GridColumn::Choice, 220, kinds_.names()}};
     }
 
-    QVector<QString> cells(const RegisterValue& value) const override
-    {
-        return {QString(), kinds_.nameOf(std::get<SampleValue>(value).sampleKind)};
-    }
-
-    QString read(int, const QString& text, RegisterValue& value) const override
-    {
-        return kinds_.read(text, std::get<SampleValue>(value).sampleKind)
-            ? QString()
-            : QStringLiteral("Выберите вид пробы из списка.");
-    }
-
     void complete(GridRows&, const PointFacts&) const override { }
+
+protected:
+    QVector<QString> cellsOf(const SampleValue& sample) const override
+    {
+        return {QString(), kinds_.nameOf(sample.sampleKind)};
+    }
+
+    QString readCell(int, const QString& text, SampleValue& sample) const override
+    {
+        return kinds_.read(text, sample.sampleKind) ? QString()
+                                                    : QStringLiteral("Выберите вид пробы из списка.");
+    }
 
 private:
     NamedNumbers kinds_;

@@ -37,26 +37,25 @@ public:
             {QStringLiteral("Установление"), GridColumn::Flag, 110}};
     }
 
-    QVector<QString> cells(const RegisterValue& value) const override
+    void complete(GridRows&, const PointFacts&) const override { }
+
+protected:
+    QVector<QString> cellsOf(const WaterValue& level) const override
     {
-        const auto& level = std::get<WaterValue>(value);
         return {QString(),
             QString::fromStdWString(dateText(level.date)),
             flagText(level.flagA),
             flagText(level.flagB)};
     }
 
-    QString read(int column, const QString& text, RegisterValue& value) const override
+    QString readCell(int column, const QString& text, WaterValue& level) const override
     {
-        auto& level = std::get<WaterValue>(value);
         if (column == Date)
             return readDateCell(text, level.date);
         std::int32_t& flag = column == Appeared ? level.flagA : level.flagB;
         flag = text.isEmpty() ? 0 : 1;
         return {};
     }
-
-    void complete(GridRows&, const PointFacts&) const override { }
 
 private:
     static QString readDateCell(const QString& text, Date3& date)
