@@ -2,9 +2,14 @@
 
 #include "core/base/mexception.h"
 #include "modules/itx_undo_redo.h"
+#include "modules/unsaved_cells.h"
 
+#include <QDynamicPropertyChangeEvent>
 #include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMessageBox>
+#include <QVariant>
 
 #include <exception>
 
@@ -72,8 +77,17 @@ void ModeScreen::connectShell()
 void ModeScreen::Observer::update()
 {
     screen_->isStale_ = true;
-    if (screen_->isVisible())
+    if (screen_->isInView())
         screen_->readIfStale();
+}
+
+// The shell's current mode does not tell that: two screens may stand side by side, and after a close that was
+// called off there is none. It tells of the project anew before it brings a screen to the front.
+bool ModeScreen::isInView() const
+{
+    const auto* own = dynamic_cast<const QMdiSubWindow*>(parentWidget());
+    const QMdiSubWindow* current = own && own->mdiArea() ? own->mdiArea()->currentSubWindow() : nullptr;
+    return isVisible() && (!current || current == own || !current->isMaximized());
 }
 
 void ModeScreen::observe()
@@ -115,6 +129,15 @@ void ModeScreen::showEvent(QShowEvent* event)
         readSoon();
 }
 
+bool ModeScreen::event(QEvent* event)
+{
+    if (event->type() == QEvent::DynamicPropertyChange
+        && static_cast<QDynamicPropertyChangeEvent*>(event)->propertyName() == shownCellProperty)
+        if (const QVariant number = property(shownCellProperty); number.isValid())
+            showUnsaved(number.toInt());
+    return TXWidget::event(event);
+}
+
 void ModeScreen::execute(IMCommand* command)
 {
     observe();
@@ -147,4 +170,13 @@ void ModeScreen::tellActions(bool canAdd, bool canDelete)
 void ModeScreen::say(const QString& text)
 {
     Q_EMIT signalShowStatusMessage(text.toStdWString());
+}
+
+void ModeScreen::tellUnsaved(const QStringList& cells)
+{
+    setProperty(unsavedCellsProperty, cells);
+    const QString first = cells.value(0);
+    if (controller_->currentMode() == mode_ && first != toldUnsaved_)
+        say(first.isEmpty() ? QStringLiteral("Готово.") : first);
+    toldUnsaved_ = first;
 }

@@ -19,7 +19,8 @@ class IMCommand;
 // When it reads. Whatever changes the project ends in readProject(): at once where the screen is in view,
 // whichever mode is current (two screens may stand side by side), else when it comes into view. What the
 // shell tells on a change of mode, up to three times, is read once, with the next round of events. So a
-// constructor reads nothing; call readIfStale() where the present state is needed now.
+// constructor reads nothing; call readIfStale() where the present state is needed now. Behind another screen
+// that fills the window there is nobody to see it.
 //
 // How it writes. By change() alone: an undo step in the context of the moment that puts a plain state into
 // the project and tells all observers. The step outlives the screen, so nothing of it may hold a widget.
@@ -62,6 +63,9 @@ public:
     // A line for the user: in the status bar where the shell listens to this mode (1, 3 to 6, 10, 11, 17,
     // 22). Others override it.
     virtual void say(const QString& text);
+    // The cells that are kept as typed because the project cannot take them, each "where: why". The shell
+    // names them at a save and before a closing; the first one is said where it is another than before.
+    void tellUnsaved(const QStringList& cells);
 
 protected:
     // Shows the project anew; null: none is open.
@@ -73,6 +77,8 @@ protected:
     virtual void closeEditors() { }
     // Whether all that was typed is in the project. It is there already for a screen that writes by change().
     virtual bool store() { return true; }
+    // Brings one of the cells of tellUnsaved() into view, by its number there.
+    virtual void showUnsaved(int) { }
     // The screen is the current one: tell the actions, set what the facade keeps of the view, take the focus.
     virtual void becomeCurrent() { tellActions(false, false); }
     virtual void addRecord() { }
@@ -94,6 +100,7 @@ protected:
     void observe();
 
     void showEvent(QShowEvent* event) override;
+    bool event(QEvent* event) override;
 
 private:
     // Apart from the widget, whose own update() repaints.
@@ -111,6 +118,7 @@ private:
     };
 
     void connectShell();
+    bool isInView() const;
 
     const TX_Modes mode_;
     ITellurixController* const controller_;
@@ -118,4 +126,5 @@ private:
     const IDBProject* read_ = nullptr; // only compared
     bool isStale_ = true;
     bool readsSoon_ = false;
+    QString toldUnsaved_;
 };

@@ -1,19 +1,17 @@
 #include "common/point_register_screen.h"
 
 #include "common/edit_grid.h"
+#include "common/exchange_command.h"
 #include "common/notice_bar.h"
 #include "common/point_list.h"
 #include "common/view_settings.h"
 #include "core/base/reading_order.h"
 #include "core/base/reference.h"
 #include "modules/itx_undo_redo.h"
-#include "modules/unsaved_cells.h"
 
 #include <QApplication>
-#include <QDynamicPropertyChangeEvent>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QSettings>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -33,10 +31,8 @@ PointRegisterScreen::PointRegisterScreen(TX_Modes mode,
     std::shared_ptr<DepthRegister> depthRegister,
     ITellurixController* controller,
     QWidget* parent)
-    : TXWidget(parent)
-    , mode_(mode)
+    : ModeScreen(mode, controller, parent)
     , register_(std::move(depthRegister))
-    , controller_(controller)
     , memory_(memoryOf(mode, controller))
     , points_(new PointList(this))
     , head_(new QLabel(this))
@@ -49,28 +45,7 @@ PointRegisterScreen::PointRegisterScreen(TX_Modes mode,
     grid_->setAccessibleName(QStringLiteral("Записи точки"));
     layOut();
     connectViews();
-    connectShell();
-    reload();
-}
-
-PointRegisterScreen::~PointRegisterScreen()
-{
-    controller_->detach(this);
-    const auto settings = viewSettings();
-    settings->setValue(splitterKey("points"), splitter_->saveState());
-    settings->setValue(splitterKey("side"), table_->saveState());
-}
-
-QString PointRegisterScreen::splitterKey(const char* part) const
-{
-    return QStringLiteral("splitters/%1/%2").arg(register_->name(), QLatin1String(part));
-}
-
-void PointRegisterScreen::arrangeSplitter(QSplitter* splitter, const char* part, const QList<int>& sizes)
-{
-    splitter->setChildrenCollapsible(false);
-    splitter->setSizes(sizes);
-    splitter->restoreState(viewSettings()->value(splitterKey(part)).toByteArray());
+    readIfStale();
 }
 
 void PointRegisterScreen::layOut()
@@ -100,7 +75,7 @@ void PointRegisterScreen::layOut()
     splitter_->addWidget(points_);
     splitter_->addWidget(right);
     splitter_->setStretchFactor(1, 1);
-    arrangeSplitter(splitter_, "points", {170, 800});
+    keepSplitter(splitter_, register_->name() + QStringLiteral("/points"), {170, 800});
     grid_->setEmptyText(register_->emptyText());
     setFocusProxy(grid_);
 }
@@ -110,7 +85,7 @@ void PointRegisterScreen::setSideView(QWidget* view)
     table_->addWidget(view);
     table_->setStretchFactor(0, 3);
     table_->setStretchFactor(1, 2);
-    arrangeSplitter(table_, "side", {540, 460});
+    keepSplitter(table_, register_->name() + QStringLiteral("/side"), {540, 460});
     showPoint();
 }
 
@@ -120,40 +95,37 @@ void PointRegisterScreen::connectViews()
     connect(points_, &PointList::entered, grid_, [this] { grid_->setFocus(); });
     connect(grid_, &EditGrid::edited, this, &PointRegisterScreen::edit);
     connect(grid_, &EditGrid::told, this, [this](const QString& text) {
-        Q_EMIT signalShowStatusMessage(text.isEmpty() ? L"Готово." : text.toStdWString());
+        say(text.isEmpty() ? QStringLiteral("Готово.") : text);
     });
     connect(commas_, &NoticeBar::remedyWanted, this, &PointRegisterScreen::mendRegister);
 }
 
-void PointRegisterScreen::connectShell()
+void PointRegisterScreen::closeEditors()
 {
-    connect(this, &TXWidget::signalCloseAllEditCell, grid_, [this] { grid_->closeEditor(); });
-    connect(this, &TXWidget::signalUpdateDB, this, &PointRegisterScreen::storeAll);
-    connect(this, &TXWidget::signalDelSelectedRecord, grid_, &EditGrid::deleteSelectedRows);
-    connect(this, &TXWidget::signalAddSelectedRecord, grid_, &EditGrid::addRow);
-    connect(this, &TXWidget::signalUpdateInfo, this, [this] { reload(wantedPoint()); });
-    connect(this, &TXWidget::signalUpdateMode, this, &PointRegisterScreen::becomeCurrent);
+    grid_->closeEditor();
 }
 
-// The shell drops its observers when a project is opened, so the place among them is taken anew.
-void PointRegisterScreen::observe()
+void PointRegisterScreen::addRecord()
 {
-    controller_->detach(this);
-    controller_->attach(this);
+    grid_->addRow();
+}
+
+void PointRegisterScreen::deleteRecords()
+{
+    grid_->deleteSelectedRows();
 }
 
 // The user comes from another screen: its point is shown here too, where there is one of that name.
 const std::wstring& PointRegisterScreen::wantedPoint() const
 {
-    return controller_->currentMode() == mode_ ? controller_->editedSample() : point_;
+    return controller()->currentMode() == mode() ? controller()->editedSample() : point_;
 }
 
-// A new screen has read the project already, and an old one has been told to before.
 void PointRegisterScreen::becomeCurrent()
 {
-    observe();
-    if (wantedPoint() != point_ || memory_->project != controller_->project())
-        reload(wantedPoint());
+    readIfStale();
+    if (wantedPoint() != point_ || memory_->project != project())
+        readProject(project());
     showAccess();
     if (isVisible() && !isAncestorOf(QApplication::focusWidget()))
         grid_->setFocus();
@@ -198,17 +170,11 @@ QVector<ListedPoint> PointRegisterScreen::listedPoints(IDBProject& project) cons
     return points;
 }
 
-void PointRegisterScreen::reload()
+void PointRegisterScreen::readProject(IDBProject* project)
 {
-    reload(point_);
-}
-
-void PointRegisterScreen::reload(const std::wstring& wanted)
-{
-    observe();
-    IDBProject* project = controller_->project();
+    const std::wstring wanted = wantedPoint();
     forgetOtherProject(project);
-    register_->useSettings(controller_->settings());
+    register_->useSettings(settings());
     register_->useProject(project);
     const QVector<GridColumn> columns = register_->columns();
     for (int column = 0; column < columns.size(); ++column)
@@ -259,8 +225,8 @@ void PointRegisterScreen::takePoint(const QVector<ListedPoint>& points, const st
     if (next != point_)
         leavePoint();
     point_ = next;
-    if (controller_->currentMode() == mode_)
-        controller_->setEditedSample(point_);
+    if (controller()->currentMode() == mode())
+        controller()->setEditedSample(point_);
 }
 
 static QString headOf(const PointFacts& point)
@@ -277,17 +243,17 @@ static QString headOf(const PointFacts& point)
 
 void PointRegisterScreen::showPoint()
 {
-    IDBProject* project = controller_->project();
-    grid_->setEditingAllowed(project && !point_.empty());
-    if (!project || point_.empty()) {
+    IDBProject* open = project();
+    grid_->setEditingAllowed(open && !point_.empty());
+    if (!open || point_.empty()) {
         rows_.clear();
         grid_->setRows({});
         rowsShown({}, {});
         return;
     }
-    rows_ = register_->rowsOf(*project, point_, memory_->rows[point_]);
+    rows_ = register_->rowsOf(*open, point_, memory_->rows[point_]);
     memory_->rows[point_] = rows_;
-    const PointFacts facts = pointFacts(*project, point_);
+    const PointFacts facts = pointFacts(*open, point_);
     const GridRows shown = register_->shown(rows_, facts);
     head_->setText(headOf(facts));
     grid_->setRows(shown);
@@ -299,7 +265,7 @@ void PointRegisterScreen::choosePoint(const QString& name)
     grid_->closeEditor();
     leavePoint();
     point_ = name.toStdWString();
-    controller_->setEditedSample(point_);
+    controller()->setEditedSample(point_);
     showPoint();
     showAccess();
 }
@@ -321,9 +287,7 @@ void PointRegisterScreen::leavePoint()
 
 void PointRegisterScreen::showAccess()
 {
-    Q_EMIT signalAddRecord(mode_, !point_.empty());
-    Q_EMIT signalDeleteRecord(mode_, !rows_.isEmpty());
-    Q_EMIT signalUpdateMenus();
+    tellActions(!point_.empty(), !rows_.isEmpty());
 }
 
 RegisterRows PointRegisterScreen::typedRows(const GridRows& typed) const
@@ -350,15 +314,15 @@ void PointRegisterScreen::clearComputed(RegisterRows& rows) const
 
 ExchangeCommand<RegisterState>::Apply PointRegisterScreen::putter() const
 {
-    return
-        [controller = controller_, memory = memory_, registerOfRows = register_](const RegisterState& state) {
-            IDBProject* project = controller->project();
-            if (!project)
-                return;
-            for (const PointState& point : state)
-                memory->rows[point.point] = registerOfRows->store(*project, point);
-            controller->notify();
-        };
+    return [controller = controller(), memory = memory_, registerOfRows = register_](
+               const RegisterState& state) {
+        IDBProject* project = controller->project();
+        if (!project)
+            return;
+        for (const PointState& point : state)
+            memory->rows[point.point] = registerOfRows->store(*project, point);
+        controller->notify();
+    };
 }
 
 // Into the history, without making the change.
@@ -370,11 +334,12 @@ void PointRegisterScreen::addStep(RegisterState before, RegisterState after)
     }
     const auto command =
         makeReference<ExchangeCommand<RegisterState>>(putter(), std::move(before), std::move(after));
-    controller_->undoRedo()->add(controller_->undoContext(), command.get());
+    controller()->undoRedo()->add(controller()->undoContext(), command.get());
 }
 
-void PointRegisterScreen::execute(const RegisterState& before, const RegisterState& after)
+void PointRegisterScreen::exchange(const RegisterState& before, const RegisterState& after)
 {
+    observe();
     addStep(before, after);
     putter()(after);
     tellProblems();
@@ -383,10 +348,9 @@ void PointRegisterScreen::execute(const RegisterState& before, const RegisterSta
 
 void PointRegisterScreen::edit(const GridRows& after)
 {
-    if (!controller_->project() || point_.empty())
+    if (!project() || point_.empty())
         return;
-    observe();
-    controller_->setEditedSample(point_);
+    controller()->setEditedSample(point_);
     const RegisterRows unsettled = typedRows(after);
     RegisterState before = {{point_, rows_}};
     RegisterState wanted = {{point_, unsettled}};
@@ -401,28 +365,26 @@ void PointRegisterScreen::edit(const GridRows& after)
         addStep(before, asTyped);
         before = asTyped;
     }
-    execute(before, wanted);
+    exchange(before, wanted);
 }
 
 void PointRegisterScreen::mendRegister()
 {
-    IDBProject* project = controller_->project();
-    if (!project)
+    IDBProject* open = project();
+    if (!open)
         return;
     grid_->closeEditor();
-    observe();
     RegisterState before;
     RegisterState after;
     int mended = 0;
-    for (const std::wstring& point : register_->pointsToMend(*project)) {
-        const RegisterRows rows = register_->rowsOf(*project, point, memory_->rows[point]);
+    for (const std::wstring& point : register_->pointsToMend(*open)) {
+        const RegisterRows rows = register_->rowsOf(*open, point, memory_->rows[point]);
         before.push_back({point, rows});
         after.push_back({point, rows});
         mended += register_->mend(after.back().rows);
     }
-    execute(before, after);
-    Q_EMIT signalShowStatusMessage(
-        QStringLiteral("Исправлено глубин: %1 (Ctrl+Z вернёт).").arg(mended).toStdWString());
+    exchange(before, after);
+    say(QStringLiteral("Исправлено глубин: %1 (Ctrl+Z вернёт).").arg(mended));
 }
 
 void PointRegisterScreen::addOpenCells(
@@ -456,14 +418,10 @@ void PointRegisterScreen::tellProblems()
     QStringList texts;
     for (const OpenCell& cell : openCells())
         texts += cell.text;
-    setProperty(unsavedCellsProperty, texts);
-    const QString first = texts.isEmpty() ? QString() : texts.first();
-    if (controller_->currentMode() == mode_ && first != toldProblem_)
-        Q_EMIT signalShowStatusMessage(first.isEmpty() ? L"Готово." : first.toStdWString());
-    toldProblem_ = first;
+    tellUnsaved(texts);
 }
 
-void PointRegisterScreen::showOpenCell(int number)
+void PointRegisterScreen::showUnsaved(int number)
 {
     const QVector<OpenCell> cells = openCells();
     if (number < 0 || number >= cells.size())
@@ -476,22 +434,12 @@ void PointRegisterScreen::showOpenCell(int number)
     grid_->showRow(cells[number].row, cells[number].column);
 }
 
-bool PointRegisterScreen::event(QEvent* event)
+bool PointRegisterScreen::store()
 {
-    if (event->type() == QEvent::DynamicPropertyChange
-        && static_cast<QDynamicPropertyChangeEvent*>(event)->propertyName() == shownCellProperty)
-        if (const QVariant number = property(shownCellProperty); number.isValid())
-            showOpenCell(number.toInt());
-    return TXWidget::event(event);
-}
-
-bool PointRegisterScreen::storeAll()
-{
-    grid_->closeEditor();
-    forgetOtherProject(controller_->project());
+    forgetOtherProject(project());
     const QVector<OpenCell> cells = openCells();
     if (!cells.isEmpty())
-        Q_EMIT signalShowStatusMessage(cells.first().text.toStdWString());
+        say(cells.first().text);
     return cells.isEmpty();
 }
 
@@ -500,5 +448,5 @@ void PointRegisterScreen::keyPressEvent(QKeyEvent* event)
     if (event->key() == Qt::Key_Escape)
         points_->setFocus();
     else
-        TXWidget::keyPressEvent(event);
+        ModeScreen::keyPressEvent(event);
 }

@@ -1,13 +1,9 @@
 #pragma once
 
 #include "common/depth_register.h"
-#include "common/exchange_command.h"
+#include "common/mode_screen.h"
 #include "common/point_list.h"
-#include "core/base/mobservable.h"
-#include "modules/itellurix_controller.h"
-#include "modules/tx_widget.h"
 
-#include <functional>
 #include <map>
 #include <memory>
 
@@ -27,7 +23,7 @@ struct RegisterMemory {
 // is the shell's edited sample, so every point has an undo history of its own. A row goes into the project as
 // soon as it can be stored; until then it stays in the table as typed, marked, over reloads and changes of
 // the point.
-class PointRegisterScreen : public TXWidget, private IMObserver
+class PointRegisterScreen : public ModeScreen
 {
     Q_OBJECT
 
@@ -36,18 +32,20 @@ public:
         std::shared_ptr<DepthRegister> depthRegister,
         ITellurixController* controller,
         QWidget* parent = nullptr);
-    ~PointRegisterScreen() override;
 
 protected:
     // A view beside the table; it belongs to the screen from now on.
     void setSideView(QWidget* view);
     virtual void rowsShown(const GridRows&, const PointFacts&) { }
     EditGrid& grid() { return *grid_; }
-    ITellurixController* controller() const { return controller_; }
-    // Reads the project anew.
-    void reload();
 
-    bool event(QEvent* event) override;
+    void readProject(IDBProject* project) override;
+    void closeEditors() override;
+    bool store() override;
+    void becomeCurrent() override;
+    void addRecord() override;
+    void deleteRecords() override;
+    void showUnsaved(int number) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
@@ -59,18 +57,10 @@ private:
         QString text; // where and why
     };
 
-    void update() override { reload(); }
-
     const std::wstring& wantedPoint() const;
-    void reload(const std::wstring& wanted);
     void takePoint(const QVector<ListedPoint>& points, const std::wstring& wanted);
-    void connectShell();
     void connectViews();
     void layOut();
-    QString splitterKey(const char* part) const;
-    void arrangeSplitter(QSplitter* splitter, const char* part, const QList<int>& sizes);
-    void observe();
-    void becomeCurrent();
     void choosePoint(const QString& name);
     void leavePoint();
     void showPoint();
@@ -78,12 +68,10 @@ private:
     void edit(const GridRows& after);
     ExchangeCommand<RegisterState>::Apply putter() const;
     void addStep(RegisterState before, RegisterState after);
-    void execute(const RegisterState& before, const RegisterState& after);
+    void exchange(const RegisterState& before, const RegisterState& after);
     void mendRegister();
     void showCommas(IDBProject* project);
     void tellProblems();
-    void showOpenCell(int number);
-    bool storeAll();
     QVector<ListedPoint> listedPoints(IDBProject& project) const;
     RegisterRows typedRows(const GridRows& typed) const;
     void clearComputed(RegisterRows& rows) const;
@@ -92,13 +80,10 @@ private:
     void addOpenCells(QVector<OpenCell>& cells, const std::wstring& point, const RegisterRows& rows) const;
     void forgetOtherProject(const IDBProject* project);
 
-    const TX_Modes mode_;
     const std::shared_ptr<DepthRegister> register_;
-    ITellurixController* const controller_;
     std::shared_ptr<RegisterMemory> memory_;
     std::wstring point_;
     RegisterRows rows_;
-    QString toldProblem_;
 
     PointList* points_;
     QLabel* head_;

@@ -12,21 +12,15 @@
 #include "listCoords/name_dialog.h"
 #include "listCoords/plan_pane.h"
 #include "listCoords/questions.h"
-#include "modules/itellurix_controller.h"
 #include "modules/itx_undo_redo.h"
-#include "modules/unsaved_cells.h"
 #include "reports/coordinates_report.h"
 
 #include <QCoreApplication>
-#include <QDynamicPropertyChangeEvent>
 #include <QGuiApplication>
 #include <QItemSelectionModel>
 #include <QLineEdit>
-#include <QMdiArea>
-#include <QMdiSubWindow>
 #include <QMessageBox>
 #include <QScopeGuard>
-#include <QSettings>
 #include <QSplitter>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -34,11 +28,8 @@
 #include <algorithm>
 #include <cmath>
 
-static const QString splitterKey = QStringLiteral("splitters/listCoords");
-
 ListCoords::ListCoords(TX_Modes mode, ITellurixController* controller)
-    : mode_(mode)
-    , controller_(controller)
+    : ModeScreen(mode, controller)
     , head_(new HeadPanel(controller->settings(), this))
     , grid_(new EditGrid(QStringLiteral("listCoords/points"), pointColumns()))
     , pane_(new PlanPane)
@@ -49,29 +40,31 @@ ListCoords::ListCoords(TX_Modes mode, ITellurixController* controller)
     auto* splitter = new QSplitter(Qt::Horizontal);
     splitter->addWidget(makeTablePane());
     splitter->addWidget(pane_);
-    splitter->setChildrenCollapsible(false);
     splitter->setStretchFactor(0, 3);
     splitter->setStretchFactor(1, 2);
-    splitter->setSizes({620, 380});
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(8, 8, 8, 8);
     layout->setSpacing(8);
     layout->addWidget(head_);
     layout->addWidget(splitter, 1);
-    keepSplitter(splitter);
+    keepSplitter(splitter, QStringLiteral("listCoords"), {620, 380});
 
+    connectViews();
+    readIfStale();
+}
+
+void ListCoords::connectViews()
+{
     connect(grid_, &EditGrid::edited, this, &ListCoords::edit);
     connect(grid_, &EditGrid::told, this, [this](const QString& text) {
-        Q_EMIT signalShowStatusMessage(text.isEmpty() ? L"Готово." : text.toStdWString());
+        say(text.isEmpty() ? QStringLiteral("Готово.") : text);
     });
     connect(commas_, &NoticeBar::remedyWanted, this, &ListCoords::mendNumbers);
     connect(grid_, &EditGrid::currentRowChanged, this, [this](qint64 id) { pane_->plan().setCurrent(id); });
-    connect(grid_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ListCoords::tellActions);
+    connect(grid_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ListCoords::showAccess);
     connect(&pane_->plan(), &PointPlan::pointChosen, this, [this](qint64 id) { grid_->showRow(id); });
     connect(head_, &HeadPanel::edited, this, &ListCoords::editHead);
     connect(head_, &HeadPanel::nameWanted, this, &ListCoords::askName);
-    connectShell();
-    reload();
 }
 
 // A line or cell that has the focus still reports its text while it goes; by then this screen is gone.
@@ -80,7 +73,6 @@ ListCoords::~ListCoords()
     head_->disconnect(this);
     grid_->disconnect(this);
     grid_->selectionModel()->disconnect(this);
-    controller_->detach(this);
 }
 
 QWidget* ListCoords::makeTablePane()
@@ -102,62 +94,26 @@ QWidget* ListCoords::makeTablePane()
     return pane;
 }
 
-void ListCoords::keepSplitter(QSplitter* splitter)
+void ListCoords::closeEditors()
 {
-    splitter->restoreState(viewSettings()->value(splitterKey).toByteArray());
-    auto* rest = new QTimer(splitter);
-    rest->setSingleShot(true);
-    rest->setInterval(400);
-    connect(splitter, &QSplitter::splitterMoved, rest, [rest] { rest->start(); });
-    connect(rest, &QTimer::timeout, splitter, [splitter] {
-        viewSettings()->setValue(splitterKey, splitter->saveState());
-    });
+    head_->commit();
+    grid_->closeEditor();
+    settle();
 }
 
-void ListCoords::connectShell()
+void ListCoords::addRecord()
 {
-    connect(this, &TXWidget::signalUpdateInfo, this, &ListCoords::reload);
-    connect(this, &TXWidget::signalUpdateMode, this, &ListCoords::becomeCurrent);
-    connect(this, &TXWidget::signalUpdateDB, this, &ListCoords::store);
-    connect(this, &TXWidget::signalCloseAllEditCell, this, [this] {
-        head_->commit();
-        grid_->closeEditor();
-        settle();
-    });
-    connect(this, &TXWidget::signalPrint, this, &ListCoords::printRegister);
-    connect(this, &TXWidget::signalAddSelectedRecord, grid_, &EditGrid::addRow);
-    connect(this, &TXWidget::signalDelSelectedRecord, grid_, &EditGrid::deleteSelectedRows);
+    grid_->addRow();
 }
 
-void ListCoords::observe()
+void ListCoords::deleteRecords()
 {
-    controller_->detach(this);
-    controller_->attach(this);
-}
-
-// Not behind another screen that fills the window; side by side with one it is.
-bool ListCoords::isOnView() const
-{
-    const auto* own = dynamic_cast<const QMdiSubWindow*>(parentWidget());
-    const QMdiSubWindow* current = own && own->mdiArea() ? own->mdiArea()->currentSubWindow() : nullptr;
-    return isVisible() && (!current || current == own || !current->isMaximized());
-}
-
-void ListCoords::update()
-{
-    // Behind another screen there is nobody to see it: signalUpdateInfo comes before this one is shown again.
-    // The shell's current mode does not tell that: after a close that was called off there is none.
-    if (isOnView())
-        reload();
-    else
-        stale_ = true;
+    grid_->deleteSelectedRows();
 }
 
 void ListCoords::showEvent(QShowEvent* event)
 {
-    TXWidget::showEvent(event);
-    if (stale_)
-        reload();
+    ModeScreen::showEvent(event);
     askNameOnce();
 }
 
@@ -170,17 +126,15 @@ static bool sameRows(const GridRows& a, const GridRows& b)
     });
 }
 
-void ListCoords::reload()
+// What was typed into another project is nothing to this one.
+void ListCoords::forgetProject()
 {
-    stale_ = false;
-    observe();
-    IDBProject* project = controller_->project();
-    if (project != shown_) {
-        // What was typed into another project is nothing to this one.
-        table_ = PointTable();
-        waiting_.reset();
-        shown_ = project;
-    }
+    table_ = PointTable();
+    waiting_.reset();
+}
+
+void ListCoords::readProject(IDBProject* project)
+{
     const GridRows rows = project ? table_.rows(*project) : GridRows();
     grid_->setEditingAllowed(project != nullptr);
     if (!sameRows(rows, grid_->rows().rows()))
@@ -191,7 +145,7 @@ void ListCoords::reload()
         head_->showHead(headOf(*project));
     else
         head_->showNothing();
-    tellActions();
+    showAccess();
     tellProblems();
     askNameOnce();
 }
@@ -241,42 +195,30 @@ void ListCoords::showPlan(const GridRows& rows)
     pane_->plan().setCurrent(grid_->currentRow());
 }
 
-void ListCoords::tellActions()
+void ListCoords::showAccess()
 {
-    const bool isOpen = controller_->project() != nullptr;
-    Q_EMIT signalAddRecord(mode_, isOpen);
-    Q_EMIT signalDeleteRecord(mode_, isOpen && grid_->selectionModel()->hasSelection());
-    Q_EMIT signalUpdateMenus();
+    tellActions(project() != nullptr, project() && grid_->selectionModel()->hasSelection());
 }
 
 void ListCoords::becomeCurrent()
 {
-    observe();
-    if (stale_)
-        reload();
-    tellActions();
+    readIfStale();
+    showAccess();
     askNameOnce();
 }
 
 bool ListCoords::store()
 {
-    IDBProject* project = controller_->project();
-    if (!project)
-        return true;
-    head_->commit();
-    grid_->closeEditor();
-    settle();
     const QVector<PointTable::OpenCell> cells = openCells();
     if (!cells.isEmpty())
-        Q_EMIT signalShowStatusMessage(cells.first().text.toStdWString());
+        say(cells.first().text);
     return cells.isEmpty();
 }
 
 QVector<PointTable::OpenCell> ListCoords::openCells()
 {
-    IDBProject* project = controller_->project();
     QVector<PointTable::OpenCell> cells =
-        project ? table_.openCells(*project) : QVector<PointTable::OpenCell>();
+        project() ? table_.openCells(*project()) : QVector<PointTable::OpenCell>();
     if (!head_->problem().isEmpty())
         cells.prepend({0, 0, QStringLiteral("Имя файла: ") + head_->problem()});
     return cells;
@@ -287,14 +229,10 @@ void ListCoords::tellProblems()
     QStringList texts;
     for (const PointTable::OpenCell& cell : openCells())
         texts += cell.text;
-    setProperty(unsavedCellsProperty, texts);
-    const QString first = texts.isEmpty() ? QString() : texts.first();
-    if (controller_->currentMode() == mode_ && first != toldProblem_)
-        Q_EMIT signalShowStatusMessage(first.isEmpty() ? L"Готово." : first.toStdWString());
-    toldProblem_ = first;
+    tellUnsaved(texts);
 }
 
-void ListCoords::showOpenCell(int number)
+void ListCoords::showUnsaved(int number)
 {
     const QVector<PointTable::OpenCell> cells = openCells();
     if (number < 0 || number >= cells.size())
@@ -305,31 +243,24 @@ void ListCoords::showOpenCell(int number)
     grid_->showRow(cells[number].row, cells[number].column);
 }
 
-bool ListCoords::event(QEvent* event)
-{
-    if (event->type() == QEvent::DynamicPropertyChange
-        && static_cast<QDynamicPropertyChangeEvent*>(event)->propertyName() == shownCellProperty)
-        if (const QVariant number = property(shownCellProperty); number.isValid())
-            showOpenCell(number.toInt());
-    return TXWidget::event(event);
-}
-
 void ListCoords::edit(const GridRows& after)
 {
     const GridRows before = grid_->rows().rows();
     GridRows wanted = after;
     GridRows typed = grid_->asTyped();
     settle();
-    IDBProject* project = controller_->project();
-    if (!project)
+    IDBProject* open = project();
+    if (!open)
         return;
     for (int row = 0; row < typed.size(); ++row)
         if (typed[row].id == 0)
             typed[row].id = wanted[row].id = table_.newId();
-    PointsChange change = table_.change(*project, before, wanted);
+    const PointsChange typing =
+        typed.isEmpty() ? PointsChange() : table_.change(*open, before, typed, PointTable::TakeBack);
+    PointsChange change = table_.change(*open, before, wanted, PointTable::KeepValues);
     if (change.uses.empty() && change.refusal.empty()) {
         if (!typed.isEmpty())
-            noteTyping(table_.change(*project, before, typed), change);
+            noteTyping(typing, change);
         make(change);
         return;
     }
@@ -343,19 +274,17 @@ void ListCoords::noteTyping(const PointsChange& typing, PointsChange& change)
     if (typing.keysChanged != change.keysChanged || typing.isEmpty())
         return;
     const auto command = makeReference<ExchangeCommand<PointsState>>(putter(), change.before, typing.after);
-    controller_->undoRedo()->add(controller_->undoContext(), command.get());
+    controller()->undoRedo()->add(controller()->undoContext(), command.get());
     change.before = typing.after;
 }
 
 void ListCoords::mendNumbers()
 {
-    IDBProject* project = controller_->project();
-    if (!project)
+    IDBProject* open = project();
+    if (!open)
         return;
-    head_->commit();
-    grid_->closeEditor();
-    settle();
-    const GridRows before = table_.rows(*project);
+    closeEditors();
+    const GridRows before = table_.rows(*open);
     GridRows after = before;
     int cells = 0;
     for (GridRow& row : after)
@@ -366,9 +295,8 @@ void ListCoords::mendNumbers()
             row.cells[column] = mendedNumber(text);
             ++cells;
         }
-    make(table_.change(*project, before, after));
-    Q_EMIT signalShowStatusMessage(
-        QStringLiteral("Исправлено чисел: %1 (Ctrl+Z вернёт).").arg(cells).toStdWString());
+    make(table_.change(*open, before, after, PointTable::KeepValues));
+    say(QStringLiteral("Исправлено чисел: %1 (Ctrl+Z вернёт).").arg(cells));
 }
 
 void ListCoords::settle()
@@ -376,8 +304,8 @@ void ListCoords::settle()
     if (!waiting_)
         return;
     PointsChange change = *std::exchange(waiting_, std::nullopt);
-    IDBProject* asking = controller_->project();
-    if (!asking || !isWanted(change) || controller_->project() != asking)
+    IDBProject* asking = project();
+    if (!asking || !isWanted(change) || project() != asking)
         return;
     if (change.isTriedOut)
         make(change);
@@ -388,20 +316,12 @@ void ListCoords::settle()
 // In a large project all its registers are copied, so that the points can come back.
 void ListCoords::removeNow(IDBProject& project, PointsChange& change)
 {
-    Q_EMIT signalShowStatusMessage(L"Точки удаляются...");
+    say(QStringLiteral("Точки удаляются..."));
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     const auto pointer = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
     table_.carryOut(project, change);
-    *table_.drafts() = change.after.drafts;
-    observe();
-    const auto command = makeReference<ExchangeCommand<PointsState>>(putter(), change.before, change.after);
-    controller_->undoRedo()->add(controller_->undoContext(), command.get());
-    controller_->notify();
-    if (stale_)
-        reload();
-    Q_EMIT signalUpdateMenus();
-    Q_EMIT signalShowStatusMessage(L"Готово.");
-    tellProblems();
+    make(change);
+    say(QStringLiteral("Готово."));
 }
 
 bool ListCoords::isWanted(const PointsChange& change)
@@ -417,21 +337,31 @@ bool ListCoords::isWanted(const PointsChange& change)
 void ListCoords::make(const PointsChange& change)
 {
     if (change.isEmpty()) {
-        reload();
+        readProject(project());
         return;
     }
-    observe();
     const auto command = makeReference<ExchangeCommand<PointsState>>(putter(), change.before, change.after);
-    controller_->undoRedo()->execute(controller_->undoContext(), command.get());
-    if (stale_)
-        reload();
-    Q_EMIT signalUpdateMenus();
+    if (change.isMade)
+        keep(change, command.get());
+    else
+        execute(command.get());
+    readIfStale();
     tellProblems();
+}
+
+// What the project has already is not put into it once more.
+void ListCoords::keep(const PointsChange& change, IMCommand* command)
+{
+    observe();
+    controller()->undoRedo()->add(controller()->undoContext(), command);
+    *table_.drafts() = change.after.drafts;
+    controller()->notify();
+    Q_EMIT signalUpdateMenus();
 }
 
 std::function<void(const PointsState&)> ListCoords::putter() const
 {
-    return [controller = controller_, drafts = table_.drafts()](const PointsState& state) {
+    return [controller = controller(), drafts = table_.drafts()](const PointsState& state) {
         *drafts = state.drafts;
         if (IDBProject* project = controller->project())
             state.putInto(*project);
@@ -441,50 +371,38 @@ std::function<void(const PointsState&)> ListCoords::putter() const
 
 void ListCoords::editHead(const ProjectHead& after)
 {
-    IDBProject* project = controller_->project();
-    if (!project)
+    if (!project())
         return;
-    observe();
-    const auto put = [controller = controller_](const ProjectHead& head) {
-        if (IDBProject* open = controller->project())
-            putHead(head, *open);
-        controller->notify();
-    };
-    const auto command = makeReference<ExchangeCommand<ProjectHead>>(put, headOf(*project), after);
-    controller_->undoRedo()->execute(controller_->undoContext(), command.get());
-    if (stale_)
-        reload();
-    Q_EMIT signalUpdateMenus();
+    change<ProjectHead>(
+        [](IDBProject& open, const ProjectHead& head) { putHead(head, open); }, headOf(*project()), after);
+    readIfStale();
 }
 
 void ListCoords::askNameOnce()
 {
     // Opened when the shell has finished what brought this screen up.
     QTimer::singleShot(0, this, [this] {
-        IDBProject* project = controller_->project();
-        if (!project || project == asked_ || !isVisible() || !isUnnamed(headOf(*project)))
+        IDBProject* open = project();
+        if (!open || open == asked_ || !isVisible() || !isUnnamed(headOf(*open)))
             return;
-        asked_ = project;
+        asked_ = open;
         askName();
     });
 }
 
 void ListCoords::askName()
 {
-    IDBProject* project = controller_->project();
-    if (!project)
+    if (!project())
         return;
-    auto* dialog = new NameDialog(headOf(*project), controller_->settings(), this);
+    auto* dialog = new NameDialog(headOf(*project()), settings(), this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(dialog, &QDialog::accepted, this, [this, dialog] { editHead(dialog->head()); });
     dialog->open();
 }
 
-void ListCoords::printRegister()
+void ListCoords::printReport()
 {
-    grid_->closeEditor();
-    IDBProject* project = controller_->project();
-    if (!project)
+    if (!project())
         return;
-    exportDocument(window(), *controller_, coordinatesReport(*project));
+    exportDocument(window(), *controller(), coordinatesReport(*project()));
 }

@@ -326,7 +326,8 @@ void PointTable::store(IDBProject& project, PointDrafts& drafts, PointsChange& c
     }
 }
 
-PointsChange PointTable::change(IDBProject& project, const GridRows& before, const GridRows& after)
+PointsChange PointTable::change(
+    IDBProject& project, const GridRows& before, const GridRows& after, Trial trial)
 {
     PointsChange change;
     change.before.drafts = *drafts_;
@@ -340,7 +341,10 @@ PointsChange PointTable::change(IDBProject& project, const GridRows& before, con
             return change;
     }
     carryOut(project, change);
+    if (trial == KeepValues && !change.keysChanged)
+        return change;
     change.before.putInto(project);
+    change.isMade = false;
 
     std::vector<std::wstring> moving = change.removed;
     for (const auto& [from, to] : change.renamed)
@@ -374,4 +378,5 @@ void PointTable::carryOut(IDBProject& project, PointsChange& change)
         change.after.rows = rowsOf(project, edited);
     }
     change.isTriedOut = true;
+    change.isMade = true;
 }

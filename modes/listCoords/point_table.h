@@ -35,7 +35,7 @@ struct PointsState {
     void putInto(IDBProject& project) const;
 };
 
-// An act of the user, tried out and taken back again: what it would do.
+// An act of the user, tried out: what it does.
 struct PointsChange {
     PointsState before;
     PointsState after;
@@ -46,6 +46,7 @@ struct PointsChange {
     bool isTriedOut = true; // false: the project is as before, and what comes after is not known yet
     bool stored = false; // some cell or name has gone into the project
     bool keysChanged = false; // points have come, gone or changed their names or kinds
+    bool isMade = false; // the project has it already
 
     bool isEmpty() const { return before.drafts == after.drafts && removed.empty() && !stored; }
 };
@@ -56,10 +57,13 @@ class PointTable
 public:
     GridRows rows(IDBProject& project);
 
-    // What the user did when the table that looked like `before` shall look like `after`.
-    // Tried out and taken back again; but not where points go for good whose rows the user is asked about
-    // first: that question must not wait for all of a large project to be copied.
-    PointsChange change(IDBProject& project, const GridRows& before, const GridRows& after);
+    // What the user did when the table that looked like `before` shall look like `after`, tried out. It is
+    // taken back again: names and kinds move rows of other registers, about which he may have to be asked.
+    // Where nothing but values of points changes, it may be left in the project. Not even tried out is it
+    // where points go for good whose rows he is asked about first: that question must not wait for all of a
+    // large project to be copied.
+    enum Trial { TakeBack, KeepValues };
+    PointsChange change(IDBProject& project, const GridRows& before, const GridRows& after, Trial trial);
     // Makes up for it, and leaves the project as it is afterwards.
     void carryOut(IDBProject& project, PointsChange& change);
 

@@ -1,4 +1,5 @@
 #include "db/exact_key.h"
+#include "modes/support/change_counter.h"
 #include "modes/support/listCoords_host.h"
 #include "platform/files.h"
 
@@ -103,6 +104,20 @@ TEST(ListCoords, CellsAreStoredAsTyped)
         EXPECT_TRUE(row.isStored(*host.project)) << row.column;
         EXPECT_TRUE(Q_EMIT host.screen->signalUpdateDB());
     }
+}
+
+TEST(ListCoords, ATypedCellIsOneChangeToldOnce)
+{
+    ListCoordsHost host(smallProject());
+    ChangeCounter counter(*host.controller);
+    host.typeInto(0, 4, QStringLiteral("15.65"));
+    EXPECT_EQ(counter.calls, 1);
+    host.typeInto(0, 2, QStringLiteral("301032,450"));
+    EXPECT_EQ(counter.calls, 2) << "a comma that is mended is none more";
+    host.typeInto(0, 4, QStringLiteral("15.65"));
+    EXPECT_EQ(counter.calls, 2) << "nothing has changed";
+    host.typeInto(0, 0, QStringLiteral("Скв-1"));
+    EXPECT_EQ(counter.calls, 3);
 }
 
 TEST(ListCoords, EditOfFirstRowLeavesFurtherRowsAlone)

@@ -1,5 +1,6 @@
 #include "db/exact_key.h"
 #include "modules/unsaved_cells.h"
+#include "support/change_counter.h"
 #include "support/registers_screen_host.h"
 
 #include <QAbstractScrollArea>
@@ -167,6 +168,17 @@ TEST_F(Litology, UndoTakesBackWhatCouldNotBeStoredToo)
     EXPECT_TRUE(host.store());
     host.controller.redo();
     EXPECT_TRUE(host.isMarked(0, Bottom));
+}
+
+TEST_F(Litology, ATypedCellIsOneChangeToldOnce)
+{
+    ChangeCounter counter(host.controller);
+    host.enter(0, Description, text("ил"));
+    EXPECT_EQ(counter.calls, 1);
+    host.enter(0, Bottom, text("2,5"));
+    EXPECT_EQ(counter.calls, 2) << "a comma that is mended is none more";
+    host.enter(0, Bottom, text("2.5"));
+    EXPECT_EQ(counter.calls, 2) << "nothing has changed";
 }
 
 TEST_F(Litology, TwoRowsCanChangeTheirDepths)
