@@ -1,6 +1,6 @@
 #include "listCoords/point_table.h"
 
-#include "core/base/reading_order.h"
+#include "site/by_point.h"
 
 #include <QHash>
 
@@ -125,19 +125,6 @@ void note(QVector<QString>& notes, int column, const QString& text)
 GridRows::iterator findRow(GridRows& rows, qint64 id)
 {
     return std::find_if(rows.begin(), rows.end(), [&](const GridRow& row) { return row.id == id; });
-}
-
-// The register's own order puts "Скв-11" before "Скв-2".
-std::vector<const PointRegister::value_type*> inReadingOrder(const PointRegister& points)
-{
-    std::vector<const PointRegister::value_type*> sorted;
-    sorted.reserve(points.size());
-    for (const auto& point : points)
-        sorted.push_back(&point);
-    std::stable_sort(sorted.begin(), sorted.end(), [](const auto* a, const auto* b) {
-        return standsBefore(a->first.pointName, b->first.pointName);
-    });
-    return sorted;
 }
 
 // Rows that are no points yet stand where they were begun; one of them may stand under another.

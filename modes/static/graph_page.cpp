@@ -6,6 +6,7 @@
 #include "dictionaries/report_language.h"
 #include "modules/isettings.h"
 #include "reports/sounding_report.h"
+#include "site/by_point.h"
 #include "site/cells.h"
 #include "static/sounding_states.h"
 
@@ -133,7 +134,8 @@ void GraphPage::readPoints(IDBProject& project)
             ticked.insert(points_->item(i)->text());
     points_->clear();
     QListWidgetItem* current = nullptr;
-    for (const auto& [key, rows] : project.getSoundings()) {
+    for (const auto* journal : inReadingOrder(project.getSoundings())) {
+        const SoundingKey& key = journal->first;
         const QString name = QString::fromStdWString(key.pointName);
         auto* item = new QListWidgetItem(name, points_);
         item->setFlags(item->flags() | Qt::ItemIsUserCheckable);

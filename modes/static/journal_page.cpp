@@ -9,6 +9,7 @@
 #include "dictionaries/sounding_captions.h"
 #include "modules/isettings.h"
 #include "reports/sounding_report.h"
+#include "site/by_point.h"
 #include "site/cells.h"
 #include "static/import_dialog.h"
 #include "static/journal_dialogs.h"
@@ -205,7 +206,8 @@ void JournalPage::readPoints(IDBProject& project)
     for (const auto& [key, rows] : project.getSoundings())
         counts[key.pointName] = static_cast<int>(rows.size());
     QVector<ListedPoint> points;
-    for (const auto& [key, rows] : project.getPointRegister()) {
+    for (const auto* point : inReadingOrder(project.getPointRegister())) {
+        const PointKey& key = point->first;
         const auto counted = counts.find(key.pointName);
         if (key.pointKind != 3 && counted == counts.end())
             continue;

@@ -75,7 +75,8 @@ Document coordinatesReport(IDBProject& project)
         {head(L"X", 1, 1), head(L"Y", 1, 1)}};
     const auto depths = depthsOf(project);
     int number = 0;
-    for (const auto& [key, rows] : project.getPointRegister()) {
+    for (const auto* point : inReadingOrder(project.getPointRegister())) {
+        const auto& [key, rows] = *point;
         if (rows.empty())
             continue;
         const PointRow& row = rows.front();

@@ -5,6 +5,7 @@
 #include "dictionaries/sounding_captions.h"
 #include "modules/idbproject.h"
 #include "reports/words.h"
+#include "site/by_point.h"
 #include "site/points.h"
 
 #include <algorithm>
@@ -203,7 +204,8 @@ Document soundingJournals(IDBProject& project,
     Document document;
     document.title = soundingJournalTexts.at(language, 0);
     bool isFirst = true;
-    for (const auto& [key, rows] : project.getSoundings()) {
+    for (const auto* journal : inReadingOrder(project.getSoundings())) {
+        const auto& [key, rows] = *journal;
         if (!points.empty() && std::ranges::find(points, key.pointName) == points.end())
             continue;
         if (!isFirst)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/base/reading_order.h"
 #include "core/base/typed_number.h"
 #include "modules/idbproject.h"
 
@@ -10,9 +11,30 @@
 #include <utility>
 #include <vector>
 
-// The rows of a register gathered by the exact name of their point, points in the order in which they first
-// appear, rows from the top down. The registers' own order is not enough: names that read as one number stand
-// mixed there, and mixed names stand in no consistent order at all.
+// The rows of a register gathered by the exact name of their point, points as a person reads a list of them,
+// rows from the top down. The registers' own order is not enough: "Скв-11" stands before "Скв-2" there, names
+// that read as one number stand mixed, and mixed names stand in no consistent order at all.
+
+// By the names that nameOf gives; where they are in order already, which is often, that is all it looks for.
+template <class List, class NameOf>
+void sortInReadingOrder(List& list, const NameOf& nameOf)
+{
+    const auto isBefore = [&](const auto& a, const auto& b) { return standsBefore(nameOf(a), nameOf(b)); };
+    if (!std::is_sorted(list.begin(), list.end(), isBefore))
+        std::stable_sort(list.begin(), list.end(), isBefore);
+}
+
+// The entries of a register by their points, "Скв-2" before "Скв-11"; those of one point as they stand.
+template <class Register>
+std::vector<const typename Register::value_type*> inReadingOrder(const Register& all)
+{
+    std::vector<const typename Register::value_type*> entries;
+    entries.reserve(all.size());
+    for (const auto& entry : all)
+        entries.push_back(&entry);
+    sortInReadingOrder(entries, [](const auto* entry) { return std::wstring_view(entry->first.pointName); });
+    return entries;
+}
 
 template <class Register>
 struct PointRows {
@@ -64,6 +86,7 @@ std::vector<PointRows<Register>> rowsByPoint(const Register& all)
     }
     for (PointRows<Register>& point : points)
         sortByDepth(point.rows);
+    sortInReadingOrder(points, [](const PointRows<Register>& point) { return point.point; });
     return points;
 }
 

@@ -237,5 +237,6 @@ std::vector<std::wstring> columnPoints(IDBProject& project)
     for (const auto& [key, layer] : project.getLithology())
         if (seen.insert(key.pointName).second)
             names.push_back(key.pointName);
+    sortInReadingOrder(names, [](const std::wstring& name) { return std::wstring_view(name); });
     return names;
 }

@@ -1,6 +1,7 @@
 #include "site/soundings.h"
 
 #include "modules/idbproject.h"
+#include "site/by_point.h"
 #include "site/cells.h"
 #include "site/element_links.h"
 #include "site/points.h"
@@ -272,7 +273,8 @@ SiteSoundings::SiteSoundings(IDBProject& project)
     std::unordered_map<std::wstring_view, const SitePoint*> places;
     for (const SitePoint& point : *points_)
         places.try_emplace(point.name, &point);
-    for (const auto& [key, rows] : project.getSoundings()) {
+    for (const auto* journal : inReadingOrder(project.getSoundings())) {
+        const auto& [key, rows] = *journal;
         SiteSounding sounding;
         sounding.point = key.pointName;
         sounding.device = key.device;

@@ -34,11 +34,13 @@ std::vector<std::pair<std::wstring_view, PointSummary>> allPoints(
 {
     std::vector<std::pair<std::wstring_view, PointSummary>> found;
     std::unordered_set<std::wstring_view> seen;
-    for (const auto& [key, rows] : points)
+    for (const auto* point : inReadingOrder(points)) {
+        const auto& [key, rows] = *point;
         if (seen.insert(key.pointName).second)
             found.emplace_back(key.pointName,
                 PointSummary{key.pointKind,
                     rows.empty() ? std::wstring_view() : std::wstring_view(rows.front().absoluteMark)});
+    }
     const auto known = found.size();
     for (const Counts* counts :
         {&holdings.layers, &holdings.samples, &holdings.waters, &holdings.consistencies})
@@ -47,7 +49,7 @@ std::vector<std::pair<std::wstring_view, PointSummary>> allPoints(
                 found.emplace_back(name, PointSummary{});
     std::sort(found.begin() + static_cast<std::ptrdiff_t>(known),
         found.end(),
-        [](const auto& a, const auto& b) { return a.first < b.first; });
+        [](const auto& a, const auto& b) { return standsBefore(a.first, b.first); });
     return found;
 }
 

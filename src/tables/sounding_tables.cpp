@@ -22,13 +22,15 @@ std::wstring_view greatestDepth(const std::vector<SoundingRow>& journal)
 
 void fillSoundings(TextRows& rows, const TableSource& source)
 {
-    for (const auto& [key, journal] : source.project.getSoundings())
+    for (const auto* of : inReadingOrder(source.project.getSoundings())) {
+        const auto& [key, journal] = *of;
         rows.add({key.pointName,
             pointKindShortName(static_cast<int>(key.pointKind)),
             key.device,
             key.date,
             wholeText(journal.size()),
             greatestDepth(journal)});
+    }
 }
 
 void fillJournal(TextRows& rows, const TableSource& source)

@@ -14,10 +14,10 @@ TEST(CoordinatesReport, ListsPointsWithDepthsAndSignatures)
     row.text1 = L"";
     row.absoluteMark = L"152.35";
     row.text6 = L"07.08.2026";
-    project.addPointRegisterEntry({L"1", 1}, {row});
-    project.addPointRegisterEntry({L"2", 3}, {PointRow()});
+    project.addPointRegisterEntry({L"Т-2", 1}, {row});
+    project.addPointRegisterEntry({L"Т-11", 3}, {PointRow()});
     for (const wchar_t* depth : {L"9.5", L"12,40", L"2"})
-        project.addLithology({L"1", depth}, {});
+        project.addLithology({L"Т-2", depth}, {});
     Office office = emptyOffice();
     office.company = L"ООО «Грунт»";
     office.people = {{L"Выполнил", L"Иванов"}, {L"Проверил", L""}};
@@ -39,7 +39,7 @@ TEST(CoordinatesReport, ListsPointsWithDepthsAndSignatures)
     const auto text = [&](std::size_t at, std::size_t column) {
         return table->rows[at][column].runs.front().text;
     };
-    EXPECT_EQ(text(0, 1), L"Скважина");
+    EXPECT_EQ(text(0, 1), L"Скважина"); // as a person counts, not as the register has them
     EXPECT_EQ(text(0, 3), L"1025.50");
     EXPECT_EQ(table->rows[0][3].decimals, 2);
     EXPECT_EQ(text(0, 4), L"–");

@@ -76,10 +76,10 @@ TEST(Tables, layersFollowEachOtherFromTheTopOfEachPoint)
     project->addLithology({L"02", L"4"}, {L"t", L"Насыпной грунт"});
     project->addLithology({L"2", L"0.7"}, {L"", L"Почва"});
     EXPECT_EQ(textOf(tableNamed(stratigraphicOrderTables, "stratigraphicIge/layers"), {*project}),
+        "02|1|0|4|4||t|Насыпной грунт\n"
         "2|1|0|0.7|0.7|100.8||Почва\n"
         "2|2|0.7|10.2|9.5|91.3|dP|Глина\n"
-        "2|3|10.2|10,5|0,3|91,0|dP|Глина плотная\n"
-        "02|1|0|4|4||t|Насыпной грунт\n");
+        "2|3|10.2|10,5|0,3|91,0|dP|Глина плотная\n");
     EXPECT_EQ(textOf(tableNamed(stratigraphicOrderTables, "stratigraphicIge/indices"), {*project}),
         "(без индекса)|1|1|0.7|0.7\n"
         "dP|1|2|0,3|9.5\n"
@@ -87,6 +87,29 @@ TEST(Tables, layersFollowEachOtherFromTheTopOfEachPoint)
     EXPECT_EQ(textOf(tableNamed(stratigraphicColumnTables, "stratigraphic/layers"),
                   {*project, languageRussian, L"02"}),
         "1|0|4|4||t|Насыпной грунт\n");
+}
+
+// The registers have "Скв-11" before "Скв-2".
+TEST(Tables, pointsStandAsAPersonReadsThem)
+{
+    const auto project = makeReference<DBProject>();
+    for (const wchar_t* name : {L"Скв-11", L"Скв-2", L"скв-1"}) {
+        project->addPointRegisterEntry({name, 1}, {rowWithMark(L"100")});
+        project->addLithology({name, L"2"}, {});
+        project->addSounding({name, 3, L"", L""}, {});
+    }
+    project->addLithology({L"Ш-10", L"2"}, {});
+    project->addLithology({L"Ш-9", L"2"}, {});
+    const auto points = [&](TableList tables, const char* name) {
+        const TextRows rows = rowsOf(tableNamed(tables, name), {*project});
+        std::string names;
+        for (std::size_t row = 0; row < rows.size(); ++row)
+            names += narrow(rows.cell(row, 0)) + " ";
+        return names;
+    };
+    EXPECT_EQ(points(columnTables, "igk/points"), "скв-1 Скв-2 Скв-11 Ш-9 Ш-10 ");
+    EXPECT_EQ(points(stratigraphicOrderTables, "stratigraphicIge/layers"), "скв-1 Скв-2 Скв-11 Ш-9 Ш-10 ");
+    EXPECT_EQ(points(soundingTables, "static/soundings"), "скв-1 Скв-2 Скв-11 ");
 }
 
 TEST(Tables, columnMergesTheRegistersOfAPointByDepth)
