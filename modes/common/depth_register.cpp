@@ -89,6 +89,22 @@ static const RegisterRow* rowById(const RegisterRows& rows, qint64 id)
     return found != rows.end() ? &*found : nullptr;
 }
 
+RegisterRows DepthRegister::typedRows(const RegisterRows& known, const GridRows& typed) const
+{
+    const QVector<GridColumn> columns = this->columns();
+    RegisterRows rows;
+    for (const GridRow& row : typed) {
+        const RegisterRow* old = rowById(known, row.id);
+        RegisterRow next = old ? *old : newRow();
+        next.cells = row.cells;
+        for (int column = 0; column < next.cells.size(); ++column)
+            if (columns[column].readOnly)
+                next.cells[column].clear();
+        rows.append(next);
+    }
+    return rows;
+}
+
 bool DepthRegister::hasPlace(const RegisterRow& row) const
 {
     return row.key && row.problems.value(depthColumn()).isEmpty();
@@ -182,9 +198,11 @@ QString DepthRegister::depthProblem(const RegisterRow& row, const RegisterRow* h
         return QStringLiteral("«%1» — не число. Введите глубину в метрах, например 3.5.").arg(depth) + kept;
     if (depthCell(*holder) == depth)
         return QStringLiteral("Глубина %1 у этой точки уже есть.").arg(depth) + kept;
-    return QStringLiteral("«%1» и «%2» читаются как одно число %3. Отделяйте дробь точкой, не запятой.")
+    const bool hasComma = depth.contains(QLatin1Char(',')) || depthCell(*holder).contains(QLatin1Char(','));
+    return QStringLiteral("«%1» и «%2» читаются как одно число %3.%4")
                .arg(depth, depthCell(*holder))
                .arg(double(*orderedDepth(depth)))
+               .arg(hasComma ? QStringLiteral(" Отделяйте дробь точкой, не запятой.") : QString())
         + kept;
 }
 

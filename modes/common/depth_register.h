@@ -101,7 +101,8 @@ public:
     virtual RegisterRows store(IDBProject& project, const PointState& state) const;
     GridRows shown(const RegisterRows& rows, const PointFacts& point) const;
 
-    RegisterRow newRow() const { return {nextId(), {}, blankValue()}; }
+    // The known rows with the texts of the table's, by their ids; rows that nobody knows are new.
+    RegisterRows typedRows(const RegisterRows& known, const GridRows& typed) const;
 
 protected:
     virtual RegisterValue blankValue() const = 0;
@@ -111,6 +112,7 @@ protected:
     virtual void erase(IDBProject& project, const PointDepthKey& key) const = 0;
 
 private:
+    RegisterRow newRow() const { return {nextId(), {}, blankValue()}; }
     static qint64 nextId();
     // Whether the depth of the row is the one that the project has.
     bool hasPlace(const RegisterRow& row) const;

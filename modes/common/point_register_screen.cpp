@@ -5,7 +5,6 @@
 #include "common/notice_bar.h"
 #include "common/point_list.h"
 #include "common/view_settings.h"
-#include "core/base/reading_order.h"
 #include "core/base/reference.h"
 #include "modules/itx_undo_redo.h"
 
@@ -17,23 +16,13 @@
 
 #include <algorithm>
 
-static std::shared_ptr<RegisterMemory> memoryOf(TX_Modes mode, const ITellurixController* controller)
-{
-    static std::map<std::pair<int, const ITellurixController*>, std::weak_ptr<RegisterMemory>> memories;
-    std::weak_ptr<RegisterMemory>& known = memories[{mode, controller}];
-    std::shared_ptr<RegisterMemory> memory = known.lock();
-    if (!memory)
-        known = memory = std::make_shared<RegisterMemory>();
-    return memory;
-}
-
 PointRegisterScreen::PointRegisterScreen(TX_Modes mode,
     std::shared_ptr<DepthRegister> depthRegister,
     ITellurixController* controller,
     QWidget* parent)
     : ModeScreen(mode, controller, parent)
     , register_(std::move(depthRegister))
-    , memory_(memoryOf(mode, controller))
+    , memory_(RegisterMemory::of(mode, controller))
     , points_(new PointList(this))
     , head_(new QLabel(this))
     , emptyText_(new QLabel(this))
@@ -124,63 +113,32 @@ const std::wstring& PointRegisterScreen::wantedPoint() const
 void PointRegisterScreen::becomeCurrent()
 {
     readIfStale();
-    if (wantedPoint() != point_ || memory_->project != project())
+    if (wantedPoint() != point_ || !memory_->isOf(project()))
         readProject(project());
     showAccess();
     if (isVisible() && !isAncestorOf(QApplication::focusWidget()))
         grid_->setFocus();
 }
 
-void PointRegisterScreen::forgetOtherProject(const IDBProject* project)
+// What was typed into another project is nothing to this one.
+void PointRegisterScreen::forgetOtherProject()
 {
-    if (memory_->project == project)
-        return;
-    memory_->project = project;
-    memory_->rows.clear();
-    rows_.clear();
-}
-
-QVector<ListedPoint> PointRegisterScreen::listedPoints(IDBProject& project) const
-{
-    DepthRegister::Counts counts = register_->counts(project);
-    for (const auto& [name, rows] : memory_->rows)
-        counts.emplace(name, 0);
-    const auto hasProblem = [this](const std::wstring& name) {
-        const auto typed = memory_->rows.find(name);
-        return typed != memory_->rows.end()
-            && std::any_of(typed->second.begin(), typed->second.end(), std::mem_fn(&RegisterRow::isOpen));
-    };
-    QVector<ListedPoint> points;
-    for (const auto& [key, rows] : project.getPointRegister()) {
-        const auto counted = counts.find(key.pointName);
-        points.append({QString::fromStdWString(key.pointName),
-            key.pointKind,
-            counted != counts.end() ? counted->second : 0,
-            hasProblem(key.pointName)});
-        if (counted != counts.end())
-            counts.erase(counted);
-    }
-    std::sort(points.begin(), points.end(), [](const ListedPoint& a, const ListedPoint& b) {
-        return standsBefore(a.name.toStdWString(), b.name.toStdWString());
-    });
-    // Rows whose point is not there any more are data all the same.
-    for (const auto& [name, rows] : std::map<std::wstring, int>(counts.begin(), counts.end()))
-        if (rows > 0 || hasProblem(name))
-            points.append({QString::fromStdWString(name), 0, rows, hasProblem(name)});
-    return points;
+    if (memory_->turnTo(project()))
+        rows_.clear();
 }
 
 void PointRegisterScreen::readProject(IDBProject* project)
 {
     const std::wstring wanted = wantedPoint();
-    forgetOtherProject(project);
+    forgetOtherProject();
     register_->useSettings(settings());
     register_->useProject(project);
     const QVector<GridColumn> columns = register_->columns();
     for (int column = 0; column < columns.size(); ++column)
         grid_->rows().setChoices(column, columns[column].choices);
 
-    const QVector<ListedPoint> points = project ? listedPoints(*project) : QVector<ListedPoint>();
+    const QVector<ListedPoint> points =
+        project ? memory_->listedPoints(*project, *register_) : QVector<ListedPoint>();
     splitter_->setVisible(!points.isEmpty());
     emptyText_->setVisible(points.isEmpty());
     emptyText_->setText(project ? QStringLiteral("Нет точек. Добавьте точку в режиме «Ведомость координат».")
@@ -223,7 +181,7 @@ void PointRegisterScreen::takePoint(const QVector<ListedPoint>& points, const st
         : points.isEmpty()                    ? std::wstring()
                                               : points.first().name.toStdWString();
     if (next != point_)
-        leavePoint();
+        memory_->leave(point_);
     point_ = next;
     if (controller()->currentMode() == mode())
         controller()->setEditedSample(point_);
@@ -251,8 +209,8 @@ void PointRegisterScreen::showPoint()
         rowsShown({}, {});
         return;
     }
-    rows_ = register_->rowsOf(*open, point_, memory_->rows[point_]);
-    memory_->rows[point_] = rows_;
+    rows_ = register_->rowsOf(*open, point_, memory_->rowsOf(point_));
+    memory_->rowsOf(point_) = rows_;
     const PointFacts facts = pointFacts(*open, point_);
     const GridRows shown = register_->shown(rows_, facts);
     head_->setText(headOf(facts));
@@ -263,53 +221,16 @@ void PointRegisterScreen::showPoint()
 void PointRegisterScreen::choosePoint(const QString& name)
 {
     grid_->closeEditor();
-    leavePoint();
+    memory_->leave(point_);
     point_ = name.toStdWString();
     controller()->setEditedSample(point_);
     showPoint();
     showAccess();
 }
 
-// Rows that nobody typed anything into are not worth keeping.
-void PointRegisterScreen::leavePoint()
-{
-    const auto known = memory_->rows.find(point_);
-    if (known == memory_->rows.end())
-        return;
-    RegisterRows& rows = known->second;
-    rows.erase(std::remove_if(rows.begin(), rows.end(), [](const RegisterRow& row) { return row.isBlank(); }),
-        rows.end());
-    const bool allStored =
-        std::none_of(rows.begin(), rows.end(), [](const RegisterRow& row) { return row.isOpen(); });
-    if (allStored)
-        memory_->rows.erase(known);
-}
-
 void PointRegisterScreen::showAccess()
 {
     tellActions(!point_.empty(), !rows_.isEmpty());
-}
-
-RegisterRows PointRegisterScreen::typedRows(const GridRows& typed) const
-{
-    RegisterRows rows;
-    for (const GridRow& row : typed) {
-        const auto old = std::find_if(
-            rows_.begin(), rows_.end(), [&](const RegisterRow& known) { return known.id == row.id; });
-        RegisterRow next = old != rows_.end() ? *old : register_->newRow();
-        next.cells = row.cells;
-        rows.append(next);
-    }
-    clearComputed(rows);
-    return rows;
-}
-
-void PointRegisterScreen::clearComputed(RegisterRows& rows) const
-{
-    for (RegisterRow& row : rows)
-        for (int column = 0; column < row.cells.size(); ++column)
-            if (grid_->rows().columns()[column].readOnly)
-                row.cells[column].clear();
 }
 
 ExchangeCommand<RegisterState>::Apply PointRegisterScreen::putter() const
@@ -320,7 +241,7 @@ ExchangeCommand<RegisterState>::Apply PointRegisterScreen::putter() const
         if (!project)
             return;
         for (const PointState& point : state)
-            memory->rows[point.point] = registerOfRows->store(*project, point);
+            memory->rowsOf(point.point) = registerOfRows->store(*project, point);
         controller->notify();
     };
 }
@@ -351,16 +272,15 @@ void PointRegisterScreen::edit(const GridRows& after)
     if (!project() || point_.empty())
         return;
     controller()->setEditedSample(point_);
-    const RegisterRows unsettled = typedRows(after);
+    const RegisterRows unsettled = register_->typedRows(rows_, after);
     RegisterState before = {{point_, rows_}};
     RegisterState wanted = {{point_, unsettled}};
     register_->settle(wanted.front().rows);
     // What was mended in it is a step of its own: the first undo gives back what was typed.
-    if (const GridRows& typed = grid_->asTyped(); !typed.isEmpty()) {
-        RegisterState asTyped = {{point_, unsettled}};
+    if (GridRows typed = grid_->asTyped(); !typed.isEmpty()) {
         for (int row = 0; row < unsettled.size(); ++row)
-            asTyped.front().rows[row].cells = typed[row].cells;
-        clearComputed(asTyped.front().rows);
+            typed[row].id = unsettled[row].id; // a new row is the same one in both
+        RegisterState asTyped = {{point_, register_->typedRows(unsettled, typed)}};
         register_->settle(asTyped.front().rows);
         addStep(before, asTyped);
         before = asTyped;
@@ -378,7 +298,7 @@ void PointRegisterScreen::mendRegister()
     RegisterState after;
     int mended = 0;
     for (const std::wstring& point : register_->pointsToMend(*open)) {
-        const RegisterRows rows = register_->rowsOf(*open, point, memory_->rows[point]);
+        const RegisterRows rows = register_->rowsOf(*open, point, memory_->rowsOf(point));
         before.push_back({point, rows});
         after.push_back({point, rows});
         mended += register_->mend(after.back().rows);
@@ -387,43 +307,17 @@ void PointRegisterScreen::mendRegister()
     say(QStringLiteral("Исправлено глубин: %1 (Ctrl+Z вернёт).").arg(mended));
 }
 
-void PointRegisterScreen::addOpenCells(
-    QVector<OpenCell>& cells, const std::wstring& point, const RegisterRows& rows) const
-{
-    for (int row = 0; row < rows.size(); ++row)
-        for (int column = 0; column < rows[row].problems.size(); ++column)
-            if (const QString& problem = rows[row].problems[column]; !problem.isEmpty())
-                cells.append({point,
-                    rows[row].id,
-                    column,
-                    QStringLiteral("Точка %1, строка %2, «%3»: %4")
-                        .arg(QString::fromStdWString(point))
-                        .arg(row + 1)
-                        .arg(grid_->rows().columns()[column].title, problem)
-                        .replace(QLatin1Char('\n'), QLatin1Char(' '))});
-}
-
-QVector<PointRegisterScreen::OpenCell> PointRegisterScreen::openCells() const
-{
-    QVector<OpenCell> cells;
-    addOpenCells(cells, point_, rows_);
-    for (const auto& [point, rows] : memory_->rows)
-        if (point != point_)
-            addOpenCells(cells, point, rows);
-    return cells;
-}
-
 void PointRegisterScreen::tellProblems()
 {
     QStringList texts;
-    for (const OpenCell& cell : openCells())
+    for (const auto& cell : memory_->openCells(point_, grid_->rows().columns()))
         texts += cell.text;
     tellUnsaved(texts);
 }
 
 void PointRegisterScreen::showUnsaved(int number)
 {
-    const QVector<OpenCell> cells = openCells();
+    const auto cells = memory_->openCells(point_, grid_->rows().columns());
     if (number < 0 || number >= cells.size())
         return;
     if (cells[number].point != point_) {
@@ -436,8 +330,8 @@ void PointRegisterScreen::showUnsaved(int number)
 
 bool PointRegisterScreen::store()
 {
-    forgetOtherProject(project());
-    const QVector<OpenCell> cells = openCells();
+    forgetOtherProject();
+    const auto cells = memory_->openCells(point_, grid_->rows().columns());
     if (!cells.isEmpty())
         say(cells.first().text);
     return cells.isEmpty();
