@@ -103,6 +103,7 @@ AnalysesPage::AnalysesPage(ModeScreen& screen, Kind kind)
         grid->setEmptyText(
             QStringLiteral("Анализов %1 нет.\nIns — добавить анализ, Ctrl+V — вставить из таблицы.")
                 .arg(isWater_ ? QStringLiteral("воды") : QStringLiteral("грунта")));
+        grid->setNameColumn(0, 2);
         connect(grid, &EditGrid::edited, this, &AnalysesPage::edit);
         connect(grid, &EditGrid::told, this, &Page::said);
         stack_->addWidget(grid);

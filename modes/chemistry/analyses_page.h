@@ -21,6 +21,10 @@ public:
     void forget() override;
     QString problem() override;
     void closeEditors() override { grid_->closeEditor(); }
+    void addRecord() override { grid_->addRow(); }
+    void deleteRecords() override { grid_->deleteSelectedRows(); }
+    bool canAdd() const override { return true; }
+    bool canDelete() const override { return true; }
     std::optional<Document> report() override;
 
 private:

@@ -34,11 +34,12 @@ void NumberSortProxy::keepInView(const QSet<qint64>& rows)
     invalidateFilter();
 }
 
-void NumberSortProxy::setRowHeads(int column)
+void NumberSortProxy::setRowHeads(int column, int columns)
 {
-    if (column == headColumn_)
+    if (column == headColumn_ && columns == headColumns_)
         return;
     headColumn_ = column;
+    headColumns_ = columns;
     if (rowCount() > 0)
         Q_EMIT headerDataChanged(Qt::Vertical, 0, rowCount() - 1);
 }
@@ -50,7 +51,13 @@ QVariant NumberSortProxy::headerData(int section, Qt::Orientation orientation, i
     const QModelIndex row = index(section, qMax(headColumn_, 0));
     if (row.data(SpareRole).toBool())
         return QStringLiteral("*");
-    return headColumn_ >= 0 ? row.data() : QSortFilterProxyModel::headerData(section, orientation, role);
+    if (headColumn_ < 0)
+        return QSortFilterProxyModel::headerData(section, orientation, role);
+    QStringList names;
+    for (int column = 0; column < headColumns_; ++column)
+        if (const QString name = index(section, headColumn_ + column).data().toString(); !name.isEmpty())
+            names += name;
+    return names.join(QStringLiteral(" · "));
 }
 
 bool NumberSortProxy::lessThan(const QModelIndex& left, const QModelIndex& right) const

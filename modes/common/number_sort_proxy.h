@@ -23,8 +23,9 @@ public:
     // Rows that the user works on stay in view until the filter changes, whatever is typed into them.
     void keepInView(const QSet<qint64>& rows);
 
-    // The heads of the rows show this column of the source instead of numbers; -1 for numbers.
-    void setRowHeads(int column);
+    // The heads of the rows show this column of the source, and further ones beside it, instead of numbers;
+    // -1 for numbers.
+    void setRowHeads(int column, int columns = 1);
 
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
@@ -37,4 +38,5 @@ private:
     QStringList words_;
     QSet<qint64> kept_;
     int headColumn_ = -1;
+    int headColumns_ = 1;
 };

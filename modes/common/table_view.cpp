@@ -54,9 +54,10 @@ void TableView::setFilterText(const QString& text)
     viewport()->update();
 }
 
-void TableView::setNameColumn(int column)
+void TableView::setNameColumn(int column, int columns)
 {
     nameColumn_ = column;
+    nameColumns_ = columns;
     showRowHeads();
 }
 
@@ -64,7 +65,7 @@ void TableView::showRowHeads()
 {
     const bool isOut = nameColumn_ >= 0 && !isColumnHidden(nameColumn_)
         && columnViewportPosition(nameColumn_) + columnWidth(nameColumn_) / 2 < 0;
-    proxy_->setRowHeads(isOut ? nameColumn_ : -1);
+    proxy_->setRowHeads(isOut ? nameColumn_ : -1, nameColumns_);
 }
 
 void TableView::sortByClick(int column)

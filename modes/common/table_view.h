@@ -22,8 +22,9 @@ public:
     // The table's own rows, in stored order, not owned. Call it once, when the columns stand.
     void setSourceModel(QAbstractItemModel* source);
     void setFilterText(const QString& text);
-    // When this column is scrolled out of view, the heads of the rows show it in place of their numbers.
-    void setNameColumn(int column);
+    // When this column is scrolled out of view, the heads of the rows show it in place of their numbers; with
+    // those beside it where a name takes several.
+    void setNameColumn(int column, int columns = 1);
 
     // Between the rows as seen and the rows as stored.
     QModelIndex sourceIndex(const QModelIndex& seen) const { return proxy_->mapToSource(seen); }
@@ -66,6 +67,7 @@ private:
     QString name_;
     NumberSortProxy* proxy_;
     int nameColumn_ = -1;
+    int nameColumns_ = 1;
     int sortedColumn_ = -1;
     Qt::SortOrder sortedOrder_ = Qt::AscendingOrder;
 };

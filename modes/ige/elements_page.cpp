@@ -65,6 +65,7 @@ ElementsPage::ElementsPage(ModeScreen& screen, QWidget* parent)
     , grid_(new EditGrid(QStringLiteral("ige/elements"), columns(), this))
 {
     grid_->setObjectName(QStringLiteral("elements"));
+    grid_->setNameColumn(0);
     grid_->setAccessibleName(QStringLiteral("Инженерно-геологические элементы"));
     grid_->setEmptyText(QStringLiteral("Элементов пока нет.\nIns — добавить, или «Предложить» на вкладке "
                                        "«Распределение» составит их по слоям."));

@@ -29,6 +29,8 @@ public:
     void closeEditors() override;
     void addRecord() override;
     void deleteRecords() override;
+    bool canAdd() const override { return true; }
+    bool canDelete() const override { return true; }
     void tellView(ITellurixController& controller) const override;
 
 private:

@@ -1,7 +1,7 @@
 #include "laboratory/register_page.h"
 
-#include "common/export_dialog.h"
 #include "common/edit_grid.h"
+#include "common/export_dialog.h"
 #include "common/mode_screen.h"
 #include "db/exact_key.h"
 #include "dictionaries/laboratory_vocabulary.h"
@@ -100,6 +100,7 @@ RegisterPage::RegisterPage(ModeScreen& screen, SampleStore& store)
 {
     setObjectName(QStringLiteral("register"));
     grid_->setObjectName(QStringLiteral("samples"));
+    grid_->setNameColumn(0, 2);
     grid_->setAccessibleName(QStringLiteral("Реестр проб"));
     grid_->setEmptyText(
         QStringLiteral("Лабораторных проб нет.\nIns или «Новая проба» — добавить, «Взять из реестра проб» "
@@ -115,6 +116,17 @@ RegisterPage::RegisterPage(ModeScreen& screen, SampleStore& store)
         screen_.attempt([&] { edited(after); });
     });
     connect(grid_, &EditGrid::told, this, &Page::said);
+}
+
+void RegisterPage::addRecord()
+{
+    grid_->addRow();
+    grid_->setFocus();
+}
+
+void RegisterPage::deleteRecords()
+{
+    grid_->deleteSelectedRows();
 }
 
 void RegisterPage::makeBar(QHBoxLayout& bar)
@@ -147,13 +159,8 @@ void RegisterPage::makeBar(QHBoxLayout& bar)
         {"Ведомость по ИГЭ…",
             "Сводная ведомость свойств всех проб: по инженерно-геологическим элементам",
             [](RegisterPage& page) { page.makeSummary(true); }},
-        {"Новая проба",
-            "Ins",
-            [](RegisterPage& page) {
-                page.grid_->addRow();
-                page.grid_->setFocus();
-            }},
-        {"Удалить", "Ctrl+Del", [](RegisterPage& page) { page.grid_->deleteSelectedRows(); }},
+        {"Новая проба", "Ins", [](RegisterPage& page) { page.addRecord(); }},
+        {"Удалить", "Ctrl+Del", [](RegisterPage& page) { page.deleteRecords(); }},
     };
     for (const Button& each : buttons) {
         auto* button = new QPushButton(QString::fromUtf8(each.text), this);

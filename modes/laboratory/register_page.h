@@ -26,6 +26,10 @@ public:
     void forget() override;
     void closeEditors() override;
     QString problem() override;
+    void addRecord() override;
+    void deleteRecords() override;
+    bool canAdd() const override { return true; }
+    bool canDelete() const override { return true; }
     void calculate() override;
     std::optional<Document> report() override;
     void tellView(ITellurixController& controller) const override;

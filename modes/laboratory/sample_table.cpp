@@ -73,6 +73,7 @@ void SampleTable::makeGrid()
     grid_->setObjectName(QStringLiteral("samples"));
     grid_->setAccessibleName(QStringLiteral("Испытания проб"));
     grid_->setRowsGrow(false);
+    grid_->setNameColumn(0, 2);
     grid_->setEmptyText(
         QStringLiteral("Лабораторных проб нет.\nНовые пробы добавляются на странице «Реестр проб»."));
     grid_->setFilterText(filter_);

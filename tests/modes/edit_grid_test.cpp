@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QTableWidget>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -205,6 +206,22 @@ TEST_F(EditGridTest, FillsDownAndReplaces)
     });
     host.press(Qt::Key_H, Qt::ControlModifier);
     expectCells("1|||1|лесок\n1|||1|лесок\n3|||1|лесок", 3);
+}
+
+TEST_F(EditGridTest, NamesStayInViewWhenTheirColumnIsScrolledAway)
+{
+    host.grid.setNameColumn(0, 3);
+    host.fill({{text("2.5"), QString(), text("Валовая"), QString(), text("ил")}});
+    host.grid.resize(200, 200);
+    const auto head = [&](int row) {
+        return host.grid.model()->headerData(row, Qt::Vertical).toString().toStdString();
+    };
+    EXPECT_EQ(head(0), "1");
+    host.grid.horizontalScrollBar()->setValue(host.grid.horizontalScrollBar()->maximum());
+    EXPECT_EQ(head(0), "2.5 · Валовая");
+    EXPECT_EQ(head(1), "*");
+    host.grid.horizontalScrollBar()->setValue(0);
+    EXPECT_EQ(head(0), "1");
 }
 
 TEST_F(EditGridTest, AHeadChoosesItsColumnAndSortsAtTheSecondClick)
