@@ -15,8 +15,7 @@
 #include "modules/itx_undo_redo.h"
 #include "reports/coordinates_report.h"
 
-#include <QCoreApplication>
-#include <QGuiApplication>
+#include <QApplication>
 #include <QItemSelectionModel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -48,6 +47,7 @@ ListCoords::ListCoords(TX_Modes mode, ITellurixController* controller)
     layout->addWidget(head_);
     layout->addWidget(splitter, 1);
     keepSplitter(splitter, QStringLiteral("listCoords"), {620, 380});
+    setFocusProxy(grid_);
 
     connectViews();
     readIfStale();
@@ -205,6 +205,9 @@ void ListCoords::becomeCurrent()
     readIfStale();
     showAccess();
     askNameOnce();
+    // What is typed next is a point; in the head's lines it would go over the project's name.
+    if (isVisible() && !isAncestorOf(QApplication::focusWidget()))
+        grid_->setFocus();
 }
 
 bool ListCoords::store()
@@ -317,8 +320,8 @@ void ListCoords::settle()
 void ListCoords::removeNow(IDBProject& project, PointsChange& change)
 {
     say(QStringLiteral("Точки удаляются..."));
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    const auto pointer = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const auto pointer = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
     table_.carryOut(project, change);
     make(change);
     say(QStringLiteral("Готово."));
@@ -397,6 +400,7 @@ void ListCoords::askName()
     auto* dialog = new NameDialog(headOf(*project()), settings(), this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(dialog, &QDialog::accepted, this, [this, dialog] { editHead(dialog->head()); });
+    connect(dialog, &QDialog::finished, grid_, [this] { grid_->setFocus(); });
     dialog->open();
 }
 
