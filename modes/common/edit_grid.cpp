@@ -263,14 +263,15 @@ void EditGrid::submit(const GridRows& typed)
         return;
     proxy()->keepInView(touched);
     const QScopedValueRollback<bool> submitting(submitting_, true);
-    asTyped_ = isMended ? typed : GridRows();
-    Q_EMIT edited(after);
-    asTyped_.clear();
-    noteCreated(before);
+    // Whoever takes the rows may have graver things to say.
     if (isMended) {
         toldOfCell_ = true;
         Q_EMIT told(QStringLiteral("Запятая в числе заменена точкой (Ctrl+Z вернёт)."));
     }
+    asTyped_ = isMended ? typed : GridRows();
+    Q_EMIT edited(after);
+    asTyped_.clear();
+    noteCreated(before);
 }
 
 void EditGrid::noteCreated(const GridRows& before)

@@ -210,8 +210,11 @@ void EditGrid::pasteBlock(const CellBlock& block)
     const bool wasSpare = idAt(top) <= 0;
     const int column = qMax(currentIndex().column(), 0);
     submit(after);
-    if (wasSpare && created_ != 0)
+    if (wasSpare && created_ != 0) {
+        endEntering();
+        const QScopedValueRollback<bool> moving(moving_, true); // what was said of the block stays
         goTo(cellOf(created_, column));
+    }
 }
 
 void EditGrid::toggleFlag()

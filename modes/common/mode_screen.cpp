@@ -9,8 +9,10 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMessageBox>
+#include <QSet>
 #include <QVariant>
 
+#include <algorithm>
 #include <exception>
 
 ModeScreen::ModeScreen(TX_Modes mode, ITellurixController* controller, QWidget* parent)
@@ -174,9 +176,15 @@ void ModeScreen::say(const QString& text)
 
 void ModeScreen::tellUnsaved(const QStringList& cells)
 {
+    const QStringList before = property(unsavedCellsProperty).toStringList();
+    const QSet<QString> known(before.begin(), before.end());
     setProperty(unsavedCellsProperty, cells);
-    const QString first = cells.value(0);
-    if (controller_->currentMode() == mode_ && first != toldUnsaved_)
-        say(first.isEmpty() ? QStringLiteral("Готово.") : first);
-    toldUnsaved_ = first;
+    const auto fresh =
+        std::find_if(cells.begin(), cells.end(), [&](const QString& cell) { return !known.contains(cell); });
+    const QString text = fresh != cells.end() ? *fresh
+        : cells.contains(toldUnsaved_)        ? toldUnsaved_
+                                              : cells.value(0);
+    if (controller_->currentMode() == mode_ && text != toldUnsaved_)
+        say(text.isEmpty() ? QStringLiteral("Готово.") : text);
+    toldUnsaved_ = text;
 }
