@@ -240,6 +240,7 @@ static void markCurrentMode(const QToolBar& bar, const ShellActions& actions, TX
             continue;
         button->setCheckable(isActionOf(row, mode));
         button->setChecked(isActionOf(row, mode));
+        button->update(); // one that may be checked no more is not painted anew by itself
     }
 }
 
