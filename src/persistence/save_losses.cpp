@@ -70,6 +70,45 @@ constexpr LossRow lossRows[] = {
 };
 // clang-format on
 
+struct NameRow {
+    std::string_view name;
+    std::wstring_view shown;
+};
+
+// What the screens call the parts of a project where people type texts. Others go by their names in the dump.
+constexpr NameRow nameRows[] = {
+    {"head", L"Проект"},
+    {"pointRegister", L"Ведомость координат"},
+    {"lithology", L"Литология"},
+    {"samples", L"Пробы"},
+    {"waterLevels", L"Уровни воды"},
+    {"consistency", L"Консистенция"},
+    {"laboratory", L"Лаборатория"},
+    {"labSamples", L"Лаборатория"},
+    {"soundings", L"Статическое зондирование"},
+    {"subsidence", L"Просадочность"},
+    {"chemistry", L"Химический анализ"},
+    {"strataElements", L"Инженерно-геологические элементы"},
+    {"section", L"Разрез"},
+
+    {"projectCode", L"шифр"},
+    {"projectName", L"наименование"},
+    {"pointName", L"имя точки"},
+    {"depth", L"глубина"},
+    {"geoIndex", L"геоиндекс"},
+    {"description", L"описание"},
+    {"device", L"установка"},
+    {"date", L"дата"},
+};
+
+std::wstring shownName(std::string_view name)
+{
+    for (const NameRow& row : nameRows)
+        if (row.name == name)
+            return std::wstring(row.shown);
+    return {name.begin(), name.end()};
+}
+
 const LossRow& rowOf(Kind kind)
 {
     return lossRows[static_cast<std::size_t>(kind)];
@@ -93,11 +132,11 @@ bool makesUnreadable(SaveLoss::Kind kind)
 std::wstring describeLoss(const SaveLoss& loss)
 {
     const LossRow& row = rowOf(loss.kind);
-    std::wstring where(loss.section.begin(), loss.section.end());
-    if (!loss.field.empty() && loss.field != loss.section)
-        where.append(L".").append(loss.field.begin(), loss.field.end());
+    std::wstring where = shownName(loss.section);
     if (!loss.key.empty())
         where.append(L" [").append(loss.key).append(L"]");
+    if (!loss.field.empty() && loss.field != loss.section)
+        where.append(L", ").append(shownName(loss.field));
     return where.append(L": ").append(row.what).append(L"; ").append(row.advice);
 }
 

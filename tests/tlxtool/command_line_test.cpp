@@ -115,7 +115,7 @@ TEST(CommandLine, BuildWarnsOfLossesAndSpoilsNothingWhenItFails)
         + "\"projectName\": .*/\"projectName\": \"≥\",/' a.json > b.json && "
           "$T build b.json b.TLX");
     EXPECT_EQ(outcome.status, 0) << outcome.text;
-    EXPECT_NE(outcome.text.find("не вернётся после открытия: head.projectName"), std::string::npos)
+    EXPECT_NE(outcome.text.find("не вернётся после открытия: Проект, наименование"), std::string::npos)
         << outcome.text;
     outcome = shell(enter + edit
         + "\"typeObject\": .*/\"typeObject\": 999,/' a.json > c.json && "
