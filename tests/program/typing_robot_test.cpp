@@ -5,9 +5,7 @@
 // after every act and against the file at the end. A seed makes a session again:
 //     TELLURIX_SEED=17 TELLURIX_SESSIONS=1 robot_tests
 
-#include "persistence/project_file.h"
-#include "program/meant_site.h"
-#include "program/program_test.h"
+#include "program/robot_hands.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -16,29 +14,9 @@
 #include <QPointer>
 
 #include <functional>
-#include <random>
-#include <set>
 
 namespace
 {
-
-// A screen as the robot knows it.
-struct RobotScreen {
-    TX_Modes mode;
-    ShellAction action;
-    const MeantTable* table;
-    MeantRecords (*read)(DBProject&, const std::wstring&); // null: the list of points
-    // Whether the project takes a record with these texts.
-    bool needsSecond; // a kind, without which there is no record
-};
-
-const RobotScreen robotScreens[] = {
-    {ModeListCoords, ShellAction::ListCoords, &coordinates, nullptr, false},
-    {ModeLitology, ShellAction::Litology, &layers, layersIn, false},
-    {ModeTests, ShellAction::Tests, &samples, samplesIn, true},
-    {ModeWaters, ShellAction::Waters, &waters, watersIn, false},
-    {ModeConsistents, ShellAction::Consistents, &consistencies, consistenciesIn, true},
-};
 
 // A sanitizer makes a session many times as long.
 #ifdef TELLURIX_SANITIZED
@@ -53,243 +31,9 @@ int numberFromEnvironment(const char* name, int otherwise)
     return number > 0 ? number : otherwise;
 }
 
-QString withPoint(QString text)
-{
-    return text.remove(QLatin1Char(' ')).replace(QLatin1Char(','), QLatin1Char('.'));
-}
-
-class TypingRobot : public ProgramTest
+class TypingRobot : public RobotHands
 {
 protected:
-    // What is meant: by the screen and the point ("" in the list of points).
-    using Place = std::pair<int, QString>;
-    std::map<Place, MeantRecords> meant_;
-    std::vector<MeantRecords> steps_; // states before the steps of undo since the screen or point was chosen
-    std::mt19937 random_;
-    const RobotScreen* on_ = nullptr;
-    QString point_;
-    QStringList points_; // of the registers' screens
-    std::set<QString> used_; // depths and names, each once in a session
-    QString path_;
-    QStringList done_; // the last acts, for the report
-    int refusals_ = 0;
-    MeantRecords beforeLast_; // before the last cell was typed
-    std::size_t stepsBeforeLast_ = 0;
-    int lastColumn_ = -1;
-
-    int number(int from, int to) { return std::uniform_int_distribution<int>(from, to)(random_); }
-    bool chance(int percent) { return number(1, 100) <= percent; }
-    template <class List>
-    auto one(const List& list)
-    {
-        return list[size_t(number(0, int(list.size()) - 1))];
-    }
-    QString oneOf(const QStringList& list) { return list[number(0, list.size() - 1)]; }
-
-    // Keys and eyes
-
-    QTableView* view() { return table(on_->mode); }
-    static void press(int key, Qt::KeyboardModifiers held = Qt::NoModifier)
-    {
-        QWidget* focus = QApplication::focusWidget();
-        ASSERT_NE(focus, nullptr) << "nobody has the keyboard";
-        if (qEnvironmentVariableIsSet("TELLURIX_TALK"))
-            std::fprintf(stderr,
-                "  %s on %s\n",
-                qPrintable(QKeySequence(key | int(held)).toString()),
-                focus->metaObject()->className());
-        QTest::keyClick(focus, Qt::Key(key), held);
-    }
-    static void typeText(const QString& text)
-    {
-        for (const QChar letter : text) {
-            ASSERT_NE(QApplication::focusWidget(), nullptr);
-            QTest::sendKeyEvent(
-                QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, QString(letter), Qt::NoModifier);
-        }
-    }
-    int rowsSeen() { return view()->model()->rowCount(); }
-    QString seen(int row, int column) { return cell(view(), row, column); }
-    // The last row of a table is the one to begin a new record in.
-    int spareRow() { return rowsSeen() - 1; }
-
-    void goTo(int row, int column)
-    {
-        QTableView* view = this->view();
-        if (chance(30) || !view->hasFocus()) {
-            view->scrollTo(view->model()->index(row, column));
-            QTest::mouseClick(view->viewport(),
-                Qt::LeftButton,
-                {},
-                view->visualRect(view->model()->index(row, column)).center()
-                    - QPoint(view->columnWidth(column) / 3, 0));
-        } else {
-            press(Qt::Key_Home, Qt::ControlModifier);
-            for (int i = 0; i < row; ++i)
-                press(Qt::Key_Down);
-            for (int i = 0; i < column; ++i)
-                press(Qt::Key_Right);
-        }
-        ASSERT_EQ(view->currentIndex().row(), row);
-        ASSERT_EQ(view->currentIndex().column(), column);
-    }
-
-    // What was meant
-
-    static const RobotScreen& screenOf(const Place& place)
-    {
-        return *std::find_if(std::begin(robotScreens), std::end(robotScreens), [&](const RobotScreen& each) {
-            return each.mode == place.first;
-        });
-    }
-    Place place() { return {on_->mode, point_}; }
-    MeantRecords& records() { return meant_[place()]; }
-    void step() { steps_.push_back(records()); }
-    int keyColumn() const { return on_->table->key; }
-
-    static bool isTaken(const RobotScreen& screen, const MeantRecord& record)
-    {
-        const auto key = record.find(screen.table->key);
-        if (key == record.end() || key->second.isEmpty() || key->second.startsWith(QLatin1Char('?')))
-            return false;
-        const auto second = record.find(screen.table->columns.back());
-        return !screen.needsSecond || (second != record.end() && !second->second.isEmpty());
-    }
-    static MeantRecords taken(const RobotScreen& screen, const MeantRecords& all)
-    {
-        MeantRecords some;
-        for (const MeantRecord& record : all)
-            if (isTaken(screen, record))
-                some.push_back(record);
-        return some;
-    }
-    // The record that a person takes a row for: by its key, which stands there once.
-    MeantRecord* recordAt(int row)
-    {
-        const QString key = seen(row, keyColumn());
-        for (MeantRecord& record : records())
-            if (record[keyColumn()] == key)
-                return &record;
-        return nullptr;
-    }
-
-    static bool isNumberColumn(const RobotScreen& screen, int column)
-    {
-        return screen.mode == ModeListCoords ? column >= 2 && column <= 8 : column == screen.table->key;
-    }
-
-    // A text was typed into a cell of a record: one step, and one more where a comma was mended.
-    void put(MeantRecord& record, int column, const QString& typed)
-    {
-        const MeantRecords before = records();
-        const QString stored = isNumberColumn(*on_, column) ? withPoint(typed) : typed;
-        const QString old = record[column];
-        if (old == typed)
-            return;
-        steps_.push_back(before);
-        if (stored != typed) {
-            record[column] = typed;
-            if (old != stored)
-                steps_.push_back(records());
-        }
-        record[column] = stored;
-        if (on_->mode == ModeListCoords && column == 0 && record[1].isEmpty())
-            record[1] = QStringLiteral("Скважина");
-    }
-
-    // An undo gives a comma back, and the registers read a depth up to its comma. So that it is always theirs
-    // to take, no whole number of metres stands before two commas, nor alone.
-    QString depth()
-    {
-        for (;;) {
-            const int hundredths = number(1, 9999);
-            const QString metres = QString::number(hundredths / 100);
-            const QString text = metres + QLatin1Char('.')
-                + QStringLiteral("%1").arg(hundredths % 100, 2, 10, QLatin1Char('0'));
-            const bool isWhole = hundredths % 100 == 0;
-            if (isWhole && used_.count(metres) > 0)
-                continue;
-            if (!used_.insert(text).second)
-                continue;
-            const bool isWithComma = !isWhole && chance(40) && used_.count(metres) == 0;
-            if (isWhole || isWithComma)
-                used_.insert(metres);
-            return isWithComma ? QString(text).replace(QLatin1Char('.'), QLatin1Char(',')) : text;
-        }
-    }
-    QString pointName()
-    {
-        for (;;) {
-            QString name = oneOf({QStringLiteral("Скв-"), QStringLiteral("Ш-"), QStringLiteral("с")})
-                + QString::number(number(1, 300));
-            if (used_.insert(name).second)
-                return name;
-        }
-    }
-    QString words()
-    {
-        return oneOf({QStringLiteral("Суглинок"),
-                   QStringLiteral("Песок мелкий"),
-                   QStringLiteral("глина, 3,5 %"),
-                   QStringLiteral("1.2"),
-                   QStringLiteral("aQ-III"),
-                   QStringLiteral("\"торф\"")})
-            + QLatin1Char(' ') + QString::number(number(1, 9999));
-    }
-    // What a person types into a column, and what is to stand there.
-    QString textFor(int column)
-    {
-        if (column == keyColumn())
-            return on_->mode == ModeListCoords ? pointName() : depth();
-        if (isNumberColumn(*on_, column))
-            return chance(50) ? QStringLiteral("6 180 %1,45").arg(number(100, 999))
-                              : QString::number(number(1, 99999));
-        if (on_->mode == ModeListCoords && column == 1)
-            return oneOf(
-                {QStringLiteral("Скважина"), QStringLiteral("Шурф"), QStringLiteral("Зондирование")});
-        if (on_->mode == ModeTests)
-            return oneOf({QStringLiteral("Монолит (М)"), QStringLiteral("Валовая (В)")});
-        if (on_->mode == ModeConsistents)
-            return oneOf(
-                {QStringLiteral("тугопластичная"), QStringLiteral("текучая"), QStringLiteral("полутвердая")});
-        if (column == 9 || on_->mode == ModeWaters)
-            return QStringLiteral("%1.0%2.2019").arg(number(10, 28)).arg(number(1, 9));
-        return words();
-    }
-    // The first letters of a choice are enough where no other begins so.
-    QString shortened(int column, const QString& text)
-    {
-        if (on_->mode == ModeTests && column == 1 && chance(50))
-            return text.left(number(3, 6)).toLower();
-        return text;
-    }
-    bool isFlag(int column) const { return on_->mode == ModeWaters && column >= 2; }
-
-    // Acts
-
-    void typeCell(MeantRecord& record, int column)
-    {
-        beforeLast_ = records();
-        stepsBeforeLast_ = steps_.size();
-        lastColumn_ = column;
-        if (isFlag(column)) {
-            press(Qt::Key_Space);
-            const MeantRecords before = records();
-            steps_.push_back(before);
-            record[column] = record[column].isEmpty() ? QStringLiteral("1") : QString();
-            return;
-        }
-        const QString text = textFor(column);
-        if (qEnvironmentVariableIsSet("TELLURIX_TALK"))
-            std::fprintf(stderr,
-                "  \"%s\" into %d, %d\n",
-                qPrintable(text),
-                view()->currentIndex().row(),
-                view()->currentIndex().column());
-        typeText(shortened(column, text));
-        put(record, column, text);
-    }
-
     // Where the cursor stands on the first column of a new row: rows, one after another, without looking.
     void enterRows(int count)
     {
@@ -354,29 +98,6 @@ protected:
             changeScreen();
         }
     }
-    // Whether something typed is not in the project; a row that nobody typed into does not count.
-    bool waits() const
-    {
-        const auto isWaiting = [](const RobotScreen& screen, const MeantRecord& record) {
-            const bool isBlank = std::all_of(
-                record.begin(), record.end(), [](const auto& cell) { return cell.second.isEmpty(); });
-            return !isBlank && !isTaken(screen, record);
-        };
-        return std::any_of(meant_.begin(), meant_.end(), [&](const auto& entry) {
-            return std::any_of(entry.second.begin(), entry.second.end(), [&](const MeantRecord& record) {
-                return isWaiting(screenOf(entry.first), record);
-            });
-        });
-    }
-    // What the screens say that is not stored, for the report.
-    std::string told()
-    {
-        QStringList all;
-        for (const RobotScreen& each : robotScreens)
-            if (screen(each.mode))
-                all += screen(each.mode)->property("tellurixUnsavedCells").toStringList();
-        return all.join(QLatin1Char('\n')).toStdString();
-    }
     void save()
     {
         const MessageAnswers answers({QMessageBox::Ok});
@@ -434,22 +155,63 @@ protected:
         }
     }
 
-    void deleteRow()
+    // A text typed onto a cell is taken over by an arrow, which goes where it points on the table as it was.
+    void leaveByArrow()
     {
         if (spareRow() == 0)
             return;
         const int row = number(0, spareRow() - 1);
         const QString key = seen(row, keyColumn());
-        // A point with records elsewhere asks first; the robot leaves such a one.
-        if (on_->mode == ModeListCoords && points_.contains(key))
+        std::vector<int> written;
+        for (const int column : on_->table->columns)
+            if (!isFlag(column) && !isChoice(column)
+                && !(on_->mode == ModeListCoords && column == 0 && points_.contains(key)))
+                written.push_back(column);
+        const int column = one(written);
+        const QString above = row > 0 ? seen(row - 1, keyColumn()) : QString();
+        const QString below = row + 1 < spareRow() ? seen(row + 1, keyColumn()) : QString();
+        goTo(row, column);
+        MeantRecord* record = recordAt(row);
+        ASSERT_NE(record, nullptr) << "a row that nobody meant: " << key.toStdString();
+        typeCell(*record, column);
+        const QString own = (*record)[keyColumn()];
+        const int arrow = one(std::vector<int>{Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right});
+        press(arrow);
+        const QModelIndex now = view()->currentIndex();
+        const QString there = seen(now.row(), keyColumn());
+        const int last = view()->model()->columnCount() - 1;
+        if (arrow == Qt::Key_Left || arrow == Qt::Key_Right) {
+            ASSERT_EQ(there.toStdString(), own.toStdString());
+            ASSERT_EQ(now.column(), qBound(0, arrow == Qt::Key_Left ? column - 1 : column + 1, last));
+        } else {
+            const QString wanted = arrow == Qt::Key_Down ? below : row > 0 ? above : own;
+            ASSERT_EQ(there.toStdString(), wanted.toStdString());
+            ASSERT_EQ(now.column(), column);
+        }
+    }
+
+    void deleteRows()
+    {
+        if (spareRow() == 0)
             return;
-        goTo(row, on_->table->columns.front());
+        const int first = number(0, spareRow() - 1);
+        const int last = chance(60) ? first : qMin(first + number(1, 3), spareRow() - 1);
+        QStringList keys;
+        for (int row = first; row <= last; ++row)
+            keys += seen(row, keyColumn());
+        // A point with records elsewhere asks first; the robot leaves such a one.
+        if (on_->mode == ModeListCoords
+            && std::any_of(
+                points_.begin(), points_.end(), [&](const QString& each) { return keys.contains(each); }))
+            return;
+        goTo(first, on_->table->columns.front());
+        for (int row = first; row < last; ++row)
+            press(Qt::Key_Down, Qt::ShiftModifier);
         step();
         press(Qt::Key_Delete, Qt::ControlModifier);
         auto& all = records();
-        all.erase(std::remove_if(
-                      all.begin(), all.end(), [&](MeantRecord& each) { return each[keyColumn()] == key; }),
-            all.end());
+        const auto isGone = [&](MeantRecord& each) { return keys.contains(each[keyColumn()]); };
+        all.erase(std::remove_if(all.begin(), all.end(), isGone), all.end());
     }
 
     void clearCell()
@@ -472,10 +234,24 @@ protected:
         }
     }
 
-    void pasteRows()
+    // What stands in a pasted block where nothing is meant.
+    QString other(int column) const
     {
         if (on_->mode == ModeListCoords)
-            return;
+            return column == 6 ? QStringLiteral("Без профиля") : QStringLiteral("Геол.");
+        // Of a computed column: not taken. There are no elements to give a layer.
+        return on_->mode == ModeLitology && column == 5 ? QString() : QStringLiteral("7,77");
+    }
+    // As a spreadsheet gives it to the clipboard.
+    static QString quoted(const QString& text)
+    {
+        return !text.startsWith(QLatin1Char('"')) ? text
+                                                  : QLatin1Char('"')
+                + QString(text).replace(QLatin1Char('"'), QLatin1String("\"\"")) + QLatin1Char('"');
+    }
+
+    void pasteRows()
+    {
         QString block;
         MeantRecords added;
         MeantRecords typed;
@@ -489,16 +265,11 @@ protected:
             for (int column = 0; column < width; ++column) {
                 const auto& columns = on_->table->columns;
                 if (std::find(columns.begin(), columns.end(), column) == columns.end()) {
-                    // Of a computed column: not taken. There are no elements to give a layer.
-                    cells += on_->mode == ModeLitology && column == 5 ? QString() : QStringLiteral("7,77");
+                    cells += other(column);
                     continue;
                 }
                 const QString text = isFlag(column) ? QStringLiteral("1") : textFor(column);
-                QString quoted = text;
-                if (quoted.startsWith(QLatin1Char('"')))
-                    quoted = QLatin1Char('"') + quoted.replace(QLatin1Char('"'), QLatin1String("\"\""))
-                        + QLatin1Char('"');
-                cells += quoted;
+                cells += quoted(text);
                 asTyped[column] = text;
                 record[column] = isNumberColumn(*on_, column) ? withPoint(text) : text;
                 hasComma = hasComma || record[column] != text;
@@ -519,6 +290,44 @@ protected:
         records().insert(records().end(), added.begin(), added.end());
     }
 
+    // Indices and descriptions over those that stand there, or one description moved to another layer.
+    void pasteOver()
+    {
+        if (on_->mode != ModeLitology || spareRow() == 0)
+            return;
+        const int first = number(0, spareRow() - 1);
+        const MeantRecords before = records();
+        if (chance(50)) {
+            const QString from = seen(first, keyColumn());
+            const QString to = seen(number(0, spareRow() - 1), keyColumn());
+            const QString text = (*recordAt(first))[4];
+            if (text.isEmpty() || from == to)
+                return;
+            goTo(first, 4);
+            press(Qt::Key_X, Qt::ControlModifier);
+            step();
+            recordWith(from)[4].clear();
+            check();
+            goTo(rowWith(to), 4);
+            press(Qt::Key_V, Qt::ControlModifier);
+            if (recordWith(to)[4] != text)
+                step();
+            recordWith(to)[4] = text;
+            return;
+        }
+        QString block;
+        for (int row = first; row < spareRow() && row < first + 3; ++row) {
+            MeantRecord& record = *recordAt(row);
+            record[3] = words();
+            record[4] = words();
+            block += quoted(record[3]) + QLatin1Char('\t') + quoted(record[4]) + QStringLiteral("\r\n");
+        }
+        goTo(first, 3);
+        QApplication::clipboard()->setText(block);
+        press(Qt::Key_V, Qt::ControlModifier);
+        steps_.push_back(before);
+    }
+
     void fillDown()
     {
         if (on_->mode != ModeLitology || spareRow() < 2)
@@ -529,12 +338,15 @@ protected:
         const QString text = seen(top, column);
         goTo(top, column);
         const MeantRecords before = records();
+        bool changes = false;
         for (int i = 1; i <= count; ++i) {
             press(Qt::Key_Down, Qt::ShiftModifier);
-            (*recordAt(top + i))[column] = text;
+            QString& filled = (*recordAt(top + i))[column];
+            changes = changes || filled != text;
+            filled = text;
         }
         press(Qt::Key_D, Qt::ControlModifier);
-        if (before != records())
+        if (changes)
             steps_.push_back(before);
     }
 
@@ -553,6 +365,27 @@ protected:
         press(Qt::Key_Return);
         const QStringList told = screen(on_->mode)->property("tellurixUnsavedCells").toStringList();
         EXPECT_TRUE(told.join(QLatin1Char(' ')).contains(text)) << "the screen does not own up to a refusal";
+    }
+
+    // A depth that another record has: said at once, and taken back.
+    void twice()
+    {
+        if (on_->mode == ModeListCoords || spareRow() == 0)
+            return;
+        const int row = number(0, spareRow() - 1);
+        const QString key = seen(row, keyColumn());
+        // One that waits itself holds no depth yet.
+        if (!isTaken(*on_, *recordAt(row)) || key.contains(QLatin1Char(',')))
+            return;
+        goTo(spareRow(), keyColumn());
+        typeText(key);
+        press(Qt::Key_Return);
+        const QStringList told = screen(on_->mode)->property("tellurixUnsavedCells").toStringList();
+        EXPECT_TRUE(told.join(QLatin1Char(' ')).contains(key))
+            << "nothing is said of a depth that stands twice: " << key.toStdString() << "; "
+            << told.join(QLatin1Char(' ')).toStdString();
+        check();
+        press(Qt::Key_Z, Qt::ControlModifier);
     }
 
     void undoAndRedo()
@@ -660,47 +493,6 @@ protected:
         changeScreen();
     }
 
-    // Against the project
-
-    MeantRecords current(const RobotScreen& screen, const QString& point)
-    {
-        DBProject& project = *controller().dbProject();
-        return screen.read ? screen.read(project, point.toStdWString()) : pointsIn(project);
-    }
-    void check()
-    {
-        ASSERT_EQ(toldInOrder(*on_->table, current(*on_, point_)).toStdString(),
-            toldInOrder(*on_->table, taken(*on_, records())).toStdString())
-            << on_->table->name.toStdString() << ", point " << point_.toStdString() << ", not stored: "
-            << screen(on_->mode)
-                   ->property("tellurixUnsavedCells")
-                   .toStringList()
-                   .join(QLatin1Char('\n'))
-                   .toStdString()
-            << "\nThe cursor is on: " << view()->currentIndex().row() << ", "
-            << view()->currentIndex().column() << " "
-            << view()->currentIndex().data().toString().toStdString();
-    }
-    void checkFile()
-    {
-        const Reference<DBProject> stored = storedProject(path_);
-        for (auto& [where, all] : meant_) {
-            const RobotScreen& screen = screenOf(where);
-            const MeantRecords held =
-                screen.read ? screen.read(*stored, where.second.toStdWString()) : pointsIn(*stored);
-            EXPECT_EQ(toldInOrder(*screen.table, held).toStdString(),
-                toldInOrder(*screen.table, taken(screen, all)).toStdString())
-                << "in the file: " << screen.table->name.toStdString() << ", " << where.second.toStdString();
-        }
-    }
-    static Reference<DBProject> storedProject(const QString& path)
-    {
-        std::vector<std::uint8_t> bytes;
-        ReadReport report;
-        lookAtProjectFile(path.toStdWString(), bytes);
-        return readProject(path.toStdWString(), bytes, report);
-    }
-
     void begin(unsigned seed)
     {
         random_.seed(seed);
@@ -732,17 +524,20 @@ protected:
             int weight;
             void (TypingRobot::*run)();
         };
-        static const Act acts[] = {{"new rows", 22, &TypingRobot::newRows},
-            {"insert", 10, &TypingRobot::insertRow},
-            {"correct", 16, &TypingRobot::correctDown},
-            {"delete", 5, &TypingRobot::deleteRow},
-            {"clear", 5, &TypingRobot::clearCell},
+        static const Act acts[] = {{"new rows", 18, &TypingRobot::newRows},
+            {"insert", 9, &TypingRobot::insertRow},
+            {"correct", 12, &TypingRobot::correctDown},
+            {"arrow", 7, &TypingRobot::leaveByArrow},
+            {"delete", 5, &TypingRobot::deleteRows},
+            {"clear", 4, &TypingRobot::clearCell},
             {"paste", 8, &TypingRobot::pasteRows},
-            {"fill", 5, &TypingRobot::fillDown},
+            {"paste over", 4, &TypingRobot::pasteOver},
+            {"fill", 4, &TypingRobot::fillDown},
             {"refused", 3, &TypingRobot::refused},
-            {"undo", 12, &TypingRobot::undoAndRedo},
-            {"sort, filter", 4, &TypingRobot::sortOrFilter},
-            {"screen", 6, &TypingRobot::changeScreen},
+            {"twice", 3, &TypingRobot::twice},
+            {"undo", 11, &TypingRobot::undoAndRedo},
+            {"sort, filter", 3, &TypingRobot::sortOrFilter},
+            {"screen", 5, &TypingRobot::changeScreen},
             {"save", 2, &TypingRobot::save},
             {"close", 2, &TypingRobot::closeAndOpen}};
         int left = number(1, 100);
