@@ -64,7 +64,7 @@ public:
     // 22). Others override it.
     virtual void say(const QString& text);
     // The cells that are kept as typed because the project cannot take them, each "where: why". The shell
-    // names them at a save and before a closing; the first one is said where it is another than before.
+    // names them at a save and before a closing; the first new one is said, or that there are none any more.
     void tellUnsaved(const QStringList& cells);
 
 protected:
