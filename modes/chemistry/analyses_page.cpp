@@ -257,10 +257,11 @@ void AnalysesPage::forget()
 
 QString AnalysesPage::problem()
 {
-    if (pending_.isEmpty())
-        return {};
-    const QVector<QString> problems = pending_.first().problems;
-    return QStringLiteral("Анализ не сохранен. ") + problems.value(pointColumn) + problems.value(depthColumn);
+    for (const GridRow& row : pending_)
+        if (const QString why = row.problems.value(pointColumn) + row.problems.value(depthColumn);
+            !why.isEmpty())
+            return QStringLiteral("Анализ не сохранен. ") + why;
+    return {};
 }
 
 void AnalysesPage::edit(const GridRows& after)
@@ -292,7 +293,10 @@ void AnalysesPage::edit(const GridRows& after)
             kept.append(row);
             continue;
         }
-        row.problems[key.pointName.empty() ? pointColumn : depthColumn] = problem;
+        // A row that nobody typed into yet is no fault.
+        if (std::any_of(
+                typed.cells.begin(), typed.cells.end(), [](const QString& cell) { return !cell.isEmpty(); }))
+            row.problems[key.pointName.empty() ? pointColumn : depthColumn] = problem;
         refused.append(row);
     }
     pending_ = refused;

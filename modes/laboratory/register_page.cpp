@@ -348,7 +348,9 @@ void RegisterPage::takeRow(IDBProject& project, GridRow row, Edits& edits)
         }
         row.id = row.id == 0 ? ++lastId_ : row.id;
         row.problems = QVector<QString>(Depth + 1);
-        row.problems[key.pointName.empty() ? Point : Depth] = qText(refusal);
+        // A row that nobody typed into yet is no fault.
+        if (!key.pointName.empty() || !key.depth.empty() || !row.cells[Soil].isEmpty())
+            row.problems[key.pointName.empty() ? Point : Depth] = qText(refusal);
         edits.open.push_back(row);
         return;
     }
