@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <random>
+#include <string>
 
 TEST(TypedNumber, ReadsWhatPeopleTypeAndNothingElse)
 {
@@ -38,6 +40,23 @@ TEST(TypedNumber, ReadsWhatPeopleTypeAndNothingElse)
     for (const Row& row : rows)
         EXPECT_EQ(readNumber(row.text), row.number) << testing::PrintToString(std::wstring(row.text));
     EXPECT_EQ(readNumber(std::wstring(401, L'9')), std::nullopt) << "more than a double holds";
+}
+
+// Short numbers go another way than long ones: both are the double that the C library finds nearest.
+TEST(TypedNumber, IsTheNearestDouble)
+{
+    std::mt19937_64 random(5);
+    for (int i = 0; i < 5000; ++i) {
+        std::string text = random() % 2 ? "-" : "";
+        const std::size_t digits = 1 + random() % 20;
+        const std::size_t mark = random() % (digits + 1);
+        for (std::size_t digit = 0; digit < digits; ++digit) {
+            if (digit == mark)
+                text += '.';
+            text += static_cast<char>('0' + random() % 10);
+        }
+        EXPECT_EQ(readNumber(std::wstring(text.begin(), text.end())), std::stod(text)) << text;
+    }
 }
 
 TEST(TypedNumber, CellsOfTestsCarryMarks)

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <iterator>
 
 namespace
 {
@@ -82,13 +83,28 @@ private:
             && (isDigit(text[i + 1]) || isBlank(text[i + 1]));
     }
 
-    std::array<char, 300> text_{};
+    std::array<char, 300> text_; // as far as size_
     std::size_t size_ = 0;
     int digits_ = 0;
     int decimals_ = 0;
     bool hasMark_ = false;
     bool hasComma_ = false;
 };
+
+// As a double is nearest to them; those up to 1e22 are exact.
+constexpr double tenthPowers[] = {
+    1e0, 1e-1, 1e-2, 1e-3, 1e-4, 1e-5, 1e-6, 1e-7, 1e-8, 1e-9, 1e-10, 1e-11, 1e-12};
+constexpr double tenPowers[] = {
+    1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18};
+
+double powerOfTen(int exponent)
+{
+    if (exponent >= 0 && exponent < static_cast<int>(std::size(tenPowers)))
+        return tenPowers[exponent];
+    if (exponent < 0 && -exponent < static_cast<int>(std::size(tenthPowers)))
+        return tenthPowers[-exponent];
+    return std::pow(10.0, exponent);
+}
 
 constexpr int mostDecimalDigits = 18; // of 64 bits
 
@@ -116,6 +132,16 @@ Number readNumber(std::wstring_view text)
     double value = 0;
     if (!plain.read(text))
         return std::nullopt;
+    // So few digits and the power of ten are exact, and their quotient is the nearest double.
+    constexpr int exactDigits = 15;
+    if (plain.digits() <= exactDigits) {
+        std::int64_t digits = 0;
+        for (const char c : plain)
+            if (c >= '0' && c <= '9')
+                digits = digits * 10 + (c - '0');
+        value = static_cast<double>(digits) / tenPowers[plain.decimals()];
+        return *plain.begin() == '-' ? -value : value;
+    }
     const auto [end, failure] = std::from_chars(plain.begin(), plain.end(), value);
     return failure == std::errc() && end == plain.end() ? Number(value) : std::nullopt;
 }
@@ -181,7 +207,7 @@ std::wstring differenceText(std::wstring_view a, std::wstring_view b)
 
 double roundedTo(double value, int decimals)
 {
-    const double scale = std::pow(10.0, decimals);
+    const double scale = powerOfTen(decimals);
     // 2.675 is stored a little below itself: a billionth part more brings a half back to where it was typed.
     const double near = value * scale * (1 + 1e-9);
     const double rounded = std::round(near) / scale;
@@ -195,7 +221,7 @@ std::wstring numberText(const Number& value, int decimals)
     double rounded = roundedTo(*value, decimals);
     if (rounded == 0)
         rounded = 0; // without the sign of a small negative
-    std::array<char, 400> text{};
+    std::array<char, 400> text;
     const auto [end, failure] =
         std::to_chars(text.data(), text.data() + text.size(), rounded, std::chars_format::fixed, decimals);
     return failure == std::errc() ? std::wstring(text.data(), end) : std::wstring();
