@@ -10,7 +10,6 @@ namespace
 constexpr int points = 500;
 constexpr int layersOfPoint = 10;
 constexpr int samplesOfLayer = 2;
-constexpr int elements = 40;
 
 } // namespace
 
@@ -35,7 +34,7 @@ LabSample sampleWithTests(std::mt19937& random)
     return sample;
 }
 
-Reference<DBProject> siteOfElements()
+Reference<DBProject> siteOfElements(int elements)
 {
     auto project = makeReference<DBProject>();
     project->setGranGost(1);
@@ -46,7 +45,7 @@ Reference<DBProject> siteOfElements()
         const std::wstring name = std::to_wstring(point);
         for (int layer = 1; layer <= layersOfPoint; ++layer) {
             project->addLithology({name, std::to_wstring(layer * 2)}, {L"aQ", L"Суглинок тугопластичный"});
-            const int element = (point + layer * 4) % elements + 1;
+            const int element = (point + layer * (elements / 10)) % elements + 1;
             assignElement(
                 project->getNumberedLinks(), name, static_cast<std::size_t>(layer), std::to_wstring(element));
             for (int sample = 0; sample < samplesOfLayer; ++sample)

@@ -8,6 +8,7 @@
 #include "paint/drawing_painter.h"
 #include "persistence/project_file.h"
 #include "plots/column.h"
+#include "plots/sounding_graph.h"
 
 #include <QGuiApplication>
 #include <QImage>
@@ -66,6 +67,25 @@ std::vector<Drawing> manyColumns()
     for (int number = 0; number < columns; ++number)
         for (Drawing& sheet : columnOf(columnOfLayers(number, 12), {}))
             sheets.push_back(std::move(sheet));
+    return sheets;
+}
+
+// One reading a centimetre, as electric probes give them.
+std::vector<Drawing> manyGraphs()
+{
+    constexpr int soundings = 100;
+    constexpr int readings = 1500;
+    std::vector<Drawing> sheets;
+    for (int number = 0; number < soundings; ++number) {
+        SoundingGraph graph;
+        graph.title = L"ТСЗ-" + std::to_wstring(number + 1);
+        graph.layers = {{0, 5, L"1"}, {5, 15, L"2"}};
+        for (int row = 0; row < readings; ++row)
+            graph.readings.push_back(
+                {(row + 1) * 0.01, 2.0 + (row * 13 + number) % 50 * 0.1, 40.0 + row % 30, {}, {}, 0});
+        for (Drawing& sheet : soundingGraphPages({graph}, {}))
+            sheets.push_back(std::move(sheet));
+    }
     return sheets;
 }
 
@@ -136,6 +156,10 @@ std::size_t run(const std::string& operation, const Hatches& hatches, const char
     }
     if (operation == "columns.pdf") {
         const QByteArray bytes = toPdf(manyColumns(), hatches);
+        return writeOut(path, bytes.constData(), static_cast<std::size_t>(bytes.size()));
+    }
+    if (operation == "graphs.pdf") {
+        const QByteArray bytes = toPdf(manyGraphs(), hatches);
         return writeOut(path, bytes.constData(), static_cast<std::size_t>(bytes.size()));
     }
     if (operation == "columns.dxf") {
