@@ -166,12 +166,21 @@ void AssignmentView::paintLayer(QPainter& painter, const LayerPlace& place) cons
     QColor ground = shown.isEmpty() ? QColor(Qt::white) : colors_.value(shown, QColor(0xe0, 0xe0, 0xe0));
     if (isProposed)
         ground = ground.lighter(112);
-    painter.fillRect(area, ground);
-    if (shown.isEmpty())
-        painter.fillRect(area, QBrush(QColor(0xc8, 0xc8, 0xc8), Qt::BDiagPattern));
-    painter.setPen(QPen(QColor(0x55, 0x55, 0x55), 1, isProposed ? Qt::DashLine : Qt::SolidLine));
+    const QColor border(0x55, 0x55, 0x55);
     painter.setBrush(Qt::NoBrush);
-    painter.drawRect(area);
+    if (shown.isEmpty() || isProposed) {
+        painter.fillRect(area, ground);
+        if (shown.isEmpty())
+            painter.fillRect(area, QBrush(QColor(0xc8, 0xc8, 0xc8), Qt::BDiagPattern));
+        painter.setPen(QPen(border, 1, isProposed ? Qt::DashLine : Qt::SolidLine));
+        painter.drawRect(area);
+    } else {
+        // Two fills take a fraction of drawing a border, and hundreds of layers are in view.
+        const QRect box(QPoint(qRound(area.left()), qRound(area.top())),
+            QPoint(qRound(area.right()), qRound(area.bottom())));
+        painter.fillRect(box, border);
+        painter.fillRect(box.adjusted(1, 1, -1, -1), ground);
+    }
     if (area.height() >= fontMetrics().height() - 2 && !shown.isEmpty()) {
         painter.setPen(Qt::black);
         const auto name = shown.toStdWString();

@@ -5,6 +5,7 @@
 
 #include <QPainter>
 #include <QPixmap>
+#include <QPixmapCache>
 
 #include <array>
 
@@ -27,11 +28,18 @@ std::int32_t storedColor(const QColor& color)
 
 QIcon swatch(const QColor& color)
 {
-    QPixmap picture(16, 16);
-    picture.fill(color);
-    QPainter painter(&picture);
-    painter.setPen(QColor(0x50, 0x50, 0x50));
-    painter.drawRect(0, 0, 15, 15);
+    // A site of thousands of elements has a handful of colours.
+    const QString key = QStringLiteral("ige/swatch/") + color.name();
+    QPixmap picture;
+    if (!QPixmapCache::find(key, &picture)) {
+        picture = QPixmap(16, 16);
+        picture.fill(color);
+        QPainter painter(&picture);
+        painter.setPen(QColor(0x50, 0x50, 0x50));
+        painter.drawRect(0, 0, 15, 15);
+        painter.end();
+        QPixmapCache::insert(key, picture);
+    }
     return QIcon(picture);
 }
 

@@ -47,10 +47,12 @@ void ResultTable::setRows(const QVector<ResultRow>& rows)
             item->setToolTip(row[column].tip);
             item->setTextAlignment(
                 Qt::AlignVCenter | (column < textColumns_ ? Qt::AlignLeft : Qt::AlignRight));
-            QFont font = this->font();
-            font.setBold(row[column].look == ResultCell::Bold);
-            font.setStrikeOut(row[column].look == ResultCell::Struck);
-            item->setFont(font);
+            if (row[column].look != ResultCell::Plain) {
+                QFont font = this->font();
+                font.setBold(row[column].look == ResultCell::Bold);
+                font.setStrikeOut(row[column].look == ResultCell::Struck);
+                item->setFont(font);
+            }
             if (row[column].look == ResultCell::Struck)
                 item->setForeground(QColor(0x9a, 0x30, 0x30));
             items.append(item);

@@ -136,15 +136,22 @@ SummaryPage::SummaryPage(ModeScreen& screen, QWidget* parent)
 
 void SummaryPage::read(IDBProject* project)
 {
+    // More of them nobody reads here, and a text of thousands takes seconds to lay out.
+    constexpr int mostNotes = 100;
     QVector<ResultRow> rows;
     QStringList notes;
+    int leftOut = 0;
     if (project) {
         const SiteLaboratory laboratory(*project, languageOf(screen_));
         const bool withTyped = !screen_.settings() || screen_.settings()->isGenManualValuesCheckIge();
         for (const ElementSummary& summary : summariesOf(*project, laboratory, withTyped)) {
             rows.append(summaryRow(summary));
-            if (const QString own = notesOf(summary); !own.isEmpty())
-                notes += own;
+            if (const QString own = notesOf(summary); !own.isEmpty()) {
+                if (notes.size() < mostNotes)
+                    notes += own;
+                else
+                    ++leftOut;
+            }
         }
     }
     table_->setRows(rows);
@@ -154,6 +161,8 @@ void SummaryPage::read(IDBProject* project)
     }
     if (const std::wstring warning = standardTableWarning(standardTableMistakes()); !warning.empty())
         notes.prepend(QString::fromStdWString(warning).toHtmlEscaped());
+    if (leftOut > 0)
+        notes += QStringLiteral("Примечаний ещё к %1 элементам здесь нет: они стоят в отчёте.").arg(leftOut);
     notes += fromWide(summaryLegend).toHtmlEscaped();
     notes_->setText(notes.join(QStringLiteral("<br>")));
 }
@@ -239,15 +248,17 @@ void ComparisonPage::read(IDBProject* project)
         box->setCurrentIndex(place >= 0 ? place : qMin(box == second_ ? 1 : 0, box->count() - 1));
         isChosen = isChosen || place >= 0;
     }
-    if (project && !isChosen)
-        chooseTwoWithSamples(*project);
-    compareChosen();
+    if (!project)
+        return compareChosen();
+    const SiteLaboratory laboratory(*project, languageOf(screen_));
+    if (!isChosen)
+        chooseTwoWithSamples(laboratory);
+    compareIn(&laboratory);
 }
 
 // Two that have something to compare.
-void ComparisonPage::chooseTwoWithSamples(IDBProject& project)
+void ComparisonPage::chooseTwoWithSamples(const SiteLaboratory& laboratory)
 {
-    const SiteLaboratory laboratory(project, languageOf(screen_));
     std::vector<int> places;
     for (std::size_t element = 0; element < laboratory.elements().size() && places.size() < 2; ++element)
         if (!laboratory.elements()[element].samples.empty())
@@ -265,17 +276,24 @@ void ComparisonPage::tellView(ITellurixController& controller) const
 
 void ComparisonPage::compareChosen()
 {
-    IDBProject* project = screen_.project();
+    const bool canCompare = screen_.project() && first_->currentData() != second_->currentData();
+    if (!canCompare)
+        return compareIn(nullptr);
+    const SiteLaboratory laboratory(*screen_.project(), languageOf(screen_));
+    compareIn(&laboratory);
+}
+
+void ComparisonPage::compareIn(const SiteLaboratory* laboratory)
+{
     const std::wstring one = first_->currentData().toString().toStdWString();
     const std::wstring other = second_->currentData().toString().toStdWString();
     table_->setRows({});
-    if (!project || one == other) {
+    if (!laboratory || one == other) {
         answer_->setText(QStringLiteral("Выберите два разных элемента."));
         return;
     }
-    const SiteLaboratory laboratory(*project, languageOf(screen_));
-    const SiteElement* a = laboratory.element(one);
-    const SiteElement* b = laboratory.element(other);
+    const SiteElement* a = laboratory->element(one);
+    const SiteElement* b = laboratory->element(other);
     if (!a || !b)
         return;
     QVector<ResultRow> rows;

@@ -35,8 +35,9 @@ public:
     void tellView(ITellurixController& controller) const override;
 
 private:
-    void chooseTwoWithSamples(IDBProject& project);
+    void chooseTwoWithSamples(const SiteLaboratory& laboratory);
     void compareChosen();
+    void compareIn(const SiteLaboratory* laboratory);
 
     ModeScreen& screen_;
     QComboBox* first_;
