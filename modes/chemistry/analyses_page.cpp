@@ -17,8 +17,11 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QStackedLayout>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace
 {
@@ -32,22 +35,93 @@ QString fromWide(std::wstring_view text)
     return QString::fromWCharArray(text.data(), static_cast<int>(text.size()));
 }
 
-// Depends on the units: "SO4,\nмг/л", "SO4,\nмг-экв/л".
+using CellOrder = std::array<ChemistryCell, ChemistryCellCount>;
+
+// What corrosion of concrete and steel is judged by comes first, as in the sheets of a soil laboratory; the
+// cells that only waters have come last.
+constexpr CellOrder soilOrder{CellSoilSO4,
+    CellSoilCl,
+    CellPH,
+    CellHumus,
+    CellResistivity,
+    CellSO4,
+    CellCl,
+    CellHCO3,
+    CellCO3,
+    CellCa,
+    CellMg,
+    CellNaK,
+    CellNa,
+    CellK,
+    CellNH4,
+    CellNO3,
+    CellNO2,
+    CellFe,
+    CellFe2,
+    CellFe3,
+    CellDryResidue,
+    CellHardness,
+    CellCarbonateHardness,
+    CellAggressiveCO2,
+    CellFreeCO2,
+    CellH2S,
+    CellSiO2,
+    CellOxidability,
+    CellTemperature,
+    CellKind};
+
+constexpr CellOrder waterOrder = [] {
+    CellOrder order{};
+    for (int cell = 0; cell < ChemistryCellCount; ++cell)
+        order[static_cast<std::size_t>(cell)] = static_cast<ChemistryCell>(cell);
+    return order;
+}();
+
+constexpr bool hasEveryCell(CellOrder order)
+{
+    std::sort(order.begin(), order.end());
+    return order == waterOrder;
+}
+static_assert(hasEveryCell(soilOrder));
+
+// "SO₄", "Fe³⁺": the figures of a formula stand low, its charge high.
+QString withFormula(QString text)
+{
+    static const QRegularExpression charge(QStringLiteral("(?<=Fe)([23])\\+"));
+    static const QRegularExpression count(QStringLiteral("(?<=[A-Za-z])[2-9]"));
+    for (auto found = charge.match(text); found.hasMatch(); found = charge.match(text)) {
+        const QString high =
+            found.captured(1) == QLatin1String("2") ? QStringLiteral("²⁺") : QStringLiteral("³⁺");
+        text.replace(found.capturedStart(), found.capturedLength(), high);
+    }
+    for (auto found = count.match(text); found.hasMatch(); found = count.match(text)) {
+        const QChar low(0x2080 + found.captured().toInt());
+        text.replace(found.capturedStart(), 1, low);
+    }
+    return text;
+}
+
+// Depends on the units: "SO₄,\nмг/л", "SO₄,\nмг-экв/л". Long names go over two lines.
 QString columnTitle(ChemistryCell cell, bool isWater, bool inEquivalents)
 {
-    QString title = fromWide(chemistryCellTitle(cell, isWater));
+    QString title = withFormula(fromWide(chemistryCellTitle(cell, isWater)));
     if (inEquivalents && cellEquivalent(cell))
         title.replace(QStringLiteral(" мг/"), QStringLiteral(" мг-экв/"));
-    return title.replace(QStringLiteral(", "), QStringLiteral(",\n"));
+    title.replace(QStringLiteral(", "), QStringLiteral(",\n"));
+    constexpr int longName = 11;
+    const int blank = title.indexOf(QLatin1Char(' '));
+    if (blank > 0 && title.indexOf(QLatin1Char('\n')) > longName)
+        title[blank] = QLatin1Char('\n');
+    return title;
 }
 
 QVector<GridColumn> analysisColumns(bool isWater, bool inEquivalents)
 {
     QVector<GridColumn> columns{{QStringLiteral("Точка"), GridColumn::Text, 110},
         {QStringLiteral("Глубина\nотбора, м"), GridColumn::Number, 84}};
-    for (int cell = 0; cell < ChemistryCellCount; ++cell) {
+    for (const ChemistryCell cell : isWater ? waterOrder : soilOrder) {
         GridColumn column;
-        column.title = columnTitle(static_cast<ChemistryCell>(cell), isWater, inEquivalents);
+        column.title = columnTitle(cell, isWater, inEquivalents);
         column.kind = GridColumn::Number;
         column.width = 78;
         if (cell == CellKind) {
@@ -87,6 +161,7 @@ QString putRow(DBProject& into, const PointDepthKey& key, const ChemistryRecord&
 AnalysesPage::AnalysesPage(ModeScreen& screen, Kind kind)
     : screen_(screen)
     , isWater_(kind == Kind::Water)
+    , cells_(isWater_ ? waterOrder : soilOrder)
     , units_(new QComboBox(this))
 {
     setObjectName(isWater_ ? QStringLiteral("water") : QStringLiteral("soil"));
@@ -143,6 +218,12 @@ AnalysesPage::AnalysesPage(ModeScreen& screen, Kind kind)
     connect(units_, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &AnalysesPage::chooseUnits);
 }
 
+int AnalysesPage::columnOf(int cell) const
+{
+    const auto place = std::find(cells_.begin(), cells_.end(), cell);
+    return place == cells_.end() ? pointColumn : firstCell + static_cast<int>(place - cells_.begin());
+}
+
 void AnalysesPage::chooseUnits()
 {
     grid_->closeEditor();
@@ -161,10 +242,10 @@ bool AnalysesPage::isMine(const ChemistryRecord& record) const
 GridRow AnalysesPage::shown(GridRow stored) const
 {
     if (inEquivalents_)
-        for (int cell = 0; cell < ChemistryCellCount; ++cell) {
-            QString& text = stored.cells[firstCell + cell];
+        for (int place = 0; place < ChemistryCellCount; ++place) {
+            QString& text = stored.cells[firstCell + place];
             if (!text.isEmpty())
-                text = fromWide(textInEquivalents(static_cast<ChemistryCell>(cell), text.toStdWString()));
+                text = fromWide(textInEquivalents(cellAt(place), text.toStdWString()));
         }
     return stored;
 }
@@ -176,13 +257,12 @@ GridRow AnalysesPage::stored(GridRow shownRow, const GridRow& before) const
     if (!inEquivalents_)
         return shownRow;
     const GridRow seen = before.cells.isEmpty() ? before : shown(before);
-    for (int cell = 0; cell < ChemistryCellCount; ++cell) {
-        QString& text = shownRow.cells[firstCell + cell];
-        if (seen.cells.value(firstCell + cell) == text)
-            text = before.cells.value(firstCell + cell);
+    for (int place = 0; place < ChemistryCellCount; ++place) {
+        QString& text = shownRow.cells[firstCell + place];
+        if (seen.cells.value(firstCell + place) == text)
+            text = before.cells.value(firstCell + place);
         else
-            text = fromWide(
-                textInMilligrams(static_cast<ChemistryCell>(cell), mendedNumber(text).toStdWString()));
+            text = fromWide(textInMilligrams(cellAt(place), mendedNumber(text).toStdWString()));
     }
     return shownRow;
 }
@@ -198,8 +278,8 @@ void AnalysesPage::show()
 ChemistryRecord AnalysesPage::recordOf(const GridRow& row) const
 {
     ChemistryRecord record;
-    for (int cell = 0; cell < ChemistryCellCount; ++cell)
-        record.cells[static_cast<std::size_t>(cell)] = row.cells[firstCell + cell].toStdWString();
+    for (int place = 0; place < ChemistryCellCount; ++place)
+        record.cells[cellAt(place)] = row.cells[firstCell + place].toStdWString();
     // A row that is begun here belongs here, before its first ion is typed.
     if (record.cells[CellKind].empty() && !isMine(record))
         record.cells[CellKind] = isWater_ ? L"вода" : L"грунт";
@@ -211,8 +291,8 @@ GridRow AnalysesPage::rowOf(qint64 id, const PointDepthKey& key, const Chemistry
     GridRow row;
     row.id = id;
     row.cells = {fromWide(key.pointName), fromWide(key.depth)};
-    for (const std::wstring& cell : record.cells)
-        row.cells.append(fromWide(cell));
+    for (const ChemistryCell cell : cells_)
+        row.cells.append(fromWide(record.cells[cell]));
     row.warnings.resize(row.cells.size());
     // What a calculation has to say about a cell stands in its tool tip.
     const SiteAnalysis site = siteAnalysis(key, record);
@@ -223,7 +303,7 @@ GridRow AnalysesPage::rowOf(qint64 id, const PointDepthKey& key, const Chemistry
         const std::string prefix = "chemistry/";
         const int cell =
             QString::fromStdString(remark.cell.substr(std::min(prefix.size(), remark.cell.size()))).toInt();
-        const int column = remark.cell.rfind(prefix, 0) == 0 ? firstCell + cell : pointColumn;
+        const int column = remark.cell.rfind(prefix, 0) == 0 ? columnOf(cell) : pointColumn;
         if (remark.kind != Remark::Missing && column < row.warnings.size())
             row.warnings[column] = fromWide(remark.text);
     }

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "calc/chemistry.h"
 #include "common/edit_grid.h"
 #include "common/page.h"
 #include "db/records/chemistry.h"
+
+#include <array>
 
 class ModeScreen;
 class QComboBox;
@@ -36,9 +39,12 @@ private:
     GridRow stored(GridRow shownRow, const GridRow& before) const;
     void chooseUnits();
     void show();
+    ChemistryCell cellAt(int place) const { return cells_[static_cast<std::size_t>(place)]; }
+    int columnOf(int cell) const;
 
     ModeScreen& screen_;
     const bool isWater_;
+    const std::array<ChemistryCell, ChemistryCellCount>& cells_; // from left to right
     EditGrid* grids_[2]; // in milligrams, in mg-equivalents; heads differ
     EditGrid* grid_; // the one in view
     class QStackedLayout* stack_;

@@ -2,7 +2,12 @@
 
 #include <QClipboard>
 #include <QComboBox>
+#include <QDialog>
+#include <QFile>
+#include <QLineEdit>
 #include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 // The screen of analyses, by its keys.
@@ -13,6 +18,7 @@ namespace
 constexpr std::size_t sulphate = 0;
 constexpr std::size_t ph = 4;
 constexpr std::size_t calcium = 5;
+constexpr std::size_t soilSulphate = 26;
 constexpr std::size_t kind = 29;
 constexpr int firstCell = 2;
 
@@ -25,7 +31,7 @@ Reference<DBProject> site()
     water.cells[kind] = L"вода";
     project->addChemistry({L"Скв-1", L"3.5"}, water);
     ChemistryRecord soil;
-    soil.cells[26] = L"620";
+    soil.cells[soilSulphate] = L"620";
     soil.cells[kind] = L"грунт";
     project->addChemistry({L"Скв-2", L"1.0"}, soil);
     return project;
@@ -130,8 +136,9 @@ TEST_F(Chemistry, BlockFromASpreadsheetGoesIn)
     goTo(1, 0);
     host.press(Qt::Key_V, Qt::ControlModifier);
     ASSERT_TRUE(record(L"Скв-6", L"2.2"));
-    EXPECT_EQ(record(L"Скв-6", L"2.2")->cells[sulphate], L"310");
-    EXPECT_EQ(record(L"Скв-6", L"2.2")->cells[kind], L"грунт");
+    EXPECT_EQ(record(L"Скв-6", L"2.2")->cells[soilSulphate], L"310")
+        << "what soils are judged by comes first";
+    EXPECT_EQ(record(L"Скв-6", L"2.2")->cells[kind], L"") << "sulphates of soil alone make it one of soil";
     turnTo(0);
     EXPECT_EQ(shown(0, 0), QStringLiteral("Скв-1"));
     EXPECT_NE(shown(1, 0), QStringLiteral("Скв-5"));
@@ -173,4 +180,26 @@ TEST_F(Chemistry, ProtectionIsChosenForTheSite)
     host.controller.undo();
     EXPECT_EQ(host.project->getNumberedLinks().at(L"Коррозия:0"), L"сульфатостойкий;30;;");
     EXPECT_EQ(page()->findChild<QComboBox*>(QStringLiteral("filtration"))->currentData(), true);
+}
+
+TEST_F(Chemistry, ReportIsWrittenByTheAction)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("анализы.html"));
+    turnTo(1);
+    QTimer::singleShot(50, host.screen.get(), [&] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(dialog);
+        auto* format = dialog->findChild<QComboBox*>();
+        format->setCurrentIndex(format->findText(QStringLiteral("HTML"), Qt::MatchContains));
+        dialog->findChild<QLineEdit*>(QStringLiteral("file"))->setText(path);
+        dialog->accept();
+    });
+    Q_EMIT host.screen->signalPrint();
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QString written = QString::fromUtf8(file.readAll());
+    EXPECT_TRUE(written.contains(QStringLiteral("SO<sub>4</sub>")));
+    for (const char* text : {"Скв-1", "192", "Скв-2", "620", "W4"})
+        EXPECT_TRUE(written.contains(QString::fromUtf8(text))) << text;
 }
