@@ -82,6 +82,10 @@ struct Texts {
     static constexpr Words toLead{L"К свинцу", L"До свинцю"};
     static constexpr Words toAluminium{L"К алюминию", L"До алюмінію"};
     static constexpr Words composition{L"Химический состав воды", L"Хімічний склад води"};
+    static constexpr Words soilComposition{L"Химический состав водной вытяжки грунтов", L"Хімічний склад водної витяжки ґрунтів"};
+    static constexpr Words milligramsPerKg{L", мг/кг", L", мг/кг"};
+    static constexpr Words humus{L"Гумус, %", L"Гумус, %"};
+    static constexpr Words resistivity{L"Удельное сопротивление, Ом·м", L"Питомий опір, Ом·м"};
     static constexpr Words formulas{L"Формулы солевого состава", L"Формули сольового складу"};
     static constexpr Words kurlov{L"Формула Курлова", L"Формула Курлова"};
     static constexpr Words waterName{L"Наименование воды", L"Назва води"};
@@ -169,6 +173,79 @@ void addAnalysisRows(TableRows& rows, const Water& water, int language)
     }
 }
 
+// ---- the table of soils ----
+
+struct SoilColumn {
+    const char* name; // of the ion; null: the title says all
+    Words title;
+    ChemistryCell cell;
+    ChemistryCell other; // stands in for an empty one
+    bool isAlways; // the others are left out where no soil has them
+};
+
+constexpr SoilColumn soilColumns[] = {
+    {nullptr, {L"pH", L"pH"}, CellPH, CellPH, true},
+    {"SO4", Texts::milligramsPerKg, CellSoilSO4, CellSO4, true},
+    {"Cl", Texts::milligramsPerKg, CellSoilCl, CellCl, true},
+    {"HCO3", Texts::milligramsPerKg, CellHCO3, CellHCO3, false},
+    {"CO3", Texts::milligramsPerKg, CellCO3, CellCO3, false},
+    {"NO3", Texts::milligramsPerKg, CellNO3, CellNO3, false},
+    {"Ca", Texts::milligramsPerKg, CellCa, CellCa, false},
+    {"Mg", Texts::milligramsPerKg, CellMg, CellMg, false},
+    {"Na+K", Texts::milligramsPerKg, CellNaK, CellNaK, false},
+    {"Fe", Texts::milligramsPerKg, CellFe, CellFe, false},
+    {"NH4", Texts::milligramsPerKg, CellNH4, CellNH4, false},
+    {nullptr, Texts::humus, CellHumus, CellHumus, true},
+    {nullptr, Texts::resistivity, CellResistivity, CellResistivity, true},
+};
+
+const std::wstring& textIn(const ChemistryRecord& record, const SoilColumn& column)
+{
+    const std::wstring& own = record.cells[column.cell];
+    return own.empty() ? record.cells[column.other] : own;
+}
+
+// As it was typed: "< 20" stays, and so do the decimals of the laboratory.
+TableCell typedCell(const std::wstring& text)
+{
+    TableCell cell = textCell(text.empty() ? L"–" : std::wstring_view(text), Align::Right);
+    cell.number = readNumber(text);
+    const std::size_t mark = text.find_first_of(L".,");
+    cell.decimals = mark == std::wstring::npos ? 0 : static_cast<int>(text.size() - mark - 1);
+    return cell;
+}
+
+TableBlock soilTable(IDBProject& project, int language)
+{
+    TableBlock table;
+    table.title = Texts::soilComposition.in(language);
+    std::vector<std::pair<const PointDepthKey*, const ChemistryRecord*>> soils;
+    for (const auto& [key, record] : project.getChemistry())
+        if (!analysisOf(record.cells).isWater)
+            soils.emplace_back(&key, &record);
+    table.head = {{headCell(Texts::point.in(language)), headCell(Texts::sampleDepth.in(language))}};
+    std::vector<const SoilColumn*> columns;
+    for (const SoilColumn& column : soilColumns) {
+        const auto has = [&](const auto& soil) { return !textIn(*soil.second, column).empty(); };
+        if (!column.isAlways && std::ranges::none_of(soils, has))
+            continue;
+        columns.push_back(&column);
+        TableCell title = headCell(column.title.in(language));
+        if (column.name) {
+            Runs name = ionRuns(wide(column.name));
+            title.runs.insert(title.runs.begin(), name.begin(), name.end());
+        }
+        table.head.front().push_back(std::move(title));
+    }
+    for (const auto& [key, record] : soils) {
+        std::vector<TableCell> row{textCell(key->pointName), textCell(key->depth, Align::Right)};
+        for (const SoilColumn* column : columns)
+            row.push_back(typedCell(textIn(*record, *column)));
+        table.rows.push_back(std::move(row));
+    }
+    return table;
+}
+
 // ---- Kurlov ----
 
 // "HCO3 48 SO4 32" with lowered figures in the ions.
@@ -223,9 +300,14 @@ TableCell verdictCell(const AggressivenessVerdict& verdict, bool isMetal, int la
         return textCell(L"–", Align::Centre);
     std::wstring text =
         (isMetal ? Texts::metalLevels : Texts::levels)[static_cast<std::size_t>(*verdict.level)].in(language);
-    if (!verdict.by.empty())
-        text += L" (" + wide(verdict.by) + L")";
-    return textCell(text);
+    TableCell cell = textCell(text);
+    if (verdict.by.empty())
+        return cell;
+    cell.runs.front().text += L" (";
+    const Runs by = ionRuns(wide(verdict.by));
+    cell.runs.insert(cell.runs.end(), by.begin(), by.end());
+    cell.runs.push_back({L")"});
+    return cell;
 }
 
 constexpr const char* grades[] = {"W4", "W6", "W8", "W10-W14", "W16-W20"};
@@ -332,6 +414,8 @@ Document chemistryReport(IDBProject& project, const AggressivenessLimits& limits
             waters.push_back({&site, waterChemistry(site.analysis)});
     if (!waters.empty())
         addWaters(document, waters, language);
+    if (TableBlock soils = soilTable(project, language); !soils.rows.empty())
+        document.blocks.emplace_back(std::move(soils));
     const ProtectionChoice choice = protectionChoice(project);
     for (const bool isWater : {true, false}) {
         TableBlock table = aggressivenessTable(analyses, isWater, limits, choice, language);

@@ -82,9 +82,48 @@ TEST(ChemistryReport, SoilsStandApart)
     project.addChemistry({L"Скв-2", L"1.0"}, soil);
     const Document document = chemistryReport(project, AggressivenessLimits::ofProgram(), languageRussian);
     const auto tables = tablesOf(document);
-    ASSERT_EQ(tables.size(), 1U);
-    EXPECT_EQ(tables[0]->title, L"Агрессивность грунтов");
-    EXPECT_EQ(tables[0]->rows[0].size(), 11U);
+    ASSERT_EQ(tables.size(), 2U);
+    EXPECT_EQ(tables[1]->title, L"Агрессивность грунтов");
+    EXPECT_EQ(tables[1]->rows[0].size(), 11U);
+}
+
+TEST(ChemistryReport, SoilsHaveATableOfTheirOwnAsTyped)
+{
+    DBProject project;
+    ChemistryRecord soil;
+    soil.cells[CellPH] = L"7.80";
+    soil.cells[CellSoilSO4] = L"< 20";
+    soil.cells[CellSO4] = L"3"; // of the same sulphates: the soil's own cell rules
+    soil.cells[CellHCO3] = L"244";
+    soil.cells[CellKind] = L"грунт";
+    project.addChemistry({L"2", L"1.0"}, soil);
+    soil = {};
+    soil.cells[CellCl] = L"71,5";
+    soil.cells[CellKind] = L"грунт";
+    project.addChemistry({L"3", L"1.0"}, soil);
+    const Document document = chemistryReport(project, AggressivenessLimits::ofProgram(), languageRussian);
+    const auto tables = tablesOf(document);
+    ASSERT_EQ(tables.size(), 2U);
+    std::vector<std::wstring> titles;
+    for (const TableCell& cell : tables[0]->head.at(0))
+        titles.push_back(textOf(cell));
+    EXPECT_EQ(titles,
+        (std::vector<std::wstring>{L"Точка",
+            L"Глубина отбора, м",
+            L"pH",
+            L"SO4, мг/кг",
+            L"Cl, мг/кг",
+            L"HCO3, мг/кг",
+            L"Гумус, %",
+            L"Удельное сопротивление, Ом·м"}));
+    const TableRows& rows = tables[0]->rows;
+    ASSERT_EQ(rows.size(), 2U);
+    EXPECT_EQ(textOf(rows[0][2]), L"7.80");
+    EXPECT_EQ(rows[0][2].decimals, 2);
+    EXPECT_EQ(textOf(rows[0][3]), L"< 20");
+    EXPECT_FALSE(rows[0][3].number);
+    EXPECT_EQ(textOf(rows[1][3]), L"–");
+    EXPECT_EQ(*rows[1][4].number, 71.5);
 }
 
 TEST(ChemistryReport, UkrainianHasNoRussianWordLeft)
