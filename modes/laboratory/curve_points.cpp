@@ -63,9 +63,13 @@ std::vector<std::wstring*> textsOf(LabSample& sample, const TestChoice& choice, 
         if (SwellingCell* cell = cellWith(sample.swelling, number))
             return {&cell->textA, &cell->textB, &cell->textC};
         break;
+    case LabTest::Shrinkage:
+        for (ShrinkageRow& row : sample.shrinkage)
+            if (row.stage + 1 == id)
+                return {&row.cells[isBlank(row.cells[2]) ? 4 : 2]};
+        break;
     case LabTest::Physical:
     case LabTest::Grading:
-    case LabTest::Shrinkage:
         break;
     }
     return {};
@@ -118,8 +122,8 @@ bool moveVolume(LabSample& sample, std::int64_t id, double volume)
     for (ShrinkageRow& row : sample.shrinkage) {
         if (row.stage + 1 != id || !(volume > 0))
             continue;
-        const Number diameter = readNumber(row.cells[1]);
-        const Number height = readNumber(row.cells[2]);
+        const Number diameter = readCellNumber(row.cells[1]).value;
+        const Number height = readCellNumber(row.cells[2]).value;
         if (diameter && height && *diameter > 0)
             putNumber(
                 row.cells[2], 4 * volume / (std::numbers::pi * *diameter * *diameter), centimetreDecimals);
@@ -206,7 +210,7 @@ bool movePoint(
 bool canLeaveOut(const TestChoice& choice)
 {
     return choice.test == LabTest::Compression || choice.test == LabTest::Shear
-        || choice.test == LabTest::Swelling;
+        || choice.test == LabTest::Swelling || choice.test == LabTest::Shrinkage;
 }
 
 bool isLeftOut(const LabSample& sample, const TestChoice& choice, std::int64_t id)

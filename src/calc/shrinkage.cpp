@@ -23,7 +23,7 @@ public:
             if (!isPossible(stage))
                 return std::move(result_);
         for (const ShrinkageStage& stage : stages_)
-            result_.points.push_back({moistureOf(stage), volumeOf(stage), stage.row});
+            result_.points.push_back({moistureOf(stage), volumeOf(stage), stage.row, stage.isLeftOut});
         checkOrder();
         findStrains();
         findLimit();
@@ -73,9 +73,13 @@ private:
 
     void checkOrder()
     {
-        for (std::size_t i = 1; i < stages_.size(); ++i) {
-            const ShrinkageStage& a = stages_[i - 1];
+        const ShrinkageStage* above = nullptr;
+        for (std::size_t i = 0; i < stages_.size(); ++i) {
             const ShrinkageStage& b = stages_[i];
+            if (b.isLeftOut)
+                continue;
+            const ShrinkageStage& a = above ? *above : b;
+            above = &b;
             const auto rises = [](const Number& x, const Number& y) { return x && y && *y > *x + 1e-12; };
             if (rises(a.diameter, b.diameter) || rises(a.height, b.height) || rises(a.mass, b.mass))
                 remark(Remark::Doubtful, b.row, L"Размер или масса растут при высыхании");
@@ -91,11 +95,18 @@ private:
 
     void findStrains()
     {
-        if (stages_.size() < 2)
+        std::vector<std::size_t> counted;
+        for (std::size_t i = 0; i < stages_.size(); ++i)
+            if (!stages_[i].isLeftOut)
+                counted.push_back(i);
+        if (counted.size() < 2)
             return;
-        result_.heightStrain = relative(stages_.front().height, stages_.back().height);
-        result_.diameterStrain = relative(stages_.front().diameter, stages_.back().diameter);
-        result_.volumeStrain = relative(result_.points.front().volume, result_.points.back().volume);
+        const ShrinkageStage& first = stages_[counted.front()];
+        const ShrinkageStage& last = stages_[counted.back()];
+        result_.heightStrain = relative(first.height, last.height);
+        result_.diameterStrain = relative(first.diameter, last.diameter);
+        result_.volumeStrain =
+            relative(result_.points[counted.front()].volume, result_.points[counted.back()].volume);
     }
 
     // A straight line through the shrinking stages meets the level of the final volume.
@@ -103,7 +114,7 @@ private:
     {
         std::vector<ShrinkagePoint> known;
         for (const ShrinkagePoint& point : result_.points)
-            if (point.moisture && point.volume)
+            if (point.moisture && point.volume && !point.isLeftOut)
                 known.push_back(point);
         if (known.size() < 4)
             return missing();

@@ -14,12 +14,14 @@ struct ShrinkageStage {
     Number volume; // as typed, cm3: only where diameter or height is missing
     Number moisture; // as typed, fraction: of the first stage, else only where the mass is missing
     int row = 0; // for remarks
+    bool isLeftOut = false; // its sizes count for nothing; its mass still may
 };
 
 struct ShrinkagePoint {
     Number moisture; // fraction
     Number volume; // cm3
     int row = 0;
+    bool isLeftOut = false;
 };
 
 struct Shrinkage {

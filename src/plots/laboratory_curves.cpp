@@ -280,7 +280,7 @@ Chart shrinkageChart(const Shrinkage& shrinkage, const CurveLook& look)
     for (const ShrinkagePoint& point : shrinkage.points) {
         if (!point.moisture || !point.volume)
             continue;
-        points.points.push_back({*point.moisture, *point.volume, false, point.row + 1});
+        points.points.push_back({*point.moisture, *point.volume, point.isLeftOut, point.row + 1});
         low = low == 0 ? *point.volume : std::min(low, *point.volume);
         high = std::max(high, *point.volume);
     }

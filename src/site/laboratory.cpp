@@ -258,8 +258,17 @@ private:
             stage.row = row->stage;
             Number* const values[] = {
                 &stage.diameter, &stage.height, &stage.mass, &stage.volume, &stage.moisture};
-            for (std::size_t i = 0; i < std::size(values); ++i)
-                *values[i] = readCounted(row->cells[i + 1], name, input_.remarks);
+            for (std::size_t i = 0; i < std::size(values); ++i) {
+                // Sizes in brackets are drawn, and count for nothing.
+                const bool isSize = values[i] != &stage.mass && values[i] != &stage.moisture;
+                const CellNumber cell = readCellNumber(row->cells[i + 1]);
+                if (isSize && cell.isLeftOut) {
+                    *values[i] = cell.value;
+                    stage.isLeftOut = true;
+                } else {
+                    *values[i] = readCounted(row->cells[i + 1], name, input_.remarks);
+                }
+            }
             if (std::any_of(std::begin(values), std::end(values), [](const Number* value) { return *value; }))
                 input_.shrinkage.push_back(stage);
         }

@@ -340,6 +340,18 @@ TEST(Shrinkage, WorkedExample)
     expectNumber(shrinkage.slope, 49.6076, 1e-3);
     expectNumber(shrinkage.volumeStrain, .1904, 1e-4);
     EXPECT_TRUE(shrinkage.remarks.empty());
+    // A stage that is left out is drawn, and changes nothing: first, last, or between.
+    for (const std::size_t place : {0U, 3U, 6U}) {
+        std::vector<ShrinkageStage> more = stages;
+        more.insert(more.begin() + static_cast<std::ptrdiff_t>(place),
+            {5.5, 3.0, place == 0 ? 96.00 : 85.0, {}, .28, 9, true});
+        const Shrinkage same = shrinkageOf(more, {});
+        ASSERT_EQ(same.points.size(), 7U);
+        EXPECT_TRUE(same.points[place].isLeftOut);
+        expectNumber(same.limit, .09401, 1e-5);
+        expectNumber(same.volumeStrain, .1904, 1e-4);
+        EXPECT_TRUE(same.remarks.empty()) << place;
+    }
     // The sample's moisture stands in for the first stage's.
     stages[0].moisture.reset();
     expectNumber(shrinkageOf(stages, .28).limit, .09401, 1e-5);

@@ -283,6 +283,26 @@ TEST(LaboratoryScreen, WhatCannotBeIsMarkedWithItsReasonAndKept)
     }
 }
 
+// The example has one sample that contradicts itself on purpose: the screen must find it, and it alone.
+TEST(LaboratoryScreen, TheContradictionOfTheExampleIsMarked)
+{
+    const std::wstring path =
+        QStringLiteral(TELLURIX_PROGRAM_FOLDER "/Проекты/ZARECHNAYA/ZARECHNAYA.TLX").toStdWString();
+    Bytes bytes;
+    lookAtProjectFile(path, bytes);
+    ReadReport report;
+    Host host{readProject(path, bytes, report)};
+    host.turnTo(Host::Physical);
+    QStringList marked;
+    for (int row = 0; row < host.grid()->model()->rowCount(); ++row)
+        if (!host.reason(row, head(8)).empty())
+            marked += QString::fromStdString(host.text(row, QStringLiteral("Точка")) + " / "
+                + host.text(row, QStringLiteral("Глубина")) + ": " + host.reason(row, head(8)));
+    ASSERT_EQ(marked.size(), 1);
+    EXPECT_TRUE(marked[0].startsWith(QStringLiteral("Скв-5 / 5.0: "))) << qPrintable(marked[0]);
+    EXPECT_TRUE(marked[0].contains(QStringLiteral("противоречат"))) << qPrintable(marked[0]);
+}
+
 TEST(LaboratoryScreen, FractionsMustSumUpToAHundred)
 {
     Host host{site(1)};
@@ -378,6 +398,16 @@ TEST(LaboratoryCurve, AMovedPointWritesWhatWasMeasured)
     EXPECT_EQ(sample.grading[15], L"50.0");
     EXPECT_EQ(sample.grading[16], L"16.0");
     EXPECT_FALSE(movePoint(sample, result, {LabTest::Grading, 0, 0}, 9, 50));
+
+    leaveOut(sample, {LabTest::Shrinkage, 0, 0}, 3, true);
+    EXPECT_EQ(sample.shrinkage[0].cells[2], L"(2.000)");
+    EXPECT_TRUE(isLeftOut(sample, {LabTest::Shrinkage, 0, 0}, 3));
+    EXPECT_TRUE(movePoint(sample, result, {LabTest::Shrinkage, 0, 0}, 3, 19.635));
+    EXPECT_EQ(sample.shrinkage[0].cells[2], L"(1.000)");
+    const SampleResult without = sampleResult(sample, {2.5F, 2.5F, 0}, GrainScale::Above200, 0);
+    ASSERT_EQ(without.shrinkage.points.size(), 1U);
+    EXPECT_TRUE(without.shrinkage.points[0].isLeftOut);
+    EXPECT_NEAR(*without.shrinkage.points[0].volume, 19.635, 0.001);
 
     leaveOut(sample, {LabTest::Shear, 3, 0}, 2, true);
     EXPECT_EQ(sample.shear[3][1].value, L"(0.075@0.12)");
