@@ -29,6 +29,21 @@ struct Texts {
     static constexpr Words toBeChecked{
         L"Коэффициенты СП 24.13330 взяты из вторичных источников и подлежат сверке с нормами.",
         L"Коефіцієнти СП 24.13330 взято з вторинних джерел, їх треба звірити з нормами."};
+    static constexpr Words metres{L" м: ", L" м: "};
+    // What the calculation remarks, as it says it.
+    static constexpr Words remarks[] = {
+        {L"Зондирование не доходит до 4d ниже острия сваи", L"Зондування не доходить до 4d нижче вістря палі"},
+        {L"У острия сваи нет отсчетов qc", L"Біля вістря палі немає відліків qc"},
+        {L"Вид грунта одного из слоев вдоль ствола не задан", L"Вид ґрунту одного із шарів уздовж стовбура не задано"},
+        {L"Слои вдоль ствола известны не до острия сваи", L"Шари вздовж стовбура відомі не до вістря палі"},
+        {L"На глубине острия нет отсчета Qs", L"На глибині вістря немає відліку Qs"},
+        {L"Вдоль ствола нет отсчетов fs", L"Уздовж стовбура немає відліків fs"},
+        {L"Размеры сечения сваи не заданы", L"Розміри перерізу палі не задано"},
+        {L"Острие сваи должно лежать ниже поверхности", L"Вістря палі має лежати нижче поверхні"},
+        {L"Размеры сечения или вид сваи не заданы", L"Розміри перерізу або вид палі не задано"},
+        {L"Сопротивление R под острием не задано", L"Опір R під вістрям не задано"},
+        {L"Сопротивления f или виды грунта вдоль ствола заданы не до острия",
+            L"Опори f або види ґрунту вздовж стовбура задано не до вістря"}};
     // clang-format on
 };
 
@@ -179,14 +194,14 @@ std::vector<std::wstring> pointNames(const std::vector<PileRow>& rows)
     return names;
 }
 
-void addRemarks(Document& document, const std::vector<PileRow>& rows)
+void addRemarks(Document& document, const std::vector<PileRow>& rows, int language)
 {
     std::vector<std::wstring> told;
     for (const PileRow& row : rows)
         for (const PilePoint& point : row.points)
             for (const Remark& remark : point.resistance.remarks) {
-                std::wstring text =
-                    std::wstring(point.point) + L", " + numberText(row.tipDepth, 2) + L" м: " + remark.text;
+                std::wstring text = std::wstring(point.point) + L", " + numberText(row.tipDepth, 2)
+                    + Texts::metres.in(language) + saidIn(remark.text, Texts::remarks, language);
                 if (told.size() < 50)
                     told.push_back(std::move(text));
             }
@@ -332,6 +347,6 @@ Document pileReport(const std::vector<PileRow>& rows, const PileTask& task, bool
     graph.language = language;
     document.blocks.emplace_back(Figure{capacityDrawing(graph), document.title});
     document.blocks.emplace_back(paragraph(Texts::toBeChecked.in(language), Paragraph::Note));
-    addRemarks(document, rows);
+    addRemarks(document, rows, language);
     return document;
 }

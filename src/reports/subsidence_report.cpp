@@ -235,14 +235,6 @@ TableBlock foundationSteps(const SubsidencePoint& point, const FoundationSubside
     return table;
 }
 
-std::wstring remarkText(const std::wstring& text, int language)
-{
-    for (const Words& words : Texts::remarks)
-        if (text == words.russian)
-            return words.in(language);
-    return text;
-}
-
 Paragraph note(std::wstring text)
 {
     Paragraph line;
@@ -271,7 +263,7 @@ void addRemarks(Document& document, const SubsidencePoint& point, int language)
     }
     for (const auto& [text, layers] : lines)
         document.blocks.emplace_back(
-            note(remarkText(text, language) + (layers.empty() ? L"" : L": " + layers) + L"."));
+            note(saidIn(text, Texts::remarks, language) + (layers.empty() ? L"" : L": " + layers) + L"."));
 }
 
 void addPoint(Document& document,

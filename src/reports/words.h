@@ -2,6 +2,9 @@
 
 #include "dictionaries/dictionary.h"
 
+#include <span>
+#include <string>
+
 // Words of a report in both languages, side by side.
 struct Words {
     const wchar_t* russian;
@@ -12,3 +15,12 @@ struct Words {
         return language == languageUkrainian ? ukrainian : russian;
     }
 };
+
+// What a calculation says, which it says in Russian, by the rows that know it; as it is where none does.
+inline std::wstring saidIn(const std::wstring& text, std::span<const Words> known, int language)
+{
+    for (const Words& words : known)
+        if (text == words.russian)
+            return words.in(language);
+    return text;
+}
