@@ -17,6 +17,45 @@ struct Word {
     bool endsLine = false;
 };
 
+bool isVowel(wchar_t letter)
+{
+    return std::wstring_view(L"аеёиоуыэюяіїєАЕЁИОУЫЭЮЯІЇЄ").find(letter) != std::wstring_view::npos;
+}
+
+bool isLetter(wchar_t c)
+{
+    return (c >= L'А' && c <= L'я') || std::wstring_view(L"ёЁіІїЇєЄґҐ").find(c) != std::wstring_view::npos;
+}
+
+// Whether a word may be parted before this letter: by syllables, two letters at least on either side.
+bool isSyllable(std::wstring_view word, std::size_t at)
+{
+    if (at < 2 || at + 2 > word.size())
+        return false;
+    for (std::size_t i = at - 2; i < at + 2; ++i)
+        if (!isLetter(word[i]))
+            return false;
+    std::size_t begin = at;
+    while (begin > 0 && isLetter(word[begin - 1]))
+        --begin;
+    std::size_t end = at;
+    while (end < word.size() && isLetter(word[end]))
+        ++end;
+    constexpr std::size_t longest = 40; // what is longer is no word
+    if (end - begin > longest)
+        return false;
+    const std::wstring_view before = word.substr(begin, at - begin);
+    const std::wstring_view behind = word.substr(at, end - at);
+    if (std::ranges::none_of(before, isVowel) || std::ranges::none_of(behind, isVowel))
+        return false;
+    constexpr std::wstring_view neverFirst = L"ьъйЬЪЙ";
+    if (neverFirst.find(behind.front()) != std::wstring_view::npos)
+        return false;
+    // A consonant stays with the vowel behind it, a sign with the consonant before it.
+    return isVowel(before.back()) || !isVowel(behind.front())
+        || neverFirst.find(before.back()) != std::wstring_view::npos;
+}
+
 SetPiece pieceOf(const Run& run, double height, bool isBold)
 {
     SetPiece piece;
@@ -136,6 +175,15 @@ private:
             if (low == piece.text.size())
                 break;
             part.text.resize(low);
+            for (std::size_t at = low; at >= 2; --at) {
+                std::wstring begin = piece.text.substr(0, at) + L'-';
+                if (!isSyllable(piece.text, at)
+                    || place_ + textWidth(begin, piece.font, piece.height) > width_ + hair)
+                    continue;
+                low = at;
+                part.text = std::move(begin);
+                break;
+            }
             part.width = textWidth(part.text, part.font, part.height);
             place(std::move(part));
             turn();

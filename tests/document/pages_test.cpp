@@ -3,6 +3,7 @@
 #include "document/sample_document.h"
 #include "document/set_lines.h"
 #include "drawing/text_layout.h"
+#include "platform/utf8.h"
 
 #include <gtest/gtest.h>
 
@@ -161,10 +162,39 @@ TEST(SetLines, KeepEveryLetterInOrder)
                 together += piece.text;
         }
         std::erase(together, L' ');
-        EXPECT_EQ(together, L"Плотностьρdсухогогрунта,г/см3;очень-очень-длинноесловокотороенигденекончается")
+        std::erase(together, L'-'); // of its own, and of parted words
+        EXPECT_EQ(together, L"Плотностьρdсухогогрунта,г/см3;оченьоченьдлинноесловокотороенигденекончается")
             << width;
     }
     EXPECT_EQ(setLines({}, 2.3, 50).size(), 1U);
+}
+
+TEST(SetLines, PartWordsBySyllables)
+{
+    const struct {
+        const wchar_t* word;
+        double width;
+        const wchar_t* lines;
+    } rows[] = {
+        {L"Предельное", 15, L"Предель-|ное"},
+        {L"сопротивление", 18, L"сопротив-|ление"},
+        {L"Количество", 15, L"Количес-|тво"},
+        {L"Объект", 8, L"Объ-|ект"},
+        {L"Коэффициент", 15, L"Коэффи-|циент"},
+        {L"Найден", 8, L"Най-|ден"},
+        {L"12345678901234", 15, L"12345678|901234"}, // no letters: where they end
+        {L"Взвод", 7, L"Взв|од"}, // one syllable: where the room ends
+    };
+    for (const auto& row : rows) {
+        std::wstring together;
+        for (const SetLine& line : setLines({{row.word}}, 2.3, row.width)) {
+            together += together.empty() ? L"" : L"|";
+            for (const SetPiece& piece : line.pieces)
+                together += piece.text;
+            EXPECT_LE(line.width, row.width + 1e-6) << toUtf8(row.word);
+        }
+        EXPECT_EQ(toUtf8(together), toUtf8(row.lines));
+    }
 }
 
 } // namespace
