@@ -131,6 +131,14 @@ ExportDialog::ExportDialog(ExportSource source, QWidget* parent)
     connect(buttons, &QDialogButtonBox::rejected, this, &ExportDialog::reject);
     connect(format_, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &ExportDialog::followFormat);
 
+    // Whoever types another ending means the format.
+    connect(file_, &QLineEdit::textEdited, this, [this](const QString& text) {
+        for (int format = 0; format < format_->count(); ++format)
+            if (text.endsWith(
+                    QLatin1Char('.') + QString::fromUtf16(formats[format].suffix), Qt::CaseInsensitive))
+                format_->setCurrentIndex(format);
+    });
+
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addSpacing(8);

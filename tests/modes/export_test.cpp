@@ -100,6 +100,18 @@ TEST(Export, DialogWritesEveryFormatAndRefusesAMissingFolder)
         grid->exportRows();
         EXPECT_TRUE(QFile::exists(path)) << path.toStdString();
     }
+    const QString typed = folder.filePath(QStringLiteral("набрано.csv"));
+    whenDialogComes([&](ExportDialog& dialog) {
+        dialog.findChild<QComboBox*>()->setCurrentIndex(0);
+        auto* file = dialog.findChild<QLineEdit*>(QStringLiteral("file"));
+        file->selectAll();
+        for (const QChar& letter : typed)
+            QTest::sendKeyEvent(QTest::Click, file, Qt::Key_unknown, letter, Qt::NoModifier);
+        dialog.accept();
+        dialog.reject();
+    });
+    grid->exportRows();
+    EXPECT_TRUE(QFile::exists(typed)) << "the ending that is typed chooses the format";
     QFile csv(folder.filePath(QStringLiteral("таблица.csv")));
     ASSERT_TRUE(csv.open(QIODevice::ReadOnly));
     EXPECT_EQ(csv.readAll().count("\r\n"), 4);
