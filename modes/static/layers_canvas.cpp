@@ -13,8 +13,10 @@ namespace
 {
 
 constexpr int left = 44;
-constexpr int top = 22;
+constexpr int top = 36;
+constexpr int labelWidth = 64; // the names of the layers stand beside the curve
 constexpr int margin = 10;
+constexpr double dragStep = 0.05; // m: nobody means the millimetres that the mouse happens to hit
 constexpr double reach = 5.0; // pixels on either side of a boundary
 
 } // namespace
@@ -62,7 +64,7 @@ double LayersCanvas::depthOf(double y) const
 
 double LayersCanvas::scaleX() const
 {
-    return (width() - left - margin) / greatest_;
+    return std::max(40, width() - left - margin - labelWidth) / greatest_;
 }
 
 void LayersCanvas::drawScale(QPainter& painter) const
@@ -80,11 +82,15 @@ void LayersCanvas::drawScale(QPainter& painter) const
     for (int i = 0; i * tipStep <= greatest_; ++i) {
         const double x = left + i * tipStep * scaleX();
         painter.drawLine(QPointF(x, top - 3), QPointF(x, top));
-        painter.drawText(QRectF(x - 20, 2, 40, top - 5),
+        painter.drawText(QRectF(x - 20, top - 20, 40, 16),
             Qt::AlignCenter,
             QString::fromStdWString(numberText(i * tipStep, tipStep < 1 ? 1 : 0)));
     }
-    painter.drawText(QRectF(0, 2, left, top - 5), Qt::AlignCenter, QStringLiteral("м/МПа"));
+    painter.drawText(
+        QRectF(0, top - 20, left - 8, 16), Qt::AlignRight | Qt::AlignVCenter, QStringLiteral("м"));
+    painter.drawText(QRectF(left, 0, width() - left - margin, 16),
+        Qt::AlignLeft | Qt::AlignVCenter,
+        QStringLiteral("qc, МПа"));
 }
 
 void LayersCanvas::paintEvent(QPaintEvent*)
@@ -160,7 +166,7 @@ void LayersCanvas::mousePressEvent(QMouseEvent* event)
 void LayersCanvas::mouseMoveEvent(QMouseEvent* event)
 {
     if (grabbed_ >= 0)
-        Q_EMIT dragged(grabbed_, depthOf(event->localPos().y()));
+        Q_EMIT dragged(grabbed_, std::round(depthOf(event->localPos().y()) / dragStep) * dragStep);
     else
         setCursor(boundaryAt(event->localPos().y()) >= 0 ? Qt::SizeVerCursor : Qt::ArrowCursor);
 }

@@ -192,9 +192,12 @@ void drawColumn(Sheet& sheet, const Stretch& stretch, const SoundingGraph& graph
         }
         const double middle = (stretch.y(from) + y) / 2.0;
         if (!layer.name.empty() && y - stretch.y(from) > 3.0) {
-            sheet.drawing.items.push_back({Layer::Element,
-                sheet.id,
-                Circle{{x + 4.5, middle}, 2.6, Pen{thin, {}, Dash::Solid}, false}});
+            constexpr double radius = 2.6;
+            // A thin layer has room for the number alone.
+            if (y - stretch.y(from) > 2 * radius)
+                sheet.drawing.items.push_back({Layer::Element,
+                    sheet.id,
+                    Circle{{x + 4.5, middle}, radius, Pen{thin, {}, Dash::Solid}, false}});
             sheet.text(shortenedText(layer.name, Font::Narrow, 2.0, 5.0),
                 {x + 4.5, middle + 1.0},
                 Align::Centre,

@@ -2,9 +2,15 @@
 #include "support/registers_screen_host.h"
 
 #include <QComboBox>
+#include <QDialog>
 #include <QLineEdit>
+#include <QMouseEvent>
+#include <QPushButton>
 #include <QTabWidget>
+#include <QTimer>
 #include <gtest/gtest.h>
+
+#include <cmath>
 
 namespace
 {
@@ -110,6 +116,88 @@ TEST(StaticScreen, ResultsOfPilesGoIntoTheProject)
     // qs 3000, b1 0.77; fs 50 in clay with 0.675 along 4 m.
     EXPECT_EQ(rows[0].cells[3], L"369.9");
     EXPECT_EQ(rows[0].cells[7], L"369.9");
+}
+
+// By real mouse and keys: the boundary is where the cursor shows it, as for a person.
+TEST(StaticScreen, OwnLayersAreDraggedSplitTypedAndWritten)
+{
+    const Reference<DBProject> project = site();
+    project->addStrataElement(L"2", {});
+    std::vector<SoundingRow> rows = *journal(*project, L"ТСЗ-1");
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        rows[i].cells[3] = i < 20 ? L"1" : L"2";
+    project->setSoundings({{{L"ТСЗ-1", 3, L"зонд", L"27.05.2019"}, rows}});
+    ScreenHost host{"static19.dll", ModeStatic, project};
+    turnTo(host, 2);
+    QTimer::singleShot(50, host.screen.get(), [&] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(dialog);
+        QApplication::setActiveWindow(dialog); // there is no window manager to do it
+        auto* table = dialog->findChild<QTableView*>(QStringLiteral("own_layers"));
+        QWidget* canvas = nullptr;
+        for (QWidget* widget : dialog->findChildren<QWidget*>())
+            if (widget->accessibleName().startsWith(QStringLiteral("График qc")))
+                canvas = widget;
+        ASSERT_TRUE(canvas);
+        const auto cells = [&] {
+            QStringList all;
+            for (int row = 0; row < table->model()->rowCount(); ++row)
+                for (int column : {0, 1, 2})
+                    all += table->model()->index(row, column).data().toString();
+            return all.join(QLatin1Char(' '));
+        };
+        const auto button = [&](const char* name) {
+            QTest::mouseClick(dialog->findChild<QPushButton*>(QLatin1String(name)), Qt::LeftButton);
+        };
+        EXPECT_EQ(cells(), QStringLiteral("0.00 4.00 1 4.00 8.00 2"));
+        const int middle = canvas->width() / 2;
+        const auto move = [&](int y, Qt::MouseButtons buttons) {
+            QMouseEvent event(QEvent::MouseMove, QPointF(middle, y), Qt::NoButton, buttons, {});
+            QCoreApplication::sendEvent(canvas, &event);
+        };
+        int y = canvas->height() / 4;
+        move(y, Qt::NoButton);
+        EXPECT_NE(canvas->cursor().shape(), Qt::SizeVerCursor);
+        while (y < canvas->height() && canvas->cursor().shape() != Qt::SizeVerCursor)
+            move(++y, Qt::NoButton);
+        y += 4; // the edge of its reach was met first
+        QTest::mousePress(canvas, Qt::LeftButton, {}, {middle, y});
+        move(y + 10, Qt::LeftButton);
+        move(y + 40, Qt::LeftButton);
+        QTest::mouseRelease(canvas, Qt::LeftButton, {}, {middle, y + 40});
+        const QString dragged = table->model()->index(0, 1).data().toString();
+        EXPECT_GT(dragged.toDouble(), 4.2);
+        EXPECT_LT(dragged.toDouble(), 6.0);
+        EXPECT_EQ(cells(), QStringLiteral("0.00 %1 1 %1 8.00 2").arg(dragged));
+        EXPECT_NEAR(std::remainder(dragged.toDouble(), 0.05), 0, 1e-6) << "nobody means a pixel";
+        // A shortcut needs a window manager; the button that has it does not.
+        EXPECT_EQ(dialog->findChild<QPushButton*>(QStringLiteral("undo"))->shortcut(),
+            QKeySequence(QKeySequence::Undo));
+        button("undo");
+        EXPECT_EQ(cells(), QStringLiteral("0.00 4.00 1 4.00 8.00 2")) << "a drag is one step";
+
+        QTest::mouseClick(canvas, Qt::LeftButton, {}, {middle, canvas->height() - 20});
+        EXPECT_EQ(table->currentIndex().row(), 1);
+        button("split");
+        EXPECT_EQ(cells(), QStringLiteral("0.00 4.00 1 4.00 6.00 2 6.00 8.00 2"));
+        table->setCurrentIndex(table->model()->index(0, 0));
+        button("join");
+        EXPECT_EQ(cells(), QStringLiteral("0.00 6.00 1 6.00 8.00 2"));
+        table->setFocus();
+        table->setCurrentIndex(table->model()->index(0, 1));
+        host.press(Qt::Key_F2);
+        host.type(QStringLiteral("5,1"));
+        host.press(Qt::Key_Return);
+        EXPECT_EQ(cells(), QStringLiteral("0.00 5.10 1 5.10 8.00 2"));
+        dialog->accept();
+    });
+    QTest::mouseClick(host.screen->findChild<QPushButton*>(QStringLiteral("own")), Qt::LeftButton);
+    const auto* written = journal(*project, L"ТСЗ-1");
+    EXPECT_EQ((*written)[24].depth, L"5.0");
+    EXPECT_EQ((*written)[24].cells[3], L"1");
+    EXPECT_EQ((*written)[25].cells[3], L"2");
+    host.controller.undo();
+    EXPECT_EQ((*journal(*project, L"ТСЗ-1"))[24].cells[3], L"2");
 }
 
 TEST(StaticScreen, BearsAnyProject)
