@@ -18,9 +18,10 @@ public:
     void closeEditors() override;
     void calculate() override;
     std::optional<Document> report() override;
+    // The report with the calculation that is chosen here.
+    std::optional<Document> make(IDBProject& project) const;
 
 private:
-    std::optional<Document> make(IDBProject& project) const;
     void store();
 
     ModeScreen& screen_;

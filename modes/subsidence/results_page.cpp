@@ -15,6 +15,8 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -62,7 +64,15 @@ void addFigure(GridRow& row, const SubsidenceFigure& figure, int decimals)
     row.warnings += figure.isTyped ? typedText(figure.computed, decimals) : QString();
 }
 
-GridRow pointRow(qint64 id, const SubsidencePoint& point, const SubsidenceNames& names)
+bool hasSample(IDBProject& project, std::wstring_view point, const std::wstring& code)
+{
+    const auto& samples = project.getLabSamples();
+    return std::any_of(samples.begin(), samples.end(), [&](const auto& sample) {
+        return sample.first.pointName == point && sample.second.code == code;
+    });
+}
+
+GridRow pointRow(qint64 id, const SubsidencePoint& point, IDBProject& project)
 {
     GridRow row;
     row.id = id;
@@ -74,12 +84,18 @@ GridRow pointRow(qint64 id, const SubsidencePoint& point, const SubsidenceNames&
     row.cells += fromWide(subsidenceTitle(point.type));
     row.warnings += point.isTypeTyped ? QStringLiteral("Выбрано вручную") : QString();
     QStringList codes;
-    for (const auto& [name, samples] : names)
+    QStringList unknown;
+    for (const auto& [name, samples] : project.getSubsidenceNames())
         if (name == point.point)
-            for (const std::wstring& code : samples)
+            for (const std::wstring& code : samples) {
                 codes += QString::fromStdWString(code);
+                if (!hasSample(project, point.point, code))
+                    unknown += QStringLiteral("«%1»").arg(codes.last());
+            }
     row.cells += codes.join(QStringLiteral(", "));
-    row.warnings += QString();
+    row.warnings += unknown.isEmpty()
+        ? QString()
+        : QStringLiteral("У точки нет проб с кодом: %1").arg(unknown.join(QStringLiteral(", ")));
     return row;
 }
 
@@ -109,8 +125,9 @@ std::vector<std::wstring> codesOf(const QString& text)
 
 } // namespace
 
-ResultsPage::ResultsPage(ModeScreen& screen)
+ResultsPage::ResultsPage(ModeScreen& screen, const CalculationPage& calculation)
     : screen_(screen)
+    , calculation_(calculation)
 {
     auto* splitter = new QSplitter(Qt::Vertical, this);
     const auto add = [&](EditGrid*& grid, const char* name, const QVector<GridColumn>& columns) {
@@ -171,13 +188,19 @@ void ResultsPage::calculate()
                     .arg(fillSubsidence(screen_, false)));
 }
 
+std::optional<Document> ResultsPage::report()
+{
+    IDBProject* project = screen_.project();
+    return project ? calculation_.make(*project) : std::nullopt;
+}
+
 void ResultsPage::read(IDBProject* project)
 {
     GridRows rows;
     if (project) {
         const SiteLaboratory laboratory(*project, knownLanguage(screen_.settings()->reportLanguage()));
         for (const SubsidencePoint& point : allSubsidencePoints(*project, laboratory))
-            rows.append(pointRow(rows.size() + 1, point, project->getSubsidenceNames()));
+            rows.append(pointRow(rows.size() + 1, point, *project));
     }
     points_->setEditingAllowed(project);
     points_->setRows(rows);

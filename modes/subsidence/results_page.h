@@ -3,6 +3,7 @@
 #include "common/edit_grid.h"
 #include "common/page.h"
 
+class CalculationPage;
 class ModeScreen;
 struct SubsidencePoint;
 struct SubsidenceState;
@@ -13,11 +14,12 @@ struct SubsidenceState;
 class ResultsPage : public Page
 {
 public:
-    explicit ResultsPage(ModeScreen& screen);
+    ResultsPage(ModeScreen& screen, const CalculationPage& calculation);
 
     void read(IDBProject* project) override;
     void closeEditors() override;
     void calculate() override;
+    std::optional<Document> report() override;
 
 private:
     void editPoints(const GridRows& after);
@@ -27,6 +29,7 @@ private:
     QString currentPoint() const;
 
     ModeScreen& screen_;
+    const CalculationPage& calculation_;
     EditGrid* points_;
     EditGrid* rows_;
     class QLabel* rowsTitle_;

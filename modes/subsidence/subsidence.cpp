@@ -12,8 +12,9 @@ public:
     SubsidenceScreen(TX_Modes mode, ITellurixController* controller)
         : PagedScreen(mode, controller, QStringLiteral("subsidence"))
     {
-        addPage(new CalculationPage(*this), QStringLiteral("Расчет"));
-        addPage(new ResultsPage(*this), QStringLiteral("Итоги и ручной ввод"));
+        auto* calculation = new CalculationPage(*this);
+        addPage(calculation, QStringLiteral("Расчет"));
+        addPage(new ResultsPage(*this, *calculation), QStringLiteral("Итоги и ручной ввод"));
         start();
     }
 };

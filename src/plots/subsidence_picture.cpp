@@ -18,7 +18,7 @@ constexpr double stripLeft = 14;
 constexpr double stripWide = 14;
 constexpr double axisLeft = stripLeft + stripWide + 2;
 constexpr double graphWide = 62;
-constexpr double between = 8;
+constexpr double between = 14; // the numbers of two axes end there
 constexpr double letter = 2.2;
 constexpr Pen axis{0.3, {}, Dash::Solid};
 constexpr Pen stressPen{0.5, {0, 90, 180}, Dash::Solid};

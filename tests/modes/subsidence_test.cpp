@@ -103,6 +103,23 @@ TEST_F(Subsidence, LayersAreTypedToo)
     EXPECT_EQ(table("subsidence/points")->model()->rowCount(), 1);
 }
 
+TEST_F(Subsidence, SamplesThatThePointLacksAreMarked)
+{
+    turnTo(1);
+    auto* view = table("subsidence/points");
+    ASSERT_TRUE(view);
+    const int samples = view->model()->columnCount() - 1;
+    const auto warned = [&] {
+        return view->model()->index(0, samples).data(EditGridModel::WarningRole).toBool();
+    };
+    enter(view, 0, samples, QStringLiteral("7"));
+    EXPECT_FALSE(warned());
+    enter(view, 0, samples, QStringLiteral("7, 77"));
+    EXPECT_TRUE(warned());
+    EXPECT_TRUE(
+        view->model()->index(0, samples).data(Qt::ToolTipRole).toString().contains(QStringLiteral("«77»")));
+}
+
 TEST_F(Subsidence, FoundationIsTheProjects)
 {
     turnTo(0);
