@@ -1,6 +1,7 @@
 #include "reports/element_report.h"
 
 #include "dictionaries/report_language.h"
+#include "drawing/text_layout.h"
 #include "modules/idbproject.h"
 #include "modules/isettings.h"
 #include "plots/element_plots.h"
@@ -58,6 +59,21 @@ void addValues(std::vector<TableCell>& row, const DesignValues& values, int deci
     row.push_back(markedCell(values.first, decimals, valueMark(values, values.isTypedFirst)));
 }
 
+// "aQ_III^2" as it is printed.
+TableCell indexCell(std::wstring_view marked)
+{
+    TableCell cell;
+    for (const MarkedPiece& piece : markedPieces(marked))
+        cell.runs.push_back({piece.text,
+            false,
+            false,
+            false,
+            piece.position == MarkedPiece::Lowered      ? Run::Lowered
+                : piece.position == MarkedPiece::Raised ? Run::Raised
+                                                        : Run::Normal});
+    return cell;
+}
+
 TableBlock summaryTable(const std::vector<ElementSummary>& summaries)
 {
     TableBlock table;
@@ -84,7 +100,7 @@ TableBlock summaryTable(const std::vector<ElementSummary>& summaries)
     for (const ElementSummary& summary : summaries) {
         std::vector<TableCell> row{textCell(shortElementName(summary.name), true),
             textCell(summary.words),
-            textCell(summary.index),
+            indexCell(summary.index),
             numberCell(summary.moisture, 3),
             numberCell(summary.voidRatio, 3),
             numberCell(summary.saturation, 2),
