@@ -90,6 +90,7 @@ QWidget* AssignmentPage::makeSide()
     elements_->setAccessibleName(QStringLiteral("Элементы"));
     elements_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     elements_->setWordWrap(true);
+    elements_->setResizeMode(QListView::Adjust);
     auto* buttons = new QHBoxLayout;
     auto* proposing = new QPushButton(QStringLiteral("Предложить"), side);
     proposing->setObjectName(QStringLiteral("propose"));

@@ -11,6 +11,7 @@
 
 #include <QComboBox>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QScrollArea>
 #include <QVBoxLayout>
@@ -224,6 +225,8 @@ ComparisonPage::ComparisonPage(ModeScreen& screen, QWidget* parent)
     second_->setAccessibleName(QStringLiteral("Второй элемент"));
     table_->setAccessibleName(QStringLiteral("Сравнение элементов"));
     table_->setFirstWidths({260, 420});
+    // The sentence takes what the numbers leave.
+    table_->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 8, 0, 0);
     layout->addLayout(head);
@@ -256,12 +259,12 @@ void ComparisonPage::read(IDBProject* project)
     compareIn(&laboratory);
 }
 
-// Two that have something to compare.
+// Two that have enough to compare.
 void ComparisonPage::chooseTwoWithSamples(const SiteLaboratory& laboratory)
 {
     std::vector<int> places;
     for (std::size_t element = 0; element < laboratory.elements().size() && places.size() < 2; ++element)
-        if (!laboratory.elements()[element].samples.empty())
+        if (laboratory.elements()[element].samples.size() >= 3)
             places.push_back(int(element));
     if (places.size() < 2)
         return;

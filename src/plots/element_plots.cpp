@@ -48,20 +48,18 @@ void addHistogram(
     const int bars = *least == *greatest
         ? 1
         : std::clamp(1 + static_cast<int>(std::log2(static_cast<double>(taken.size()))), 2, 15);
-    const double width = bars == 1 ? 1 : (*greatest - *least) / bars;
+    GraphAxis along = axisFor(property, taken);
+    const double width = bars == 1 ? (along.to - along.from) / 6 : (*greatest - *least) / bars;
     std::vector<double> counts(static_cast<std::size_t>(bars), 0);
     for (const double value : taken) {
         const int bar = bars == 1 ? 0 : static_cast<int>((value - *least) / width);
         ++counts[static_cast<std::size_t>(std::clamp(bar, 0, bars - 1))];
     }
     const double from = bars == 1 ? *least - 0.5 * width : *least;
-    const Graph graph(drawing,
-        planeLeft,
-        top,
-        planeWidth,
-        42,
-        axisFor(property, {from, from + bars * width}),
-        axisFor(L"Число проб", counts, true));
+    // Samples are counted by whole numbers, so few of them get a scale of five.
+    GraphAxis upwards = axisFor(L"Число проб", counts, true);
+    upwards.to = std::max(upwards.to, 5.0);
+    const Graph graph(drawing, planeLeft, top, planeWidth, 42, std::move(along), std::move(upwards));
     for (int bar = 0; bar < bars; ++bar)
         if (const double count = counts[static_cast<std::size_t>(bar)]; count > 0)
             graph.bar(from + bar * width, from + (bar + 1) * width, count, barGround);

@@ -354,7 +354,7 @@ std::wstring trendWarning(const SiteLaboratory& laboratory, const std::vector<El
 std::wstring comparisonSentence(const Comparison& comparison)
 {
     if (!comparison.isKnown)
-        return L"Сравнить нельзя: нужно не меньше трёх определений в каждом элементе и разброс между ними.";
+        return L"Сравнить нельзя: нужно три определения с разбросом в каждом.";
     if (comparison.spreadsDiffer && comparison.meansDiffer)
         return L"Различаются и разброс, и средние значения: элементы объединять нельзя.";
     if (comparison.meansDiffer)
