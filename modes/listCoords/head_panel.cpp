@@ -90,6 +90,9 @@ static void setLine(QLineEdit* line, const std::wstring& text)
 {
     if (const QString stored = QString::fromStdWString(text); line->text() != stored)
         line->setText(stored);
+    // A long name is read from its beginning.
+    if (!line->hasFocus())
+        line->setCursorPosition(0);
     line->setModified(false);
 }
 

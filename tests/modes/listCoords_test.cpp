@@ -324,6 +324,7 @@ TEST(ListCoords, HeadIsStoredLineByLine)
     EXPECT_EQ(host.part<QLineEdit>("projectTitle")->text(), QStringLiteral("Новый"));
     // Text that nobody has confirmed yet is no less typed when the shell saves.
     host.part<QLineEdit>("projectTitle")->setFocus();
+    host.part<QLineEdit>("projectTitle")->end(false);
     host.type(QStringLiteral("!"));
     EXPECT_TRUE(Q_EMIT host.screen->signalUpdateDB());
     EXPECT_EQ(host.project->getProjectName(), L"Новый!");
