@@ -136,6 +136,11 @@ int main(int argc, char** argv)
         takeNewProject(shell, folder);
     } else {
         openFromCommandLine(*shell.mainController, argv[1]);
+        if (!shell.mainController->project()) {
+            std::fprintf(stderr, "%s cannot be opened\n", argv[1]);
+            shell.closeWindows();
+            return 1;
+        }
         takeModes(shell, folder);
         takeDialogs(shell, folder);
     }
