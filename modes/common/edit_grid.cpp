@@ -290,11 +290,18 @@ void EditGrid::noteCreated(const GridRows& before)
 
 // The way through the cells
 
-// setCurrentIndex would look at the keys that happen to be held and keep the old selection under Ctrl.
+// By the view and not by its selection: where a selection with Shift begins, only the view knows.
 void EditGrid::goTo(const QModelIndex& seen)
 {
+    const QScopedValueRollback<bool> placing(placing_, true);
     if (seen.isValid())
-        selectionModel()->setCurrentIndex(seen, QItemSelectionModel::ClearAndSelect);
+        setCurrentIndex(seen);
+}
+
+QItemSelectionModel::SelectionFlags EditGrid::selectionCommand(
+    const QModelIndex& index, const QEvent* event) const
+{
+    return placing_ ? QItemSelectionModel::ClearAndSelect : TableView::selectionCommand(index, event);
 }
 
 EditGrid::Place EditGrid::place() const
@@ -490,5 +497,10 @@ void EditGrid::keyPressEvent(QKeyEvent* event)
     const bool onFlag = currentIndex().isValid() && columnOf(currentIndex()).kind == GridColumn::Flag;
     if (onFlag && isPlain(*event, {Qt::Key_Space, Qt::Key_F2}))
         return toggleFlag();
+    const QModelIndex before = currentIndex();
     TableView::keyPressEvent(event);
+    // At the border too a key without Shift leaves nothing selected but its cell.
+    const bool moves = event->key() >= Qt::Key_Home && event->key() <= Qt::Key_PageDown;
+    if (moves && !(held & Qt::ShiftModifier) && currentIndex() == before)
+        goTo(before);
 }

@@ -71,6 +71,8 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void keyboardSearch(const QString&) override { }
     bool holdsNumbers(int column) const override;
+    QItemSelectionModel::SelectionFlags selectionCommand(
+        const QModelIndex& index, const QEvent* event) const override;
     QString emptyMessage() const override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
@@ -148,6 +150,7 @@ private:
     bool rowsGrow_ = true;
     bool submitting_ = false;
     bool moving_ = false;
+    bool placing_ = false; // the cursor goes somewhere, whatever keys are held
     qint64 created_ = 0; // by the last submit
     qint64 entered_ = 0; // the new row in which the user is
     int beganIn_ = -1; // the column from which Tab has come, for Enter

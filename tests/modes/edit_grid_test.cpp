@@ -92,6 +92,40 @@ TEST_F(EditGridTest, EnterAndTabGoThroughTheCellsWithoutOpeningThem)
     expectCells("7||Валовая||песок\n2", 1);
 }
 
+// A selection that began elsewhere would let another row go than the ones that are seen.
+TEST_F(EditGridTest, SelectingByKeysBeginsAtTheCursorHoweverItCameThere)
+{
+    const struct {
+        int key;
+        Qt::KeyboardModifiers held;
+        int row; // where the cursor comes to from row 2
+    } ways[] = {{Qt::Key_Return, {}, 3},
+        {Qt::Key_Return, Qt::ShiftModifier, 1},
+        {Qt::Key_Home, Qt::ControlModifier, 0}};
+    for (const auto& [key, held, row] : ways) {
+        host.fill({{text("0")}, {text("1")}, {text("2")}, {text("3")}, {text("4")}, {text("5")}});
+        host.select(4, 0);
+        host.press(Qt::Key_Up);
+        host.press(Qt::Key_Up);
+        host.press(key, held);
+        ASSERT_EQ(host.grid.currentIndex().row(), row);
+        host.press(Qt::Key_Down, Qt::ShiftModifier);
+        host.press(Qt::Key_Delete, Qt::ControlModifier);
+        QStringList left = {text("0"), text("1"), text("2"), text("3"), text("4"), text("5")};
+        left.removeAt(row);
+        left.removeAt(row);
+        EXPECT_EQ(host.cells().toStdString(), left.join(QLatin1Char('\n')).toStdString()) << row;
+    }
+    // At the first row a jump there begins anew too.
+    host.fill({{text("0")}, {text("1")}, {text("2")}});
+    host.select(2, 0);
+    host.press(Qt::Key_Up, Qt::ShiftModifier);
+    host.press(Qt::Key_Up, Qt::ShiftModifier);
+    host.press(Qt::Key_Home, Qt::ControlModifier);
+    host.press(Qt::Key_Delete, Qt::ControlModifier);
+    EXPECT_EQ(host.cells().toStdString(), "1\n2");
+}
+
 TEST_F(EditGridTest, ArrowsCommitWhatWasTypedAndMoveInWhatWasOpened)
 {
     const struct {
