@@ -5,6 +5,7 @@
 
 #include <limits>
 #include <random>
+#include <sstream>
 #include <string>
 
 TEST(TypedNumber, ReadsWhatPeopleTypeAndNothingElse)
@@ -55,7 +56,11 @@ TEST(TypedNumber, IsTheNearestDouble)
                 text += '.';
             text += static_cast<char>('0' + random() % 10);
         }
-        EXPECT_EQ(readNumber(std::wstring(text.begin(), text.end())), std::stod(text)) << text;
+        std::istringstream stream(text);
+        stream.imbue(std::locale::classic());
+        double nearest = 0;
+        ASSERT_TRUE(stream >> nearest) << text;
+        EXPECT_EQ(readNumber(std::wstring(text.begin(), text.end())), nearest) << text;
     }
 }
 
