@@ -5,6 +5,7 @@
 #include "modules/idbproject.h"
 #include "modules/isettings.h"
 #include "plots/element_plots.h"
+#include "reports/words.h"
 #include "site/element_texts.h"
 #include "site/standard_values.h"
 
@@ -13,6 +14,35 @@
 
 namespace
 {
+
+// The document's own words; what the statistics remark stays in their language.
+struct ElementWords {
+    // clang-format off
+    static constexpr Words title{L"Инженерно-геологические элементы. ", L"Інженерно-геологічні елементи. "};
+    static constexpr Words element{L"ИГЭ ", L"ІГЕ "};
+    static constexpr Words summary{L"Нормативные и расчётные значения", L"Нормативні та розрахункові значення"};
+    static constexpr Words summaryHead[] = {{L"ИГЭ", L"ІГЕ"}, {L"Наименование", L"Найменування"},
+        {L"Индекс", L"Індекс"}, {L"W", L"W"}, {L"e", L"e"}, {L"Sr", L"Sr"}, {L"Ip, %", L"Ip, %"}, {L"IL", L"IL"},
+        {L"ρн, г/см³", L"ρн, г/см³"}, {L"ρII", L"ρII"}, {L"ρI", L"ρI"}, {L"φн, °", L"φн, °"}, {L"φII", L"φII"},
+        {L"φI", L"φI"}, {L"cн, кПа", L"cн, кПа"}, {L"cII", L"cII"}, {L"cI", L"cI"}, {L"E, МПа", L"E, МПа"},
+        {L"R0, кПа", L"R0, кПа"}};
+    static constexpr Words legend{summaryLegend.data(),
+        L"II: для розрахунків за деформаціями, довірча імовірність 0.85; I: за несучою здатністю, 0.95. * — введено "
+        L"вручну; † — за таблицями норм, випробувань немає."};
+    static constexpr Words standard{L" Статистика по ГОСТ 20522.", L" Статистика за ГОСТ 20522."};
+    static constexpr Words statistics{L"Статистика ИГЭ ", L"Статистика ІГЕ "};
+    static constexpr Words statisticsHead[] = {{L"Показатель", L"Показник"}, {L"n", L"n"},
+        {L"Исключено", L"Вилучено"}, {L"Xн", L"Xн"}, {L"min", L"min"}, {L"max", L"max"}, {L"S", L"S"}, {L"V", L"V"},
+        {L"γg (0.85)", L"γg (0.85)"}, {L"XII", L"XII"}, {L"γg (0.95)", L"γg (0.95)"}, {L"XI", L"XI"}};
+    static constexpr Words values{L", частные значения", L", часткові значення"};
+    static constexpr Words valuesHead[] = {{L"Точка", L"Точка"}, {L"Глубина, м", L"Глибина, м"}, {L"Проба", L"Проба"},
+        {L"Значение", L"Значення"}, {L"Исключено", L"Вилучено"}};
+    static constexpr Words byRule{L"по правилу", L"за правилом"};
+    static constexpr Words byHand{L"вручную", L"вручну"};
+    static constexpr Words shear{L"Угол трения и сцепление — ", L"Кут тертя і зчеплення — "};
+    static constexpr Words gradings{L"Кривые гранулометрии, ", L"Криві гранулометрії, "};
+    // clang-format on
+};
 
 TableCell textCell(std::wstring_view text, bool isBold = false)
 {
@@ -42,11 +72,12 @@ TableCell markedCell(const Number& value, int decimals, std::wstring_view mark)
     return cell;
 }
 
-std::vector<TableCell> headRow(std::initializer_list<std::wstring_view> titles)
+template <std::size_t Size>
+std::vector<TableCell> headRow(const Words (&words)[Size], int language)
 {
     std::vector<TableCell> row;
-    for (const std::wstring_view title : titles) {
-        row.push_back(textCell(title, true));
+    for (const Words& title : words) {
+        row.push_back(textCell(title.in(language), true));
         row.back().align = Align::Centre;
     }
     return row;
@@ -74,29 +105,11 @@ TableCell indexCell(std::wstring_view marked)
     return cell;
 }
 
-TableBlock summaryTable(const std::vector<ElementSummary>& summaries)
+TableBlock summaryTable(const std::vector<ElementSummary>& summaries, int language)
 {
     TableBlock table;
-    table.title = L"Нормативные и расчётные значения";
-    table.head = {headRow({L"ИГЭ",
-        L"Наименование",
-        L"Индекс",
-        L"W",
-        L"e",
-        L"Sr",
-        L"Ip, %",
-        L"IL",
-        L"ρн, г/см³",
-        L"ρII",
-        L"ρI",
-        L"φн, °",
-        L"φII",
-        L"φI",
-        L"cн, кПа",
-        L"cII",
-        L"cI",
-        L"E, МПа",
-        L"R0, кПа"})};
+    table.title = ElementWords::summary.in(language);
+    table.head = {headRow(ElementWords::summaryHead, language)};
     for (const ElementSummary& summary : summaries) {
         std::vector<TableCell> row{textCell(shortElementName(summary.name), true),
             textCell(summary.words),
@@ -120,19 +133,8 @@ TableBlock summaryTable(const std::vector<ElementSummary>& summaries)
 TableBlock statisticsTable(const SiteElement& element, int language)
 {
     TableBlock table;
-    table.title = L"Статистика ИГЭ " + std::wstring(shortElementName(element.name));
-    table.head = {headRow({L"Показатель",
-        L"n",
-        L"Исключено",
-        L"Xн",
-        L"min",
-        L"max",
-        L"S",
-        L"V",
-        L"γg (0.85)",
-        L"XII",
-        L"γg (0.95)",
-        L"XI"})};
+    table.title = ElementWords::statistics.in(language) + std::wstring(shortElementName(element.name));
+    table.head = {headRow(ElementWords::statisticsHead, language)};
     for (const int property : propertiesOf(element)) {
         const Statistics& statistics = *statisticsOf(element, property);
         const int decimals = propertyDecimals(property);
@@ -161,8 +163,8 @@ TableBlock valuesTable(
     const SiteLaboratory& laboratory, const SiteElement& element, int property, int language)
 {
     TableBlock table;
-    table.title = elementPropertyName(property, language) + L", частные значения";
-    table.head = {headRow({L"Точка", L"Глубина, м", L"Проба", L"Значение", L"Исключено"})};
+    table.title = elementPropertyName(property, language) + ElementWords::values.in(language);
+    table.head = {headRow(ElementWords::valuesHead, language)};
     for (const ElementValue& value : propertyValues(laboratory, element, property)) {
         const SiteSample& sample = laboratory.samples()[value.sample];
         TableCell shown = numberCell(value.value, propertyDecimals(property));
@@ -171,8 +173,8 @@ TableBlock valuesTable(
             textCell(sample.key->depth),
             textCell(sample.sample->code),
             shown,
-            textCell(value.excluded == ExcludedBy::Rule  ? L"по правилу"
-                    : value.excluded == ExcludedBy::Hand ? L"вручную"
+            textCell(value.excluded == ExcludedBy::Rule  ? ElementWords::byRule.in(language)
+                    : value.excluded == ExcludedBy::Hand ? ElementWords::byHand.in(language)
                                                          : L"")});
     }
     return table;
@@ -184,11 +186,12 @@ void addElement(Document& document,
     const ElementSummary& summary,
     const ElementReportLook& look)
 {
-    const std::wstring title = L"ИГЭ " + std::wstring(shortElementName(element.name));
+    const std::wstring title =
+        ElementWords::element.in(look.language) + std::wstring(shortElementName(element.name));
     document.blocks.emplace_back(Heading{title + (summary.words.empty() ? L"" : L". " + summary.words), 2});
     document.blocks.emplace_back(statisticsTable(element, look.language));
     std::wstring notes =
-        summary.shearWay.empty() ? L"" : L"Угол трения и сцепление — " + summary.shearWay + L". ";
+        summary.shearWay.empty() ? L"" : ElementWords::shear.in(look.language) + summary.shearWay + L". ";
     for (const std::wstring& note : summary.notes)
         notes += note + L" ";
     if (!notes.empty())
@@ -208,7 +211,7 @@ void addElement(Document& document,
             document.blocks.emplace_back(valuesTable(laboratory, element, property, look.language));
     if (look.withGradings)
         document.blocks.emplace_back(Figure{gradingsOfElement(laboratory, element, title, look.isSmoothed),
-            L"Кривые гранулометрии, " + title});
+            ElementWords::gradings.in(look.language) + title});
 }
 
 } // namespace
@@ -231,17 +234,18 @@ Document elementReport(IDBProject& project,
     const ElementReportLook& look)
 {
     Document document;
-    document.title = L"Инженерно-геологические элементы. " + project.getProjectName();
+    document.title = ElementWords::title.in(look.language) + project.getProjectName();
     document.header = project.getProjectCode();
     document.page = {297, 210, 15, 15, 10, 15};
     std::vector<ElementSummary> summaries;
     summaries.reserve(elements.size());
     for (const SiteElement* element : elements)
         summaries.push_back(summaryOf(project, laboratory, *element, look.withTyped));
-    document.blocks.emplace_back(Heading{L"Нормативные и расчётные значения", 1});
-    document.blocks.emplace_back(summaryTable(summaries));
-    document.blocks.emplace_back(
-        Paragraph{{{std::wstring(summaryLegend) + L" Статистика по ГОСТ 20522."}}, Paragraph::Note});
+    document.blocks.emplace_back(Heading{ElementWords::summary.in(look.language), 1});
+    document.blocks.emplace_back(summaryTable(summaries, look.language));
+    document.blocks.emplace_back(Paragraph{
+        {{std::wstring(ElementWords::legend.in(look.language)) + ElementWords::standard.in(look.language)}},
+        Paragraph::Note});
     if (const std::wstring warning = standardTableWarning(standardTableMistakes()); !warning.empty())
         document.blocks.emplace_back(Paragraph{{{warning}}, Paragraph::Note});
     for (std::size_t i = 0; i < elements.size(); ++i)

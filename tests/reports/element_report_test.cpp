@@ -1,3 +1,4 @@
+#include "dictionaries/dictionary.h"
 #include "reports/element_report.h"
 #include "site/element_site.h"
 
@@ -109,6 +110,36 @@ TEST(ElementReport, SingleValuesAndPicturesAreThereWhereAskedFor)
     const auto& row = statistics->rows[0];
     EXPECT_EQ(textOf(row[1]) + L" " + textOf(row[2]) + L" " + textOf(row[3]), L"10 1 1.93");
     EXPECT_EQ(textOf(row[8]) + L" " + textOf(row[10]), L"1.005 1.008");
+}
+
+// Letters that Ukrainian does not have give forgotten words away.
+TEST(ElementReport, SpeaksTheLanguageOfTheDocuments)
+{
+    const auto project = siteOfOneElement();
+    addDensities(*project);
+    ElementReportLook look;
+    look.withDensities = look.withFriction = look.withModuli = look.withGradings = true;
+    look.language = languageUkrainian;
+    const Report report(*project, look);
+    EXPECT_TRUE(report.document.title.starts_with(L"Інженерно-геологічні елементи."));
+    std::wstring said;
+    std::size_t tables = 0;
+    for (const Block& block : report.document.blocks) {
+        if (const auto* heading = std::get_if<Heading>(&block); heading && heading->level == 1)
+            said += heading->text;
+        if (const auto* figure = std::get_if<Figure>(&block))
+            said += figure->caption;
+        if (const auto* table = std::get_if<TableBlock>(&block)) {
+            ++tables;
+            said += table->title;
+            for (const TableCell& cell : table->head.front())
+                said += textOf(cell);
+        }
+    }
+    EXPECT_GE(tables, 3U);
+    EXPECT_NE(said.find(L"Нормативні"), std::wstring::npos);
+    EXPECT_EQ(said.find_first_of(L"ыэъёЫЭЪЁ"), std::wstring::npos);
+    EXPECT_EQ(said.find(L"ИГЭ"), std::wstring::npos);
 }
 
 TEST(ElementReport, ElementsWithoutSamplesAreNoFault)
