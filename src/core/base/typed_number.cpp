@@ -91,21 +91,6 @@ private:
     bool hasComma_ = false;
 };
 
-// As a double is nearest to them; those up to 1e22 are exact.
-constexpr double tenthPowers[] = {
-    1e0, 1e-1, 1e-2, 1e-3, 1e-4, 1e-5, 1e-6, 1e-7, 1e-8, 1e-9, 1e-10, 1e-11, 1e-12};
-constexpr double tenPowers[] = {
-    1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18};
-
-double powerOfTen(int exponent)
-{
-    if (exponent >= 0 && exponent < static_cast<int>(std::size(tenPowers)))
-        return tenPowers[exponent];
-    if (exponent < 0 && -exponent < static_cast<int>(std::size(tenthPowers)))
-        return tenthPowers[-exponent];
-    return std::pow(10.0, exponent);
-}
-
 constexpr int mostDecimalDigits = 18; // of 64 bits
 
 constexpr std::array<std::int64_t, mostDecimalDigits + 1> powersOfTen = [] {
@@ -114,6 +99,20 @@ constexpr std::array<std::int64_t, mostDecimalDigits + 1> powersOfTen = [] {
         powers[i] = powers[i - 1] * 10;
     return powers;
 }();
+
+// As a double is nearest to them.
+constexpr double tenthPowers[] = {
+    1e0, 1e-1, 1e-2, 1e-3, 1e-4, 1e-5, 1e-6, 1e-7, 1e-8, 1e-9, 1e-10, 1e-11, 1e-12};
+
+// Up to 1e18 a double holds them exactly.
+double powerOfTen(int exponent)
+{
+    if (exponent >= 0 && exponent <= mostDecimalDigits)
+        return static_cast<double>(powersOfTen[static_cast<std::size_t>(exponent)]);
+    if (exponent < 0 && -exponent < static_cast<int>(std::size(tenthPowers)))
+        return tenthPowers[-exponent];
+    return std::pow(10.0, exponent);
+}
 
 // With more decimals; nothing where that does not fit.
 std::optional<std::int64_t> scaled(const Decimal& number, int decimals)
@@ -139,7 +138,7 @@ Number readNumber(std::wstring_view text)
         for (const char c : plain)
             if (c >= '0' && c <= '9')
                 digits = digits * 10 + (c - '0');
-        value = static_cast<double>(digits) / tenPowers[plain.decimals()];
+        value = static_cast<double>(digits) / powerOfTen(plain.decimals());
         return *plain.begin() == '-' ? -value : value;
     }
     const auto [end, failure] = std::from_chars(plain.begin(), plain.end(), value);
