@@ -3,7 +3,7 @@
 #include "modules/idbproject.h"
 #include "plots/piper.h"
 #include "plots/schoeller.h"
-#include "reports/words.h"
+#include "reports/table_cells.h"
 #include "site/chemistry.h"
 
 #include <algorithm>
@@ -12,11 +12,8 @@
 namespace
 {
 
-TableCell textCell(std::wstring_view text, Align align = Align::Left, int columns = 1, int rows = 1)
+TableCell spanning(TableCell cell, int columns, int rows)
 {
-    TableCell cell;
-    cell.runs = {{std::wstring(text)}};
-    cell.align = align;
     cell.columns = columns;
     cell.rows = rows;
     return cell;
@@ -24,15 +21,7 @@ TableCell textCell(std::wstring_view text, Align align = Align::Left, int column
 
 TableCell headCell(std::wstring_view text, int columns = 1, int rows = 1)
 {
-    return textCell(text, Align::Centre, columns, rows);
-}
-
-TableCell numberCell(const Number& value, int decimals, int rows = 1)
-{
-    TableCell cell = textCell(value ? numberText(value, decimals) : L"–", Align::Right, 1, rows);
-    cell.number = value;
-    cell.decimals = decimals;
-    return cell;
+    return spanning(textCell(text, Align::Centre), columns, rows);
 }
 
 // "HCO3" with its figures lowered.
@@ -149,8 +138,8 @@ void addAnalysisRows(TableRows& rows, const Water& water, int language)
     for (int line = 0; line < lines; ++line) {
         std::vector<TableCell> row;
         if (line == 0) {
-            row.push_back(textCell(water.site->point, Align::Left, 1, lines));
-            row.push_back(textCell(water.site->depth, Align::Right, 1, lines));
+            row.push_back(spanning(textCell(water.site->point, Align::Left), 1, lines));
+            row.push_back(spanning(textCell(water.site->depth, Align::Right), 1, lines));
         }
         row.push_back(textCell(Texts::unitNames[line].in(language)));
         for (const char* ion : tableIons) {
@@ -164,10 +153,11 @@ void addAnalysisRows(TableRows& rows, const Water& water, int language)
             const auto typedOr = [&](ChemistryCell cell, const Number& computed) {
                 return analysis[cell].exact() ? analysis[cell].exact() : computed;
             };
-            row.push_back(numberCell(analysis[CellPH].exact(), 2, lines));
-            row.push_back(numberCell(typedOr(CellHardness, water.chemistry.hardness), 2, lines));
-            row.push_back(numberCell(typedOr(CellDryResidue, water.chemistry.dryResidueMgL), 0, lines));
-            row.push_back(numberCell(water.chemistry.mineralisationGL, 2, lines));
+            row.push_back(spanning(numberCell(analysis[CellPH].exact(), 2), 1, lines));
+            row.push_back(spanning(numberCell(typedOr(CellHardness, water.chemistry.hardness), 2), 1, lines));
+            row.push_back(
+                spanning(numberCell(typedOr(CellDryResidue, water.chemistry.dryResidueMgL), 0), 1, lines));
+            row.push_back(spanning(numberCell(water.chemistry.mineralisationGL, 2), 1, lines));
         }
         rows.push_back(std::move(row));
     }
@@ -268,7 +258,7 @@ void addFormulaRows(TableRows& rows, const Water& water, int language)
         return;
     constexpr int lines = 2;
     constexpr double nameFrom = 20; // %-eq
-    TableCell mineralisation = textCell({}, Align::Right, 1, lines);
+    TableCell mineralisation = spanning(textCell({}, Align::Right), 1, lines);
     mineralisation.runs = {{L"M "}, {formula->mineralisation, false, false, false, Run::Lowered}};
     TableCell anions = textCell({}, Align::Centre);
     anions.runs = sideRuns(formula->anions);
@@ -279,15 +269,15 @@ void addFormulaRows(TableRows& rows, const Water& water, int language)
         name += L", " + std::wstring(mineralisationClass(*water.chemistry.mineralisationGL, language));
     if (water.chemistry.hardness)
         name += L", " + std::wstring(hardnessClass(*water.chemistry.hardness, language));
-    TableCell balance = numberCell(water.chemistry.balancePercent, 1, lines);
+    TableCell balance = spanning(numberCell(water.chemistry.balancePercent, 1), 1, lines);
     constexpr double greatestBalance = 5;
     balance.isMarked =
         water.chemistry.balancePercent && std::abs(*water.chemistry.balancePercent) > greatestBalance;
-    rows.push_back({textCell(water.site->point, Align::Left, 1, lines),
-        textCell(water.site->depth, Align::Right, 1, lines),
+    rows.push_back({spanning(textCell(water.site->point, Align::Left), 1, lines),
+        spanning(textCell(water.site->depth, Align::Right), 1, lines),
         mineralisation,
         anions,
-        textCell(name, Align::Left, 1, lines),
+        spanning(textCell(name, Align::Left), 1, lines),
         balance});
     rows.push_back({cations});
 }

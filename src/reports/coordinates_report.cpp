@@ -1,6 +1,7 @@
 #include "reports/coordinates_report.h"
 
 #include "modules/idbproject.h"
+#include "reports/table_cells.h"
 #include "site/by_point.h"
 #include "site/points.h"
 
@@ -9,14 +10,6 @@
 
 namespace
 {
-
-TableCell textCell(std::wstring_view text, Align align = Align::Left)
-{
-    TableCell cell;
-    cell.runs = {{std::wstring(text)}};
-    cell.align = align;
-    return cell;
-}
 
 // As typed, with the point of all documents; a dash where nothing was measured.
 TableCell numberCell(std::wstring_view typed)

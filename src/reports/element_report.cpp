@@ -5,7 +5,7 @@
 #include "modules/idbproject.h"
 #include "modules/isettings.h"
 #include "plots/element_plots.h"
-#include "reports/words.h"
+#include "reports/table_cells.h"
 #include "site/element_texts.h"
 #include "site/standard_values.h"
 
@@ -44,23 +44,6 @@ struct ElementWords {
     // clang-format on
 };
 
-TableCell textCell(std::wstring_view text, bool isBold = false)
-{
-    TableCell cell;
-    cell.runs = {{std::wstring(text), isBold}};
-    return cell;
-}
-
-TableCell numberCell(const Number& value, int decimals)
-{
-    TableCell cell;
-    cell.runs = {{value ? numberText(value, decimals) : std::wstring(L"–")}};
-    cell.number = value;
-    cell.decimals = decimals;
-    cell.align = Align::Right;
-    return cell;
-}
-
 TableCell markedCell(const Number& value, int decimals, std::wstring_view mark)
 {
     TableCell cell = numberCell(value, decimals);
@@ -70,17 +53,6 @@ TableCell markedCell(const Number& value, int decimals, std::wstring_view mark)
     cell.number.reset();
     cell.isMarked = true;
     return cell;
-}
-
-template <std::size_t Size>
-std::vector<TableCell> headRow(const Words (&words)[Size], int language)
-{
-    std::vector<TableCell> row;
-    for (const Words& title : words) {
-        row.push_back(textCell(title.in(language), true));
-        row.back().align = Align::Centre;
-    }
-    return row;
 }
 
 void addValues(std::vector<TableCell>& row, const DesignValues& values, int decimals)
@@ -109,9 +81,9 @@ TableBlock summaryTable(const std::vector<ElementSummary>& summaries, int langua
 {
     TableBlock table;
     table.title = ElementWords::summary.in(language);
-    table.head = {headRow(ElementWords::summaryHead, language)};
+    table.head = {headRow(ElementWords::summaryHead, language, Align::Centre, true)};
     for (const ElementSummary& summary : summaries) {
-        std::vector<TableCell> row{textCell(shortElementName(summary.name), true),
+        std::vector<TableCell> row{textCell(shortElementName(summary.name), Align::Left, true),
             textCell(summary.words),
             indexCell(summary.index),
             numberCell(summary.moisture, 3),
@@ -134,7 +106,7 @@ TableBlock statisticsTable(const SiteElement& element, int language)
 {
     TableBlock table;
     table.title = ElementWords::statistics.in(language) + std::wstring(shortElementName(element.name));
-    table.head = {headRow(ElementWords::statisticsHead, language)};
+    table.head = {headRow(ElementWords::statisticsHead, language, Align::Centre, true)};
     for (const int property : propertiesOf(element)) {
         const Statistics& statistics = *statisticsOf(element, property);
         const int decimals = propertyDecimals(property);
@@ -164,7 +136,7 @@ TableBlock valuesTable(
 {
     TableBlock table;
     table.title = elementPropertyName(property, language) + ElementWords::values.in(language);
-    table.head = {headRow(ElementWords::valuesHead, language)};
+    table.head = {headRow(ElementWords::valuesHead, language, Align::Centre, true)};
     for (const ElementValue& value : propertyValues(laboratory, element, property)) {
         const SiteSample& sample = laboratory.samples()[value.sample];
         TableCell shown = numberCell(value.value, propertyDecimals(property));

@@ -4,6 +4,7 @@
 #include "dictionaries/laboratory_vocabulary.h"
 #include "modules/idbproject.h"
 #include "plots/laboratory_curves.h"
+#include "reports/table_cells.h"
 #include "site/elements.h"
 
 namespace
@@ -15,25 +16,6 @@ const std::wstring& soilNameOf(const SiteSample& sample)
     const auto& kept = sample.sample->soilKind;
     const bool isTyped = kept.code == 0 && !kept.text.empty();
     return isTyped || sample.soil.text.empty() ? kept.text : sample.soil.text;
-}
-
-TableCell textCell(std::wstring_view text, Align align = Align::Left, bool isBold = false)
-{
-    TableCell cell;
-    Run run;
-    run.text = std::wstring(text);
-    run.isBold = isBold;
-    cell.runs.push_back(run);
-    cell.align = align;
-    return cell;
-}
-
-TableCell numberCell(const Number& number, int decimals)
-{
-    TableCell cell = textCell(number ? numberText(number, decimals) : std::wstring(L"–"), Align::Right);
-    cell.number = number;
-    cell.decimals = decimals;
-    return cell;
 }
 
 Paragraph paragraph(std::wstring_view text, Paragraph::Style style = Paragraph::Body)

@@ -4,7 +4,7 @@
 #include "dictionaries/pile_coefficients.h"
 #include "dictionaries/sounding_captions.h"
 #include "modules/idbproject.h"
-#include "reports/words.h"
+#include "reports/table_cells.h"
 #include "site/by_point.h"
 #include "site/points.h"
 
@@ -82,25 +82,7 @@ std::wstring kindText(const PileTask& task, int language)
     return std::wstring(pileReportTexts.at(language, 6 + std::clamp(task.kind, 0, 9)));
 }
 
-TableCell headCell(std::wstring_view text)
-{
-    TableCell cell;
-    cell.runs = {{std::wstring(text)}};
-    cell.align = Align::Centre;
-    return cell;
-}
-
-TableCell numberCell(const Number& value, int decimals)
-{
-    TableCell cell;
-    cell.number = value;
-    cell.decimals = decimals;
-    cell.runs = {{value ? numberText(value, decimals) : L"–"}};
-    cell.align = Align::Right;
-    return cell;
-}
-
-TableCell textCell(std::wstring_view text)
+TableCell readCell(std::wstring_view text)
 {
     TableCell cell;
     cell.runs = {{std::wstring(text)}};
@@ -174,7 +156,7 @@ TableBlock pileTable(const std::vector<PileRow>& rows, const PileTask& task, Pil
     for (std::size_t i = 0; i < pileColumns; ++i) {
         std::wstring title(pileReportColumns.at(language, static_cast<int>(i)));
         std::ranges::replace(title, L'\n', L' ');
-        table.head.back().push_back(headCell(title));
+        table.head.back().push_back(textCell(title, Align::Centre));
     }
     for (const PileRow& row : rows) {
         const PileNumbers numbers = numbersOf(row, task, part);
@@ -239,17 +221,17 @@ Document soundingJournals(IDBProject& project,
             line += Texts::borehole.in(language) + std::wstring(sounding->borehole);
         document.blocks.emplace_back(paragraph(std::move(line), Paragraph::Body));
         TableBlock table;
-        table.head = {{headCell(std::wstring(soundingJournalTexts.at(language, 2)) + L", м"),
-            headCell(std::wstring(soundingJournalTexts.at(language, 4)) + L", МПа"),
-            headCell(std::wstring(soundingJournalTexts.at(language, 3)) + L", кПа"),
-            headCell(std::wstring(soundingJournalTexts.at(language, 5)) + L", кН"),
-            headCell(Texts::element.in(language))}};
+        table.head = {{textCell(std::wstring(soundingJournalTexts.at(language, 2)) + L", м", Align::Centre),
+            textCell(std::wstring(soundingJournalTexts.at(language, 4)) + L", МПа", Align::Centre),
+            textCell(std::wstring(soundingJournalTexts.at(language, 3)) + L", кПа", Align::Centre),
+            textCell(std::wstring(soundingJournalTexts.at(language, 5)) + L", кН", Align::Centre),
+            textCell(Texts::element.in(language), Align::Centre)}};
         for (const SoundingRow& row : rows)
-            table.rows.push_back({textCell(row.depth),
-                textCell(row.cells[0]),
-                textCell(row.cells[1]),
-                textCell(row.cells[2]),
-                textCell(row.cells[3])});
+            table.rows.push_back({readCell(row.depth),
+                readCell(row.cells[0]),
+                readCell(row.cells[1]),
+                readCell(row.cells[2]),
+                readCell(row.cells[3])});
         document.blocks.emplace_back(std::move(table));
     }
     return document;

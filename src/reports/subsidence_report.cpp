@@ -2,7 +2,7 @@
 
 #include "modules/idbproject.h"
 #include "plots/subsidence_picture.h"
-#include "reports/words.h"
+#include "reports/table_cells.h"
 #include "site/points.h"
 #include "site/subsidence.h"
 
@@ -70,22 +70,6 @@ struct Texts {
     // clang-format on
 };
 
-TableCell textCell(std::wstring_view text, Align align = Align::Left)
-{
-    TableCell cell;
-    cell.runs = {{std::wstring(text)}};
-    cell.align = align;
-    return cell;
-}
-
-TableCell numberCell(const Number& value, int decimals)
-{
-    TableCell cell = textCell(value ? numberText(value, decimals) : L"–", Align::Right);
-    cell.number = value;
-    cell.decimals = decimals;
-    return cell;
-}
-
 // Grey, with the calculated figure behind it.
 TableCell typedCell(const Number& value, const Number& computed, int decimals)
 {
@@ -104,15 +88,6 @@ TableCell figureCell(const SubsidenceFigure& figure, int decimals)
                           : numberCell(figure.value, decimals);
 }
 
-template <std::size_t Size>
-TableRows headOf(const Words (&words)[Size], int language, std::size_t count = Size)
-{
-    TableRows head(1);
-    for (std::size_t i = 0; i < count; ++i)
-        head.front().push_back(textCell(words[i].in(language)));
-    return head;
-}
-
 const wchar_t* typeText(const std::optional<SubsidenceType>& type)
 {
     return !type ? L"–" : *type == SubsidenceType::I ? L"I" : L"II";
@@ -122,7 +97,7 @@ TableBlock summaryOf(const std::vector<SubsidencePoint>& points, int language)
 {
     TableBlock table;
     table.title = Texts::summary.in(language);
-    table.head = headOf(Texts::summaryHead, language);
+    table.head = {headRow(Texts::summaryHead, language)};
     for (const SubsidencePoint& point : points) {
         TableCell type = textCell(typeText(point.type), Align::Centre);
         type.isMarked = point.isTypeTyped;
@@ -154,8 +129,9 @@ TableBlock isolinesOf(const std::vector<SubsidencePoint>& points,
 {
     TableBlock table;
     table.title = Texts::isolines.in(language);
-    table.head =
-        headOf(Texts::isolinesHead, language, std::size(Texts::isolinesHead) - (loaded.empty() ? 1 : 0));
+    table.head = {headRow(Texts::isolinesHead, language)};
+    if (loaded.empty())
+        table.head.front().pop_back();
     for (std::size_t i = 0; i < points.size(); ++i) {
         const SubsidencePoint& point = points[i];
         const auto place = std::ranges::find(places, point.point, &SitePoint::name);
@@ -189,7 +165,7 @@ TableBlock stepsOf(const SubsidencePoint& point, int language)
 {
     TableBlock table;
     table.title = Texts::point.in(language) + (L" " + std::wstring(point.point)) + Texts::steps.in(language);
-    table.head = headOf(Texts::stepsHead, language);
+    table.head = {headRow(Texts::stepsHead, language)};
     for (std::size_t i = 0; i < point.result.parts.size(); ++i) {
         const SubsidencePart& part = point.result.parts[i];
         const SubsidencePart& computed = point.computed.parts[i];
@@ -219,7 +195,7 @@ TableBlock foundationSteps(const SubsidencePoint& point, const FoundationSubside
     TableBlock table;
     table.title =
         Texts::point.in(language) + (L" " + std::wstring(point.point)) + Texts::foundation.in(language);
-    table.head = headOf(Texts::foundationHead, language);
+    table.head = {headRow(Texts::foundationHead, language)};
     for (const FoundationPart& part : loaded.parts)
         table.rows.push_back({textCell(layerText(point, part.layer, language)),
             numberCell(part.fromM, 2),
