@@ -1,5 +1,6 @@
 #include "common/edit_grid.h"
 
+#include "common/cursor_keys.h"
 #include "common/grid_delegate.h"
 #include "common/typed_text.h"
 #include "common/view_settings.h"
@@ -476,8 +477,7 @@ void EditGrid::mousePressEvent(QMouseEvent* event)
 void EditGrid::keyPressEvent(QKeyEvent* event)
 {
     event->accept();
-    const bool jumps = event->key() >= Qt::Key_Home && event->key() <= Qt::Key_PageDown;
-    if (jumps && event->modifiers() & Qt::ControlModifier)
+    if (movesCursor(*event) && event->modifiers() & Qt::ControlModifier)
         endEntering();
     if (event->matches(QKeySequence::Paste))
         return paste();
@@ -500,7 +500,6 @@ void EditGrid::keyPressEvent(QKeyEvent* event)
     const QModelIndex before = currentIndex();
     TableView::keyPressEvent(event);
     // At the border too a key without Shift leaves nothing selected but its cell.
-    const bool moves = event->key() >= Qt::Key_Home && event->key() <= Qt::Key_PageDown;
-    if (moves && !(held & Qt::ShiftModifier) && currentIndex() == before)
+    if (movesCursor(*event) && !(held & Qt::ShiftModifier) && currentIndex() == before)
         goTo(before);
 }

@@ -1,5 +1,6 @@
 #include "common/table_view.h"
 
+#include "common/cursor_keys.h"
 #include "common/clipboard_text.h"
 #include "common/export_dialog.h"
 #include "common/typed_text.h"
@@ -159,8 +160,7 @@ QItemSelectionModel::SelectionFlags TableView::selectionCommand(
 {
     if (event && event->type() == QEvent::KeyPress) {
         const auto& key = static_cast<const QKeyEvent&>(*event);
-        const bool moves = key.key() >= Qt::Key_Home && key.key() <= Qt::Key_PageDown;
-        if (moves && key.modifiers() & Qt::ControlModifier)
+        if (movesCursor(key) && key.modifiers() & Qt::ControlModifier)
             return key.modifiers() & Qt::ShiftModifier ? QItemSelectionModel::SelectCurrent
                                                        : QItemSelectionModel::ClearAndSelect;
     }
