@@ -9,35 +9,19 @@
 #include "core/facade/tellurix_controller.h"
 #include "db/db_project.h"
 #include "laboratory/laboratory_screen.h"
+#include "processor_time.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QTabWidget>
 #include <QTest>
 
-#include <cstdio>
-#include <ctime>
-#include <functional>
 #include <random>
 
 namespace
 {
 
 constexpr int samples = 10'000;
-
-double measured(const std::function<void()>& act)
-{
-    const std::clock_t before = std::clock();
-    act();
-    QCoreApplication::sendPostedEvents();
-    QCoreApplication::processEvents();
-    return 1000.0 * static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC;
-}
-
-void tell(const char* what, double milliseconds)
-{
-    std::printf("%-44s %8.1f ms\n", what, milliseconds);
-}
 
 LabSample sampleOf(std::mt19937& random)
 {

@@ -7,6 +7,7 @@
 #include "core/base/typed_number.h"
 #include "core/facade/tellurix_controller.h"
 #include "db/db_project.h"
+#include "processor_time.h"
 #include "static/sounding_screen.h"
 
 #include <QApplication>
@@ -16,8 +17,6 @@
 #include <QWindow>
 
 #include <cstdio>
-#include <ctime>
-#include <functional>
 
 namespace
 {
@@ -42,20 +41,6 @@ Reference<DBProject> site()
         project->addSounding({name, 3, L"", L""}, rows);
     }
     return project;
-}
-
-double measured(const std::function<void()>& act)
-{
-    const std::clock_t before = std::clock();
-    act();
-    QCoreApplication::sendPostedEvents();
-    QCoreApplication::processEvents();
-    return 1000.0 * static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC;
-}
-
-void tell(const char* what, double milliseconds)
-{
-    std::printf("%-44s %8.1f ms\n", what, milliseconds);
 }
 
 class Bench
