@@ -62,7 +62,7 @@ WrittenProject ProjectWriter::write() const
 
     ContentHash hash;
     std::optional<FileReplacement> file;
-    const ByteBlocks bytes = encodeProjectInBlocks(*project_, [&](FileParts parts) {
+    encodeProjectInPieces(*project_, [&](FileParts parts) {
         // The first piece comes at once: the older file is copied while the rest is being encoded.
         if (written && !file) {
             written.result = keepBackup(place, backup);
@@ -72,16 +72,17 @@ WrittenProject ProjectWriter::write() const
         if (!file)
             return;
         file->add(parts);
-        for (const auto part : parts)
+        for (const auto part : parts) {
             hash.add(part);
+            written.size += part.size();
+        }
     });
     if (!file)
         return written;
-    written.result = file->finish(bytes.parts());
+    written.result = file->finish([this] { return encodeProjectInBlocks(*project_); });
     // Else the next save would take half a project for the one to keep.
     if (written.result.targetDamaged && fileExists(backup))
         written.result.targetDamaged = !copyFile(backup, place);
-    written.size = bytes.size();
     written.state = hash.value();
     return written;
 }

@@ -21,10 +21,9 @@ void decodeProject(std::span<const std::uint8_t> bytes,
 // The bytes of the project's file, head included. Throws MException where a drawing is nested deeper than a
 // file can be read back.
 ByteBlocks encodeProjectInBlocks(IDBProject& project, const WorkSharing& sharing = {});
-// The same; meanwhile each piece that is ready is handed to the function, in their order, by another thread,
-// and all have been when this returns. Not where it throws: then the pieces handed over are worth nothing.
+// The same, but each piece that is ready is handed to the function, in their order, by another thread, and is
+// not kept. All have been when this returns. Not where it throws: then those handed over are worth nothing.
 using TakeParts = std::function<void(std::span<const std::span<const std::uint8_t>>)>;
-ByteBlocks encodeProjectInBlocks(
-    IDBProject& project, const TakeParts& takeParts, const WorkSharing& sharing = {});
+void encodeProjectInPieces(IDBProject& project, const TakeParts& takeParts, const WorkSharing& sharing = {});
 // The same in one piece.
 std::vector<std::uint8_t> encodeProject(IDBProject& project, const WorkSharing& sharing = {});

@@ -3,10 +3,6 @@
 #include "persistence/project_codec.h"
 #include "persistence/write_archive.h"
 
-#include <condition_variable>
-#include <deque>
-#include <mutex>
-#include <optional>
 #include <stdexcept>
 #include <utility>
 
@@ -20,7 +16,7 @@ static void headBytes(WriteArchive& archive, const format::Head& head)
     archive.word("version", head.version);
 }
 
-static ByteBlocks encodeInto(WriteArchive& archive, IDBProject& project)
+static void encodeInto(WriteArchive& archive, IDBProject& project)
 {
     headBytes(archive, format::projectHead);
     try {
@@ -29,56 +25,17 @@ static ByteBlocks encodeInto(WriteArchive& archive, IDBProject& project)
         throw MException(L"Блоки чертежа вложены друг в друга глубже " + std::to_wstring(format::nestingLimit)
             + L" уровней: такой файл нельзя будет открыть.\nРазберите вложенные блоки и сохраните снова.");
     }
-    return archive.takeBlocks();
 }
 
 ByteBlocks encodeProjectInBlocks(IDBProject& project, const WorkSharing& sharing)
 {
     WriteArchive archive(sharing);
-    return encodeInto(archive, project);
+    encodeInto(archive, project);
+    return archive.takeBlocks();
 }
 
 namespace
 {
-
-// Pieces from the thread that encodes to the one that hands them on.
-class PieceQueue
-{
-public:
-    void add(WriteArchive::Piece piece)
-    {
-        {
-            const std::lock_guard lock(mutex_);
-            pieces_.push_back(std::move(piece));
-        }
-        changed_.notify_one();
-    }
-    void end()
-    {
-        {
-            const std::lock_guard lock(mutex_);
-            isEnded_ = true;
-        }
-        changed_.notify_one();
-    }
-    // None behind the last.
-    std::optional<WriteArchive::Piece> next()
-    {
-        std::unique_lock lock(mutex_);
-        changed_.wait(lock, [this] { return isEnded_ || !pieces_.empty(); });
-        if (pieces_.empty())
-            return {};
-        WriteArchive::Piece piece = std::move(pieces_.front());
-        pieces_.pop_front();
-        return piece;
-    }
-
-private:
-    std::mutex mutex_;
-    std::condition_variable changed_;
-    std::deque<WriteArchive::Piece> pieces_;
-    bool isEnded_ = false;
-};
 
 // However the encoding ends, the other thread is told.
 class QueueEnd
@@ -96,33 +53,34 @@ private:
     PieceQueue& queue_;
 };
 
-ByteBlocks handOver(PieceQueue& queue, const TakeParts& takeParts)
+// What was handed on is not kept: its pages take the next pieces.
+void handOver(PieceQueue& queue, const TakeParts& takeParts)
 {
-    ByteBlocks all;
-    const auto take = [&](ByteBlocks blocks) {
-        takeParts(blocks.parts());
-        all.append(std::move(blocks));
-    };
     while (auto piece = queue.next()) {
-        take(std::move(piece->blocks));
-        if (piece->next.valid())
-            take(piece->next.get());
+        takeParts(std::exchange(piece->blocks, {}).parts());
+        if (piece->next)
+            handOver(*piece->next, takeParts);
     }
-    return all;
 }
 
 } // namespace
 
-ByteBlocks encodeProjectInBlocks(IDBProject& project, const TakeParts& takeParts, const WorkSharing& sharing)
+void encodeProjectInPieces(IDBProject& project, const TakeParts& takeParts, const WorkSharing& sharing)
 {
     PieceQueue queue;
-    auto taken = inAnotherThread([&] { return handOver(queue, takeParts); });
+    auto taken = inAnotherThread([&] { handOver(queue, takeParts); });
     {
         const QueueEnd end(queue);
-        WriteArchive archive([&queue](WriteArchive::Piece piece) { queue.add(std::move(piece)); }, sharing);
+        WriteArchive archive([&queue](WrittenPiece piece) { queue.add(std::move(piece)); },
+            sharing,
+            std::make_shared<PageStore>());
         encodeInto(archive, project);
+        archive.finish();
     }
-    return taken.valid() ? taken.get() : handOver(queue, takeParts);
+    if (taken.valid())
+        taken.get();
+    else
+        handOver(queue, takeParts);
 }
 
 std::vector<std::uint8_t> encodeProject(IDBProject& project, const WorkSharing& sharing)

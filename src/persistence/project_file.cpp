@@ -45,8 +45,8 @@ Reference<DBProject> readProject(
 FileResult writeProjectFile(const std::wstring& path, IDBProject& project)
 {
     FileReplacement file(path);
-    const ByteBlocks bytes = encodeProjectInBlocks(project, [&file](FileParts parts) { file.add(parts); });
-    return file.finish(bytes.parts());
+    encodeProjectInPieces(project, [&file](FileParts parts) { file.add(parts); });
+    return file.finish([&project] { return encodeProjectInBlocks(project); });
 }
 
 template <class Factory, class Library, class CheckHead>

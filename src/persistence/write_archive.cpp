@@ -6,14 +6,30 @@
 #include <algorithm>
 #include <utility>
 
-ByteBlocks WriteArchive::takeBlocks()
+WriteArchive::WriteArchive(
+    std::function<void(WrittenPiece)> takePiece, const WorkSharing& sharing, std::shared_ptr<PageStore> pages)
+    : takePiece_(std::move(takePiece))
+    , pages_(std::move(pages))
+    , blocks_(pages_)
+    , sharing_(sharing)
+{
+}
+
+void WriteArchive::finish()
 {
     keep({takeLast(), {}});
+    if (helpers_)
+        helpers_->finish();
+}
+
+ByteBlocks WriteArchive::takeBlocks()
+{
+    finish();
     ByteBlocks all;
-    for (Piece& piece : std::exchange(pieces_, {})) {
+    for (WrittenPiece& piece : std::exchange(pieces_, {})) {
         all.append(std::move(piece.blocks));
-        if (piece.next.valid())
-            all.append(piece.next.get());
+        while (auto next = piece.next ? piece.next->next() : std::nullopt)
+            all.append(std::move(next->blocks));
     }
     return all;
 }
@@ -22,25 +38,29 @@ ByteBlocks WriteArchive::takeLast()
 {
     blocks_.close(at_);
     at_ = end_ = nullptr;
-    return std::exchange(blocks_, {});
+    return std::exchange(blocks_, ByteBlocks(pages_));
+}
+
+std::shared_ptr<AsideRows> WriteArchive::aside(AsideRows::Write write)
+{
+    return std::make_shared<AsideRows>(std::move(write), pages_);
 }
 
 // Here and by function, so that what a thread needs is compiled once and not once a register.
-std::future<ByteBlocks> WriteArchive::writtenAside(std::function<void(WriteArchive&)> write)
+void WriteArchive::shareOut(const RowHelpers::Register& rows)
 {
-    return inAnotherThread([write = std::move(write)] {
-        WriteArchive archive(WorkSharing{1});
-        write(archive);
-        return archive.takeBlocks();
-    });
+    if (!helpers_)
+        helpers_ = std::make_unique<RowHelpers>(sharing_.threads - 1);
+    helpers_->offer(rows);
+    for (const auto& part : rows) {
+        if (rows.size() > 1 && part->take())
+            part->writeTo(*this);
+        else
+            keep({takeLast(), part->pieces()});
+    }
 }
 
-void WriteArchive::leaveTo(std::future<ByteBlocks> thread)
-{
-    keep({takeLast(), std::move(thread)});
-}
-
-void WriteArchive::keep(Piece piece)
+void WriteArchive::keep(WrittenPiece piece)
 {
     piecesSize_ += piece.blocks.size();
     if (takePiece_)

@@ -2,6 +2,7 @@
 
 #include "core/base/work_sharing.h"
 #include "modules/idbproject.h"
+#include "persistence/aside_rows.h"
 #include "persistence/grammar/drawings.h"
 #include "persistence/grammar/grammar.h"
 #include "persistence/grammar/informs.h"
@@ -18,8 +19,8 @@
 #include <cstdint>
 #include <cstring>
 #include <functional>
-#include <future>
 #include <iterator>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -33,25 +34,19 @@ class WriteArchive : public WalkArchive<WriteArchive>
 public:
     static constexpr bool binary = true;
 
-    // What is written, or by whom what follows it is being written.
-    struct Piece {
-        ByteBlocks blocks;
-        std::future<ByteBlocks> next;
-    };
-
     explicit WriteArchive(const WorkSharing& sharing = {})
         : sharing_(sharing)
     {
     }
-    // Hands over its pieces as soon as they are large enough; the last one comes with takeBlocks, which
-    // returns nothing then.
-    WriteArchive(std::function<void(Piece)> takePiece, const WorkSharing& sharing)
-        : takePiece_(std::move(takePiece))
-        , sharing_(sharing)
-    {
-    }
+    // Hands over its pieces as soon as they are large enough, the last one with finish. The pages of those
+    // that are done with come back by the store.
+    WriteArchive(std::function<void(WrittenPiece)> takePiece,
+        const WorkSharing& sharing,
+        std::shared_ptr<PageStore> pages);
 
-    // The bytes written so far; the archive is empty afterwards.
+    // Everything has been handed over, or is being written by a thread that was told to.
+    void finish();
+    // The bytes written so far; the archive is empty afterwards. Not where they are handed over.
     ByteBlocks takeBlocks();
     std::vector<std::uint8_t> takeBytes() { return takeBlocks().joined(); }
 
@@ -135,34 +130,27 @@ private:
         for (; count > 0; --count, ++row)
             entryFields(*this, names, row->first, row->second);
     }
-    // The first rows here, the others in other threads, each into bytes of its own. Nobody waits for them
-    // before the end: the threads are busy as long as there is something to write. Writing changes nothing in
-    // the project.
+    // In parts that this thread and the others share, each taking the next when it has done one. Nobody waits
+    // for another before the end. Writing changes nothing in the project.
     template <class Row>
     void writeDivided(const EntryNames& names, Row first, std::size_t count, std::size_t rowSize)
     {
-        // To walk to a small row takes as long as to write it: one other thread gets them all.
+        // To walk to a small row takes as long as to write it: another thread gets them all.
         constexpr std::size_t smallRow = 256; // bytes
-        const std::size_t own = rowSize < smallRow ? 0 : count / sharing_.threads;
-        const std::size_t parts = own == 0 ? 1 : sharing_.threads - 1;
-        const auto begin = [own, left = count - own, parts](
-                               std::size_t part) { return own + left * part / parts; };
-        std::vector<std::future<ByteBlocks>> others;
-        for (std::size_t part = 0; part < parts; ++part)
-            others.push_back(writtenAside(
-                [names, first, skipped = begin(part), rows = begin(part + 1) - begin(part)](
-                    WriteArchive& archive) { archive.writeRows(names, advanced(first, skipped), rows); }));
-        writeRows(names, first, own);
+        constexpr std::size_t partsOfThread = 8;
+        const std::size_t parts = rowSize < smallRow ? 1 : std::min(count, partsOfThread * sharing_.threads);
+        RowHelpers::Register rows;
         for (std::size_t part = 0; part < parts; ++part) {
-            if (others[part].valid())
-                leaveTo(std::move(others[part]));
-            else
-                writeRows(names, advanced(first, begin(part)), begin(part + 1) - begin(part));
+            const std::size_t size = count * (part + 1) / parts - count * part / parts;
+            rows.push_back(aside(
+                [names, first, size](WriteArchive& archive) { archive.writeRows(names, first, size); }));
+            if (parts > 1)
+                first = advanced(first, size);
         }
+        shareOut(rows);
     }
-    // What the function writes into an archive of its own, in another thread.
-    static std::future<ByteBlocks> writtenAside(std::function<void(WriteArchive&)> write);
-    void leaveTo(std::future<ByteBlocks> thread);
+    std::shared_ptr<AsideRows> aside(AsideRows::Write write);
+    void shareOut(const RowHelpers::Register& rows);
     ByteBlocks takeLast();
     std::size_t size();
     // Where the next bytes go; there is room for so many.
@@ -191,13 +179,15 @@ private:
     void writeRecords(const std::vector<Record*>& records);
     void writeCount(std::size_t count) { writeWord(static_cast<std::uint32_t>(count)); }
 
-    void keep(Piece piece);
+    void keep(WrittenPiece piece);
 
-    std::function<void(Piece)> takePiece_;
-    std::vector<Piece> pieces_;
+    std::function<void(WrittenPiece)> takePiece_;
+    std::shared_ptr<PageStore> pages_;
+    std::vector<WrittenPiece> pieces_;
     std::size_t piecesSize_ = 0;
     ByteBlocks blocks_; // behind all of them
     std::uint8_t* at_ = nullptr; // in the last block
     std::uint8_t* end_ = nullptr;
     WorkSharing sharing_;
+    std::unique_ptr<RowHelpers> helpers_; // from the first register that is worth them
 };

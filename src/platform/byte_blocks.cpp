@@ -4,22 +4,43 @@
 #include <iterator>
 #include <utility>
 
+// What is written goes on its way to the disk block by block.
+static constexpr std::size_t largestBlock = 2 * largePage;
+
+Pages PageStore::take()
+{
+    {
+        const std::lock_guard lock(mutex_);
+        if (!pages_.empty()) {
+            Pages pages = std::move(pages_.back());
+            pages_.pop_back();
+            return pages;
+        }
+    }
+    return takePages(largestBlock);
+}
+
+void PageStore::giveBack(Pages pages)
+{
+    const std::lock_guard lock(mutex_);
+    pages_.push_back(std::move(pages));
+}
+
 std::span<std::uint8_t> ByteBlocks::open(std::size_t atLeast)
 {
     // A row takes little, a project few of them, and what is not used of the last one is never touched.
     constexpr std::size_t smallest = 512;
-    // What is written goes on its way to the disk block by block.
-    constexpr std::size_t largest = 2 * largePage;
     constexpr std::size_t growth = 8;
     const std::size_t next =
-        blocks_.empty() ? smallest : std::min(growth * blocks_.back().room.size(), largest);
+        blocks_.empty() ? smallest : std::min(growth * blocks_.back().room.size(), largestBlock);
     const std::size_t size = std::max(atLeast, next);
     Block block;
     if (size < largePage) {
         block.small = std::make_unique_for_overwrite<std::uint8_t[]>(size);
         block.room = {block.small.get(), size};
     } else {
-        block.large = takePages(size);
+        const bool isStored = store_ && size == largestBlock;
+        block.large = isStored ? StoredPages(store_->take(), store_) : StoredPages(takePages(size), {});
         block.room = {block.large.get(), size};
     }
     blocks_.push_back(std::move(block));

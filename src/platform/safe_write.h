@@ -1,8 +1,10 @@
 #pragma once
 
+#include "platform/byte_blocks.h"
 #include "platform/file_result.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -28,8 +30,10 @@ public:
 
     // The next pieces, from any one thread. What fails is told by finish.
     void add(FileParts parts);
-    // All pieces that were added, once more: they are needed where only the target itself may be written.
+    // All pieces that were added, once more: they are needed where only the target itself may be written. Who
+    // has not kept them makes them again, before the target is touched.
     FileResult finish(FileParts all);
+    FileResult finish(const std::function<ByteBlocks()>& makeAgain);
 
 private:
     struct State;

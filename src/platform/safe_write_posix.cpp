@@ -310,6 +310,14 @@ FileResult FileReplacement::finish(FileParts all)
     return state_->replacement.finish([all](int file) { return writeParts(file, all); });
 }
 
+FileResult FileReplacement::finish(const std::function<ByteBlocks()>& makeAgain)
+{
+    return state_->replacement.finish([&makeAgain](int file) {
+        const ByteBlocks all = makeAgain();
+        return writeParts(file, all.parts());
+    });
+}
+
 FileResult copyFile(const std::wstring& from, const std::wstring& to)
 {
     const Descriptor source(::open(posixPath(from).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));

@@ -4,6 +4,7 @@
 #include "platform/windows_support.h"
 
 #include <algorithm>
+#include <functional>
 #include <windows.h>
 
 namespace
@@ -143,13 +144,16 @@ DWORD moveIntoPlace(const std::wstring& temporary, const std::wstring& target)
     return error;
 }
 
-FileResult writeInPlace(const std::wstring& target, FileParts parts)
+// Writes the content into the open file.
+using ContentWriter = std::function<FileResult(FileHandle& file)>;
+
+FileResult writeInPlace(const std::wstring& target, const ContentWriter& content)
 {
     // The old content goes only at the end: on a full disk its blocks are the ones to be written.
     FileHandle file = openFile(target, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_ALWAYS);
     if (!file)
         return failedWithLastError(FileStep::Open);
-    FileResult result = writeParts(file, parts);
+    FileResult result = content(file);
     if (result)
         result = flushed(file);
     if (result && SetEndOfFile(file.get()) == 0)
@@ -192,6 +196,7 @@ struct FileReplacement::State {
         DeleteFileW(temporary.c_str());
         temporary.clear();
     }
+    FileResult finish(const ContentWriter& whole);
 };
 
 FileReplacement::FileReplacement(const std::wstring& path)
@@ -233,28 +238,40 @@ void FileReplacement::add(FileParts parts)
         state.remove();
 }
 
-FileResult FileReplacement::finish(FileParts all)
+FileResult FileReplacement::State::finish(const ContentWriter& whole)
 {
-    State& state = *state_;
-    if (!state.failure)
-        return state.failure;
-    if (state.inPlace)
-        return writeInPlace(state.target, all);
-    FileResult result = flushed(state.file);
-    if (!state.file.close() && result)
+    if (!failure)
+        return failure;
+    if (inPlace)
+        return writeInPlace(target, whole);
+    FileResult result = flushed(file);
+    if (!file.close() && result)
         result = failedWithLastError(FileStep::Write);
     if (!result)
         return result;
-    if (state.attributes != INVALID_FILE_ATTRIBUTES)
-        SetFileAttributesW(state.temporary.c_str(), state.attributes);
-    const DWORD error = moveIntoPlace(state.temporary, state.target);
+    if (attributes != INVALID_FILE_ATTRIBUTES)
+        SetFileAttributesW(temporary.c_str(), attributes);
+    const DWORD error = moveIntoPlace(temporary, target);
     if (error == 0) {
-        state.temporary.clear();
+        temporary.clear();
         return {};
     }
-    state.remove();
-    return onlyTargetIsWritable(error) ? writeInPlace(state.target, all)
+    remove();
+    return onlyTargetIsWritable(error) ? writeInPlace(target, whole)
                                        : failedWithCode(FileStep::Replace, error);
+}
+
+FileResult FileReplacement::finish(FileParts all)
+{
+    return state_->finish([all](FileHandle& file) { return writeParts(file, all); });
+}
+
+FileResult FileReplacement::finish(const std::function<ByteBlocks()>& makeAgain)
+{
+    return state_->finish([&makeAgain](FileHandle& file) {
+        const ByteBlocks all = makeAgain();
+        return writeParts(file, all.parts());
+    });
 }
 
 FileResult copyFile(const std::wstring& from, const std::wstring& to)

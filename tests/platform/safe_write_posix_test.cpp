@@ -4,12 +4,15 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <csignal>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <iterator>
+#include <new>
+#include <span>
 #include <string>
 #include <sys/file.h>
 #include <sys/resource.h>
@@ -192,6 +195,32 @@ TEST(SafeWrite, WhereTheFolderTakesNoFileTheTargetIsOverwritten)
             && replaceFile(folder.file(L"new.TLX"), newContent).step == FileStep::Open;
     }));
     EXPECT_EQ(contentOf(folder.path() / "a.TLX"), "new");
+    // Who did not keep what was handed over makes it again, and if that fails nothing is lost.
+    const auto overwritten = [&folder](const std::function<ByteBlocks()>& makeAgain) {
+        FileReplacement file(folder.file(L"a.TLX"));
+        const Bytes first = {'g', 'o', 'n', 'e'};
+        const std::span<const std::uint8_t> part(first);
+        file.add(FileParts(&part, 1));
+        return static_cast<bool>(file.finish(makeAgain));
+    };
+    EXPECT_TRUE(inChild([&] {
+        return becomeOrdinaryUser() && overwritten([] {
+            ByteBlocks again;
+            const auto room = again.open(5);
+            std::copy_n("again", 5, room.begin());
+            again.close(room.data() + 5);
+            return again;
+        });
+    }));
+    EXPECT_EQ(contentOf(folder.path() / "a.TLX"), "again");
+    EXPECT_TRUE(inChild([&] {
+        try {
+            return becomeOrdinaryUser() && overwritten([]() -> ByteBlocks { throw std::bad_alloc(); });
+        } catch (const std::bad_alloc&) {
+            return true;
+        }
+    }));
+    EXPECT_EQ(contentOf(folder.path() / "a.TLX"), "again");
     EXPECT_TRUE(inChild([&folder] {
         return becomeOrdinaryUser() && copyFile(folder.file(L"b.TLX"), folder.file(L"a.TLX"));
     }));
