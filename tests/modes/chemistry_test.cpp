@@ -37,57 +37,49 @@ Reference<DBProject> site()
     return project;
 }
 
-class Chemistry : public ::testing::Test
+class ChemistryHost : public ScreenHost
 {
-protected:
-    QTableView* table()
+public:
+    ChemistryHost()
+        : ScreenHost("chemistry19.dll", ModeChemistry, site())
+    {
+    }
+
+    QTableView* table() const override
     {
         return page()->findChild<QTableView*>(
             inEquivalents ? QStringLiteral("equivalents") : QStringLiteral("milligrams"));
     }
-    QWidget* page() { return host.screen->findChild<QTabWidget*>(QStringLiteral("pages"))->currentWidget(); }
-    void turnTo(int place)
+    QTabWidget* pages() const { return screen->findChild<QTabWidget*>(QStringLiteral("pages")); }
+    QWidget* page() const { return pages()->currentWidget(); }
+    void turnTo(int place) const
     {
-        host.screen->findChild<QTabWidget*>(QStringLiteral("pages"))->setCurrentIndex(place);
+        pages()->setCurrentIndex(place);
         QCoreApplication::sendPostedEvents();
     }
-    void goTo(int row, int column)
+    const ChemistryRecord* record(const wchar_t* point, const wchar_t* depth) const
     {
-        table()->setFocus();
-        table()->selectionModel()->setCurrentIndex(
-            table()->model()->index(row, column), QItemSelectionModel::ClearAndSelect);
+        const auto found = project->getChemistry().find({point, depth});
+        return found == project->getChemistry().end() ? nullptr : &found->second;
     }
-    void enter(int row, int column, const QString& text)
-    {
-        goTo(row, column);
-        host.press(Qt::Key_F2);
-        host.type(text);
-        host.press(Qt::Key_Return);
-    }
-    QString shown(int row, int column) { return table()->model()->index(row, column).data().toString(); }
-    QString reason(int row, int column, int role)
-    {
-        const QModelIndex index = table()->model()->index(row, column);
-        return index.data(role).toBool() ? index.data(Qt::ToolTipRole).toString() : QString();
-    }
-    const ChemistryRecord* record(const wchar_t* point, const wchar_t* depth)
-    {
-        const auto found = host.project->getChemistry().find({point, depth});
-        return found == host.project->getChemistry().end() ? nullptr : &found->second;
-    }
-    std::size_t count() { return host.project->getChemistry().size(); }
+    std::size_t count() const { return project->getChemistry().size(); }
 
-    ScreenHost host{"chemistry19.dll", ModeChemistry, site()};
     bool inEquivalents = false;
+};
+
+class Chemistry : public ::testing::Test
+{
+protected:
+    ChemistryHost host;
 };
 
 } // namespace
 
 TEST_F(Chemistry, RowsAreTypedDeletedAndTakenBack)
 {
-    turnTo(0);
-    EXPECT_EQ(shown(0, 0), QStringLiteral("Скв-1"));
-    goTo(0, 0);
+    host.turnTo(0);
+    EXPECT_EQ(host.cell(0, 0), QStringLiteral("Скв-1"));
+    host.goTo(0, 0);
     host.press(Qt::Key_Insert);
     host.type(QStringLiteral("Скв-9"));
     host.press(Qt::Key_Tab);
@@ -95,98 +87,103 @@ TEST_F(Chemistry, RowsAreTypedDeletedAndTakenBack)
     host.press(Qt::Key_Tab);
     host.type(QStringLiteral("< 20"));
     host.press(Qt::Key_Return);
-    const ChemistryRecord* added = record(L"Скв-9", L"2.5");
+    const ChemistryRecord* added = host.record(L"Скв-9", L"2.5");
     ASSERT_TRUE(added);
     EXPECT_EQ(added->cells[sulphate], L"< 20");
     EXPECT_EQ(added->cells[kind], L"вода"); // begun on the page of waters, it stays there
     for (int row = 0; row < 2; ++row)
-        if (shown(row, 0) == QStringLiteral("Скв-9"))
-            goTo(row, 0);
+        if (host.cell(row, 0) == QStringLiteral("Скв-9"))
+            host.goTo(row, 0);
     host.press(Qt::Key_Delete, Qt::ControlModifier);
-    EXPECT_EQ(count(), 2U);
+    EXPECT_EQ(host.count(), 2U);
     host.controller.undo();
-    EXPECT_TRUE(record(L"Скв-9", L"2.5"));
+    EXPECT_TRUE(host.record(L"Скв-9", L"2.5"));
     EXPECT_TRUE(host.store());
 }
 
 TEST_F(Chemistry, BadInputIsMarkedAndKept)
 {
-    turnTo(0);
-    enter(0, firstCell + static_cast<int>(ph), QStringLiteral("14,5"));
-    EXPECT_EQ(record(L"Скв-1", L"3.5")->cells[ph], L"14.5");
-    EXPECT_FALSE(reason(0, firstCell + static_cast<int>(ph), EditGridModel::WarningRole).isEmpty());
-    enter(0, firstCell + 1, QStringLiteral("много"));
-    EXPECT_EQ(record(L"Скв-1", L"3.5")->cells[1], L"много");
-    EXPECT_FALSE(reason(0, firstCell + 1, EditGridModel::WarningRole).isEmpty());
+    host.turnTo(0);
+    host.enter(0, firstCell + static_cast<int>(ph), QStringLiteral("14,5"));
+    EXPECT_EQ(host.record(L"Скв-1", L"3.5")->cells[ph], L"14.5");
+    EXPECT_TRUE(host.isWarned(0, firstCell + static_cast<int>(ph)));
+    host.enter(0, firstCell + 1, QStringLiteral("много"));
+    EXPECT_EQ(host.record(L"Скв-1", L"3.5")->cells[1], L"много");
+    EXPECT_TRUE(host.isWarned(0, firstCell + 1));
     // A second analysis of one place, also where the first stands among the soils.
-    enter(1, 0, QStringLiteral("Скв-2"));
-    enter(1, 1, QStringLiteral("1,0"));
-    EXPECT_EQ(count(), 2U);
-    EXPECT_TRUE(reason(1, 1, EditGridModel::ProblemRole).contains(QStringLiteral("уже есть")));
+    host.enter(1, 0, QStringLiteral("Скв-2"));
+    host.enter(1, 1, QStringLiteral("1,0"));
+    EXPECT_EQ(host.count(), 2U);
+    EXPECT_TRUE(host.isMarked(1, 1));
+    EXPECT_TRUE(host.toolTip(1, 1).contains(QStringLiteral("уже есть")));
     EXPECT_FALSE(host.store());
-    enter(1, 1, QStringLiteral("1,5"));
-    EXPECT_EQ(count(), 3U);
+    host.enter(1, 1, QStringLiteral("1,5"));
+    EXPECT_EQ(host.count(), 3U);
     EXPECT_TRUE(host.store());
 }
 
 TEST_F(Chemistry, BlockFromASpreadsheetGoesIn)
 {
-    turnTo(1);
+    host.turnTo(1);
     QApplication::clipboard()->setText(QStringLiteral("Скв-5\t2,0\t300\nСкв-6\t2,2\t310\n"));
-    goTo(1, 0);
+    host.goTo(1, 0);
     host.press(Qt::Key_V, Qt::ControlModifier);
-    ASSERT_TRUE(record(L"Скв-6", L"2.2"));
-    EXPECT_EQ(record(L"Скв-6", L"2.2")->cells[soilSulphate], L"310")
+    ASSERT_TRUE(host.record(L"Скв-6", L"2.2"));
+    EXPECT_EQ(host.record(L"Скв-6", L"2.2")->cells[soilSulphate], L"310")
         << "what soils are judged by comes first";
-    EXPECT_EQ(record(L"Скв-6", L"2.2")->cells[kind], L"") << "sulphates of soil alone make it one of soil";
-    turnTo(0);
-    EXPECT_EQ(shown(0, 0), QStringLiteral("Скв-1"));
-    EXPECT_NE(shown(1, 0), QStringLiteral("Скв-5"));
+    EXPECT_EQ(host.record(L"Скв-6", L"2.2")->cells[kind], L"")
+        << "sulphates of soil alone make it one of soil";
+    host.turnTo(0);
+    EXPECT_EQ(host.cell(0, 0), QStringLiteral("Скв-1"));
+    EXPECT_NE(host.cell(1, 0), QStringLiteral("Скв-5"));
     host.controller.undo();
-    EXPECT_EQ(count(), 2U);
+    EXPECT_EQ(host.count(), 2U);
 }
 
 TEST_F(Chemistry, EquivalentsAreTypedAndMilligramsKept)
 {
-    turnTo(0);
-    auto* units = page()->findChild<QComboBox*>(QStringLiteral("units"));
+    host.turnTo(0);
+    auto* units = host.page()->findChild<QComboBox*>(QStringLiteral("units"));
     units->setCurrentIndex(1);
-    inEquivalents = true;
+    host.inEquivalents = true;
     const int column = firstCell + static_cast<int>(calcium);
-    EXPECT_EQ(shown(0, column), QStringLiteral("5.988"));
-    EXPECT_TRUE(
-        table()->model()->headerData(column, Qt::Horizontal).toString().contains(QStringLiteral("мг-экв/л")));
-    enter(0, firstCell, QStringLiteral("4"));
-    EXPECT_EQ(record(L"Скв-1", L"3.5")->cells[sulphate], L"192.125");
-    EXPECT_EQ(record(L"Скв-1", L"3.5")->cells[calcium], L"120") << "only shown in equivalents";
+    EXPECT_EQ(host.cell(0, column), QStringLiteral("5.988"));
+    EXPECT_TRUE(host.table()
+                    ->model()
+                    ->headerData(column, Qt::Horizontal)
+                    .toString()
+                    .contains(QStringLiteral("мг-экв/л")));
+    host.enter(0, firstCell, QStringLiteral("4"));
+    EXPECT_EQ(host.record(L"Скв-1", L"3.5")->cells[sulphate], L"192.125");
+    EXPECT_EQ(host.record(L"Скв-1", L"3.5")->cells[calcium], L"120") << "only shown in equivalents";
     units->setCurrentIndex(0);
-    inEquivalents = false;
-    EXPECT_EQ(shown(0, firstCell), QStringLiteral("192.125"));
+    host.inEquivalents = false;
+    EXPECT_EQ(host.cell(0, firstCell), QStringLiteral("192.125"));
 }
 
 TEST_F(Chemistry, ProtectionIsChosenForTheSite)
 {
-    turnTo(2);
-    auto* cement = page()->findChild<QComboBox*>(QStringLiteral("cement"));
+    host.turnTo(2);
+    auto* cement = host.page()->findChild<QComboBox*>(QStringLiteral("cement"));
     ASSERT_TRUE(cement);
     const auto choose = [](QComboBox* box, const QVariant& value) {
         box->setCurrentIndex(box->findData(value));
         Q_EMIT box->activated(box->currentIndex());
     };
     choose(cement, QStringLiteral("сульфатостойкий"));
-    choose(page()->findChild<QComboBox*>(QStringLiteral("cover")), 30);
-    choose(page()->findChild<QComboBox*>(QStringLiteral("filtration")), false);
+    choose(host.page()->findChild<QComboBox*>(QStringLiteral("cover")), 30);
+    choose(host.page()->findChild<QComboBox*>(QStringLiteral("filtration")), false);
     EXPECT_EQ(host.project->getNumberedLinks().at(L"Коррозия:0"), L"сульфатостойкий;30;Кф до 0.1;");
     host.controller.undo();
     EXPECT_EQ(host.project->getNumberedLinks().at(L"Коррозия:0"), L"сульфатостойкий;30;;");
-    EXPECT_EQ(page()->findChild<QComboBox*>(QStringLiteral("filtration"))->currentData(), true);
+    EXPECT_EQ(host.page()->findChild<QComboBox*>(QStringLiteral("filtration"))->currentData(), true);
 }
 
 TEST_F(Chemistry, ReportIsWrittenByTheAction)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("анализы.html"));
-    turnTo(1);
+    host.turnTo(1);
     QTimer::singleShot(50, host.screen.get(), [&] {
         auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         ASSERT_TRUE(dialog);

@@ -26,6 +26,7 @@ public:
         controller.setProject(project.get());
         make();
     }
+    virtual ~ScreenHost() = default;
 
     // Closes the screen, where there is one, and makes it anew.
     void make()
@@ -55,7 +56,7 @@ public:
     }
 
     // The classes of the screen are the module's own, so they are found by what Qt knows of them.
-    QTableView* table() const { return screen->findChild<QTableView*>(); }
+    virtual QTableView* table() const { return screen->findChild<QTableView*>(); }
     QListView* list() const { return screen->findChild<QListView*>(); }
 
     QString cell(int row, int column) const { return table()->model()->index(row, column).data().toString(); }
