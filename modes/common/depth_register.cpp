@@ -197,7 +197,9 @@ QString DepthRegister::depthProblem(const RegisterRow& row, const RegisterRow* h
     if (!holder)
         return QStringLiteral("«%1» — не число. Введите глубину в метрах, например 3.5.").arg(depth) + kept;
     if (depthCell(*holder) == depth)
-        return QStringLiteral("Глубина %1 у этой точки уже есть.").arg(depth) + kept;
+        return QStringLiteral("Глубина %1 у этой точки уже есть. Исправьте её или удалите строку (Ctrl+Del).")
+                   .arg(depth)
+            + kept;
     const bool hasComma = depth.contains(QLatin1Char(',')) || depthCell(*holder).contains(QLatin1Char(','));
     return QStringLiteral("«%1» и «%2» читаются как одно число %3.%4")
                .arg(depth, depthCell(*holder))
@@ -218,6 +220,7 @@ void DepthRegister::settle(RegisterRows& rows) const
             taken.emplace(*depth, &row);
     }
     std::vector<std::pair<RegisterRow*, const RegisterRow*>> refused; // with the holder of the number
+    std::vector<std::pair<float, RegisterRow*>> waiting; // for another cell, a kind
     for (RegisterRow& row : rows) {
         const bool isNewAndUnread = !row.key && row.isOpen();
         if (keepsDepth(row) || row.isBlank())
@@ -229,11 +232,18 @@ void DepthRegister::settle(RegisterRows& rows) const
         const auto holder = depth ? taken.find(*depth) : taken.end();
         if (!depth || holder != taken.end()) {
             refused.emplace_back(&row, holder != taken.end() ? holder->second : nullptr);
-        } else if (!isNewAndUnread) {
+        } else if (isNewAndUnread) {
+            waiting.emplace_back(*depth, &row);
+        } else {
             taken.emplace(*depth, &row);
             row.key = depthCell(row).toStdWString();
         }
     }
+    // Only one of them can be stored, whichever gets its kind first: said before that.
+    std::map<float, const RegisterRow*> wanted = taken;
+    for (const auto& [depth, row] : waiting)
+        if (const auto [holder, isFirst] = wanted.emplace(depth, row); !isFirst)
+            refused.emplace_back(row, holder->second);
     for (const auto& [row, holder] : refused) {
         // It holds its old depth, unless another row has taken that meanwhile.
         const auto old = row->key ? orderedDepth(QString::fromStdWString(*row->key)) : std::nullopt;

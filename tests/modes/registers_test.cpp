@@ -274,8 +274,7 @@ TEST_F(Litology, TellsTheShellWhatIsNotStoredAndShowsIt)
 TEST_F(Litology, PasteStoresWhatCanBeStoredInOneStep)
 {
     host.goTo(0, Bottom);
-    QGuiApplication::clipboard()->setText(
-        text("1\t\t\ta\tА\n1.0\t\t\tb\tБ\n\t\t\tc\tВ\n2,5\t\t\td\tГ\n"));
+    QGuiApplication::clipboard()->setText(text("1\t\t\ta\tА\n1.0\t\t\tb\tБ\n\t\t\tc\tВ\n2,5\t\t\td\tГ\n"));
     host.press(Qt::Key_V, Qt::ControlModifier);
     expectTable("1|1.00|99.50|a|А\n1.0|||b|Б\n|||c|В\n2.5|1.50|98.00|d|Г");
     EXPECT_EQ(depthsOf(*host.project, L"1"), "1 2.5 12 ") << "12 is held by the row that is 1.0 now";
@@ -548,6 +547,35 @@ TEST(Samples, KindsAreNamesAndUnknownNumbersStay)
     EXPECT_EQ(host.cell(2, 1), text("Нарушенная (Б|Н)"));
     EXPECT_TRUE(host.store());
     EXPECT_EQ(project->getSamples().size(), 3U);
+}
+
+TEST(Samples, OfTwoRowsWithOneDepthTheSecondIsMarkedBeforeEitherHasItsKind)
+{
+    auto project = projectWithPoints({L"Скв-1"});
+    ScreenHost host("tests19.dll", ModeTests, project);
+    host.goTo(0, 0);
+    host.type(text("9"));
+    host.press(Qt::Key_Return);
+    host.type(text("9.0"));
+    host.press(Qt::Key_Return);
+    EXPECT_FALSE(host.isMarked(0, 0));
+    EXPECT_TRUE(host.toolTip(1, 0).contains(text("как одно число 9"))) << host.toolTip(1, 0).toStdString();
+    // Whichever is completed first has the depth; the other stays as it was typed, and says so.
+    host.enter(1, 1, text("вал"));
+    EXPECT_EQ(host.cells(), text("9|\n9.0|Валовая (В)"));
+    EXPECT_TRUE(host.isMarked(0, 0));
+    EXPECT_FALSE(host.isMarked(1, 0));
+    host.enter(0, 1, text("мон"));
+    EXPECT_EQ(host.cells(), text("9|Монолит (М)\n9.0|Валовая (В)"));
+    EXPECT_FALSE(host.store());
+    EXPECT_EQ(project->getSamples().size(), 1U);
+    host.enter(0, 0, text("8"));
+    EXPECT_TRUE(host.store());
+    EXPECT_EQ(project->getSamples().size(), 2U);
+    for (int i = 0; i < 5; ++i)
+        host.controller.undo();
+    EXPECT_EQ(host.cells(), text(""));
+    EXPECT_TRUE(project->getSamples().empty());
 }
 
 TEST(Waters, DatesAreReadAsPeopleWriteThem)
