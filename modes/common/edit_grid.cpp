@@ -10,7 +10,6 @@
 #include <QSettings>
 #include <QTimer>
 
-
 EditGrid::EditGrid(const QString& name, const QVector<GridColumn>& columns, QWidget* parent)
     : TableView(name, parent)
     , model_(new EditGridModel(columns, this))
@@ -24,6 +23,9 @@ EditGrid::EditGrid(const QString& name, const QVector<GridColumn>& columns, QWid
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
     setItemDelegate(delegate_);
     connect(delegate_, &GridDelegate::left, this, &EditGrid::leaveEditor);
+    // A click that no cell gets, beside the rows or on a scroll bar.
+    connect(
+        delegate_, &GridDelegate::leftByMouse, this, [this] { closeEditor(); }, Qt::QueuedConnection);
     connect(model_, &EditGridModel::typed, this, &EditGrid::enterText);
     connectHeads();
     showSpareRow();
@@ -82,6 +84,7 @@ void EditGrid::connectHeads()
     QHeaderView* heads = horizontalHeader();
     disconnect(heads, &QHeaderView::sectionClicked, this, nullptr);
     connect(heads, &QHeaderView::sectionPressed, this, [this](int column) {
+        closeEditor();
         setFocus();
         selectColumn(column);
     });

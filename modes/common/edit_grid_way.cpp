@@ -1,4 +1,5 @@
-// The way through the cells of an EditGrid: where the cursor goes, by which key, and what is committed on leaving.
+// The way through the cells of an EditGrid: where the cursor goes, by which key, and what is committed on
+// leaving.
 
 #include "common/cursor_keys.h"
 #include "common/edit_grid.h"
@@ -190,7 +191,20 @@ void EditGrid::endEntering()
 void EditGrid::mousePressEvent(QMouseEvent* event)
 {
     endEntering();
-    TableView::mousePressEvent(event);
+    if (state() != EditingState)
+        return TableView::mousePressEvent(event);
+    const QModelIndex under = indexAt(event->pos());
+    const int column = under.column();
+    const qint64 record = under.isValid() ? idAt(under.row()) : -1;
+    const bool isSameRow = under.row() == currentIndex().row();
+    closeEditor();
+    endEntering();
+    // What was typed may have moved the rows, and a new one is no longer the spare row.
+    const QModelIndex meant = cellOf(isSameRow && record == 0 && created_ != 0 ? created_ : record, column);
+    if (!meant.isValid() || meant == indexAt(event->pos()))
+        return TableView::mousePressEvent(event);
+    goTo(meant);
+    scrollTo(meant);
 }
 
 void EditGrid::keyPressEvent(QKeyEvent* event)

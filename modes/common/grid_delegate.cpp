@@ -189,11 +189,30 @@ static void undoInEditor(QWidget* editor, bool redo)
         redo ? line->redo() : line->undo();
 }
 
+// A line of text lets these through to the table, whose cursor would leave in the middle of the word.
+static bool moveInLine(QWidget* editor, const QKeyEvent& key)
+{
+    auto* line = qobject_cast<QLineEdit*>(editor);
+    const bool isHome = key.key() == Qt::Key_Home;
+    if (!line || !(key.modifiers() & Qt::ControlModifier) || (!isHome && key.key() != Qt::Key_End))
+        return false;
+    const bool mark = key.modifiers() & Qt::ShiftModifier;
+    isHome ? line->home(mark) : line->end(mark);
+    return true;
+}
+
 bool GridDelegate::eventFilter(QObject* object, QEvent* event)
 {
     auto* editor = qobject_cast<QWidget*>(object);
     if (event->type() == QEvent::MouseButtonPress)
         openedByTyping_ = false;
+    // Whoever clicks means the record under the pointer, and taking the text over may move that away first:
+    // the table takes it when it knows where the click was.
+    if (event->type() == QEvent::FocusOut && QApplication::focusWidget() == parent()
+        && static_cast<const QFocusEvent*>(event)->reason() == Qt::MouseFocusReason) {
+        Q_EMIT leftByMouse();
+        return false;
+    }
     if (!editor || (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride))
         return QStyledItemDelegate::eventFilter(object, event);
     const auto& key = static_cast<const QKeyEvent&>(*event);
@@ -211,6 +230,8 @@ bool GridDelegate::eventFilter(QObject* object, QEvent* event)
         Q_EMIT left(editor, key.key(), key.modifiers());
         return true;
     }
+    if (moveInLine(editor, key))
+        return true;
     const bool isEnter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
     if (auto* text = qobject_cast<QPlainTextEdit*>(editor); text && isEnter) {
         text->insertPlainText(QStringLiteral("\n"));

@@ -35,6 +35,8 @@ public:
 Q_SIGNALS:
     // A key leads out of an editor, whose text is to be committed.
     void left(QWidget* editor, int key, Qt::KeyboardModifiers modifiers);
+    // The mouse leads out of an editor into the table, which commits the text.
+    void leftByMouse();
 
 private:
     bool leadsOut(QWidget* editor, const QKeyEvent& key) const;

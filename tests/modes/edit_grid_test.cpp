@@ -148,6 +148,16 @@ TEST_F(EditGridTest, ArrowsCommitWhatWasTypedAndMoveInWhatWasOpened)
     host.type(text("0."));
     host.press(Qt::Key_Return);
     EXPECT_EQ(host.grid.model()->index(0, 0).data().toString(), text("0.1"));
+    // To the ends of the line, not of the table.
+    host.press(Qt::Key_F2);
+    host.press(Qt::Key_End, Qt::ControlModifier);
+    host.type(text("7"));
+    host.press(Qt::Key_Home, Qt::ControlModifier);
+    host.type(text("4"));
+    host.press(Qt::Key_Home, Qt::ControlModifier | Qt::ShiftModifier);
+    host.type(text("5"));
+    host.press(Qt::Key_Return);
+    EXPECT_EQ(host.grid.model()->index(1, 0).data().toString(), text("527"));
 }
 
 TEST_F(EditGridTest, AChoiceIsTakenByEnterAtOnce)
@@ -360,6 +370,30 @@ TEST_F(EditGridTest, TheCurrentCellFollowsARowThatIsSortedAway)
     host.press(Qt::Key_Return);
     EXPECT_EQ(host.grid.currentIndex(), host.grid.model()->index(5, 0));
     expectCells("1||||ил\n3||||\n4||||\n5||||\n9||||", 5);
+
+    // A click means the record that is seen under the pointer, though the row that is left passes it.
+    const auto click = [this](int row, int column) {
+        QTest::mouseClick(host.grid.viewport(),
+            Qt::LeftButton,
+            {},
+            host.grid.visualRect(host.grid.model()->index(row, column)).center());
+    };
+    host.select(0, 0);
+    host.type(text("7"));
+    click(2, 4);
+    expectCells("3||||\n4||||\n5||||\n7||||ил\n9||||", 6);
+    EXPECT_EQ(host.grid.currentIndex(), host.grid.model()->index(1, 4)) << "the layer of 4";
+    host.select(5, 0);
+    host.type(text("2"));
+    click(5, 4);
+    EXPECT_EQ(host.grid.currentIndex(), host.grid.model()->index(0, 4)) << "the row that was begun there";
+    host.type(text("песок"));
+    QTest::mouseClick(host.grid.verticalScrollBar(), Qt::LeftButton);
+    QCoreApplication::processEvents();
+    host.press(Qt::Key_Delete);
+    host.select(2, 0);
+    QTest::mouseClick(host.grid.horizontalHeader()->viewport(), Qt::LeftButton, {}, {5, 5});
+    expectCells("2||||\n3||||\n4||||\n5||||\n7||||ил\n9||||", 9);
 }
 
 TEST_F(EditGridTest, BlocksAreClearedAndRowsDeletedInOneStep)
