@@ -91,12 +91,7 @@ protected:
     {
         QTableView* view = this->view();
         if (chance(30) || !view->hasFocus()) {
-            view->scrollTo(view->model()->index(row, column));
-            QTest::mouseClick(view->viewport(),
-                Qt::LeftButton,
-                {},
-                view->visualRect(view->model()->index(row, column)).center()
-                    - QPoint(view->columnWidth(column) / 3, 0));
+            QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, leftPartOf(row, column));
         } else {
             press(Qt::Key_Home, Qt::ControlModifier);
             for (int i = 0; i < row; ++i)
@@ -121,21 +116,53 @@ protected:
     void step() { steps_.push_back(records()); }
     int keyColumn() const { return on_->table->key; }
 
-    static bool isTaken(const RobotScreen& screen, const MeantRecord& record)
+    // Whether a record can be stored with this text. A depth that begins with "?" is none.
+    static bool isGood(const RobotScreen& screen, int column, const QString& text)
     {
-        const auto key = record.find(screen.table->key);
-        if (key == record.end() || key->second.isEmpty() || key->second.startsWith(QLatin1Char('?')))
-            return false;
-        const auto second = record.find(screen.table->columns.back());
-        return !screen.needsSecond || (second != record.end() && !second->second.isEmpty());
+        if (column == screen.table->key)
+            return !text.isEmpty() && !text.startsWith(QLatin1Char('?'));
+        return !screen.needsSecond || column != screen.table->columns.back() || !text.isEmpty();
+    }
+    // While a text is refused, a record that is stored keeps the one before; it stands here beside it.
+    static int keptOf(int column) { return -1 - column; }
+    // What the project has of a record; nothing where it cannot be stored.
+    static std::optional<MeantRecord> stored(const RobotScreen& screen, const MeantRecord& record)
+    {
+        MeantRecord taken;
+        for (const int column : screen.table->columns) {
+            const auto cell = record.find(column);
+            const QString text = cell == record.end() ? QString() : cell->second;
+            const auto kept = record.find(keptOf(column));
+            if (isGood(screen, column, text))
+                taken[column] = text;
+            else if (kept != record.end())
+                taken[column] = kept->second;
+            else
+                return std::nullopt;
+        }
+        return taken;
+    }
+    static bool isWhole(const RobotScreen& screen, const MeantRecord& record)
+    {
+        return stored(screen, record)
+            && std::none_of(record.begin(), record.end(), [](const auto& cell) { return cell.first < 0; });
     }
     static MeantRecords taken(const RobotScreen& screen, const MeantRecords& all)
     {
         MeantRecords some;
         for (const MeantRecord& record : all)
-            if (isTaken(screen, record))
-                some.push_back(record);
+            if (const auto kept = stored(screen, record))
+                some.push_back(*kept);
         return some;
+    }
+    void write(MeantRecord& record, int column, const QString& text) const
+    {
+        const auto before = stored(*on_, record);
+        record[column] = text;
+        if (isGood(*on_, column, text))
+            record.erase(keptOf(column));
+        else if (before)
+            record[keptOf(column)] = before->at(column);
     }
     // The record that a person takes a row for: by its key, which stands there once.
     MeantRecord* recordAt(int row)
@@ -176,13 +203,100 @@ protected:
             return;
         steps_.push_back(before);
         if (stored != typed) {
-            record[column] = typed;
+            write(record, column, typed);
             if (old != stored)
                 steps_.push_back(records());
         }
-        record[column] = stored;
+        write(record, column, stored);
         if (on_->mode == ModeListCoords && column == 0 && record[1].isEmpty())
             record[1] = QStringLiteral("Скважина");
+    }
+
+    // One act on several cells, and perhaps new rows, is one step, and one more where commas were mended.
+    struct Change {
+        std::size_t record;
+        int column;
+        QString text;
+    };
+    // Returns how many steps it is.
+    std::size_t change(const std::vector<Change>& changes, std::size_t newRows = 0)
+    {
+        const MeantRecords before = records();
+        records().resize(before.size() + newRows);
+        MeantRecords typed = records();
+        bool isChange = newRows > 0;
+        bool isMended = false;
+        for (const Change& each : changes) {
+            if (records()[each.record][each.column] == each.text)
+                continue;
+            const QString stored = isNumberColumn(*on_, each.column) ? withPoint(each.text) : each.text;
+            isChange = true;
+            isMended = isMended || stored != each.text;
+            write(typed[each.record], each.column, each.text);
+            write(records()[each.record], each.column, stored);
+        }
+        if (!isChange)
+            return 0;
+        steps_.push_back(before);
+        if (isMended)
+            steps_.push_back(typed);
+        return isMended ? 2 : 1;
+    }
+    std::size_t placeOf(const QString& key) { return std::size_t(&recordWith(key) - records().data()); }
+    // A row is told by its key; one without, or with a key that stands twice, is nobody's.
+    bool isTold(int row) { return row < spareRow() && !seen(row, keyColumn()).isEmpty(); }
+    bool areAllTold()
+    {
+        for (int row = 0; row < spareRow(); ++row)
+            if (!isTold(row))
+                return false;
+        return spareRow() > 0;
+    }
+    // The row that the keys go to is the one of this key, its cell in this column.
+    void expectCursor(const QString& key, int column)
+    {
+        const QModelIndex now = view()->currentIndex();
+        ASSERT_EQ(seen(now.row(), keyColumn()).toStdString(), key.toStdString());
+        ASSERT_EQ(now.column(), column);
+    }
+    // Where a cell may be chosen by a click without setting its flag.
+    QPoint leftPartOf(int row, int column)
+    {
+        const QModelIndex cell = view()->model()->index(row, column);
+        view()->scrollTo(cell);
+        return view()->visualRect(cell).center() - QPoint(view()->columnWidth(column) / 3, 0);
+    }
+
+    // The first column that takes something, the last one, and the way between them.
+    int firstStop() const { return on_->table->columns.front(); }
+    int lastStop() const
+    {
+        return on_->mode == ModeListCoords ? 10
+            : on_->mode == ModeLitology    ? 5
+            : on_->mode == ModeWaters      ? 3
+            : on_->mode == ModeConsistents ? 2
+                                           : 1;
+    }
+    bool isComputed(int column) const { return on_->mode == ModeLitology && (column == 1 || column == 2); }
+    // Tab stops at every column that takes something, also where nothing is meant for it.
+    int nextStop(int column) const
+    {
+        ++column;
+        while (isComputed(column))
+            ++column;
+        return column;
+    }
+    int stopBefore(int column) const
+    {
+        --column;
+        while (isComputed(column))
+            --column;
+        return column;
+    }
+    bool isMeant(int column) const
+    {
+        const std::vector<int>& columns = on_->table->columns;
+        return std::find(columns.begin(), columns.end(), column) != columns.end();
     }
 
     // An undo gives a comma back, and the registers read a depth up to its comma. So that it is always theirs
@@ -224,6 +338,18 @@ protected:
                    QStringLiteral("\"торф\"")})
             + QLatin1Char(' ') + QString::number(number(1, 9999));
     }
+    // What a spreadsheet has in a cell, and a person would not type: lines, tabs, quotes.
+    QString wordsOfSpreadsheet()
+    {
+        return words()
+            + oneOf({QString(),
+                QString(),
+                QStringLiteral("\nс прослоями песка\n\nи льда"),
+                QStringLiteral("\tвлажный"),
+                QStringLiteral(", \"d\" = 2\""),
+                QStringLiteral("\n\"ил\"\t"),
+                QStringLiteral("; 5\"")});
+    }
     // What a person types into a column, and what is to stand there.
     QString textFor(int column)
     {
@@ -264,7 +390,7 @@ protected:
         const auto isWaiting = [](const RobotScreen& screen, const MeantRecord& record) {
             const bool isBlank = std::all_of(
                 record.begin(), record.end(), [](const auto& cell) { return cell.second.isEmpty(); });
-            return !isBlank && !isTaken(screen, record);
+            return !isBlank && !isWhole(screen, record);
         };
         return std::any_of(meant_.begin(), meant_.end(), [&](const auto& entry) {
             return std::any_of(entry.second.begin(), entry.second.end(), [&](const MeantRecord& record) {

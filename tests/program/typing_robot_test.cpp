@@ -5,15 +5,13 @@
 // after every act and against the file at the end. A seed makes a session again:
 //     TELLURIX_SEED=17 TELLURIX_SESSIONS=1 robot_tests
 
-#include "program/robot_hands.h"
+#include "program/robot_edits.h"
 
-#include <QApplication>
-#include <QClipboard>
-#include <QHeaderView>
 #include <QListView>
 #include <QPointer>
 
 #include <functional>
+#include <numeric>
 
 namespace
 {
@@ -31,7 +29,7 @@ int numberFromEnvironment(const char* name, int otherwise)
     return number > 0 ? number : otherwise;
 }
 
-class TypingRobot : public RobotHands
+class TypingRobot : public RobotEdits
 {
 protected:
     // Where the cursor stands on the first column of a new row: rows, one after another, without looking.
@@ -47,11 +45,11 @@ protected:
             for (std::size_t c = 0; c <= last; ++c) {
                 for (; at < columns[c]; at = nextStop(at))
                     press(Qt::Key_Tab);
-                if (c == 0 || on_->needsSecond || chance(60))
+                if (c == 0 || chance(on_->needsSecond ? 94 : 60))
                     typeCell(records().back(), columns[c]);
             }
             const bool isLastOfAll = i + 1 == count;
-            const bool canTab = at == lastStop();
+            const bool canTab = at == (on_->mode == ModeLitology ? 4 : lastStop());
             if (isLastOfAll && chance(30))
                 return leaveOpen(at == lastColumn_ && !isFlag(at));
             if (canTab && chance(50)) {
@@ -64,26 +62,10 @@ protected:
             check();
         }
     }
-    // Tab stops at every column that takes something, also where nothing is meant for it.
-    int nextStop(int column) const
-    {
-        ++column;
-        while ((on_->mode == ModeLitology && (column == 1 || column == 2)))
-            ++column;
-        return column;
-    }
-    int lastStop() const
-    {
-        return on_->mode == ModeListCoords ? 10
-            : on_->mode == ModeLitology    ? 4
-            : on_->mode == ModeWaters      ? 3
-            : on_->mode == ModeConsistents ? 2
-                                           : 1;
-    }
     // An open cell, and something else is done.
     void leaveOpen(bool isOpen)
     {
-        switch (number(0, 2)) {
+        switch (number(0, 3)) {
         case 0:
             save();
             break;
@@ -93,6 +75,9 @@ protected:
                 records() = beforeLast_;
                 steps_.resize(stepsBeforeLast_);
             }
+            break;
+        case 2:
+            closeAndOpen();
             break;
         default:
             changeScreen();
@@ -234,22 +219,6 @@ protected:
         }
     }
 
-    // What stands in a pasted block where nothing is meant.
-    QString other(int column) const
-    {
-        if (on_->mode == ModeListCoords)
-            return column == 6 ? QStringLiteral("Без профиля") : QStringLiteral("Геол.");
-        // Of a computed column: not taken. There are no elements to give a layer.
-        return on_->mode == ModeLitology && column == 5 ? QString() : QStringLiteral("7,77");
-    }
-    // As a spreadsheet gives it to the clipboard.
-    static QString quoted(const QString& text)
-    {
-        return !text.startsWith(QLatin1Char('"')) ? text
-                                                  : QLatin1Char('"')
-                + QString(text).replace(QLatin1Char('"'), QLatin1String("\"\"")) + QLatin1Char('"');
-    }
-
     void pasteRows()
     {
         QString block;
@@ -375,7 +344,7 @@ protected:
         const int row = number(0, spareRow() - 1);
         const QString key = seen(row, keyColumn());
         // One that waits itself holds no depth yet.
-        if (!isTaken(*on_, *recordAt(row)) || key.contains(QLatin1Char(',')))
+        if (!isWhole(*on_, *recordAt(row)) || key.contains(QLatin1Char(',')))
             return;
         goTo(spareRow(), keyColumn());
         typeText(key);
@@ -539,8 +508,21 @@ protected:
             {"sort, filter", 3, &TypingRobot::sortOrFilter},
             {"screen", 5, &TypingRobot::changeScreen},
             {"save", 2, &TypingRobot::save},
+            {"back", 7, &TypingRobot::back},
+            {"add to a cell", 8, &TypingRobot::addToCell},
+            {"leave", 8, &TypingRobot::typeAndLeave},
+            {"jump", 6, &TypingRobot::jump},
+            {"clear all", 2, &TypingRobot::clearAll},
+            {"move a block", 5, &TypingRobot::moveBlock},
+            {"paste on", 5, &TypingRobot::pasteOverTheEnd},
+            {"paste into all", 4, &TypingRobot::pasteIntoAll},
+            {"spoil a depth", 3, &TypingRobot::spoilDepth},
+            {"rename", 3, &TypingRobot::renamePoint},
+            {"replace", 8, &TypingRobot::replaceTexts},
             {"close", 2, &TypingRobot::closeAndOpen}};
-        int left = number(1, 100);
+        static const int all = std::accumulate(
+            std::begin(acts), std::end(acts), 0, [](int sum, const Act& each) { return sum + each.weight; });
+        int left = number(1, all);
         for (const Act& each : acts)
             if ((left -= each.weight) <= 0) {
                 done_ +=
