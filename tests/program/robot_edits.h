@@ -555,6 +555,8 @@ protected:
                 const QString text = replacedIn(old, wish);
                 if (text == old)
                     continue;
+                if (on_->mode == ModeListCoords && column == 0 && points_.contains(old))
+                    return; // a name with rows behind it, which is asked about
                 changes.push_back({place, column, text});
                 lines += old + QStringLiteral(" > ") + text;
             }
