@@ -1,6 +1,7 @@
 #include "litology/layer_register.h"
 
 #include "common/number_sort_proxy.h"
+#include "core/base/typed_number.h"
 #include "site/element_edits.h"
 #include "site/element_links.h"
 #include "site/element_texts.h"
@@ -136,11 +137,15 @@ void LayerRegister::relink(IDBProject& project,
         project.setNumberedLinks(links);
 }
 
+static QString differenceOf(const QString& a, const QString& b)
+{
+    return QString::fromStdWString(differenceText(a.toStdWString(), b.toStdWString()));
+}
+
 void LayerRegister::complete(GridRows& rows, const PointFacts& point) const
 {
-    double mark = 0;
-    const bool hasMark = readNumber(point.mark, mark);
     double top = 0;
+    QString topText = QStringLiteral("0");
     const bool isLinkable = canBeLinked(point.name);
     for (GridRow& row : rows) {
         const QString& element = row.cells[Element];
@@ -158,9 +163,9 @@ void LayerRegister::complete(GridRows& rows, const PointFacts& point) const
         double bottom = 0;
         if (!row.problems.value(Bottom).isEmpty() || !readNumber(row.cells[Bottom], bottom))
             continue;
-        row.cells[Thickness] = QString::number(bottom - top, 'f', 2);
-        if (hasMark)
-            row.cells[Mark] = QString::number(mark - bottom, 'f', 2);
+        // With the decimals that were typed, as every sheet and column writes them.
+        row.cells[Thickness] = differenceOf(row.cells[Bottom], topText);
+        row.cells[Mark] = differenceOf(point.mark, row.cells[Bottom]);
         if (bottom <= top)
             row.warnings[Thickness] =
                 QStringLiteral("Мощность не больше нуля: подошва на %1 м, а кровля на %2 м.")
@@ -169,5 +174,6 @@ void LayerRegister::complete(GridRows& rows, const PointFacts& point) const
         if (row.cells[Description].trimmed().isEmpty())
             row.warnings[Description] = QStringLiteral("Нет описания грунта.");
         top = bottom;
+        topText = row.cells[Bottom];
     }
 }

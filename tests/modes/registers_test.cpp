@@ -69,7 +69,7 @@ protected:
 
 TEST_F(Litology, ShowsThicknessesAndMarksAndStoresWhatIsTyped)
 {
-    expectTable("3|3.00|97.50|aQ|песок\n12|9.00|88.50|gQ|глина");
+    expectTable("3|3|97,5|aQ|песок\n12|9|88,5|gQ|глина");
     host.goTo(1, Element);
     host.press(Qt::Key_Tab); // past the end
     host.type(text("5.20"));
@@ -78,7 +78,7 @@ TEST_F(Litology, ShowsThicknessesAndMarksAndStoresWhatIsTyped)
     host.press(Qt::Key_Tab);
     host.type(text(" суглинок "));
     host.press(Qt::Key_Return);
-    expectTable("3|3.00|97.50|aQ|песок\n5.20|2.20|95.30|eQ| суглинок \n12|6.80|88.50|gQ|глина");
+    expectTable("3|3|97,5|aQ|песок\n5.20|2.20|95,30|eQ| суглинок \n12|6.80|88,5|gQ|глина");
     const auto layer = findExact(host.project->getLithology(), {L"1", L"5.20"});
     ASSERT_NE(layer, host.project->getLithology().end());
     EXPECT_EQ(layer->second.geoIndex, L"eQ");
@@ -97,15 +97,15 @@ TEST_F(Litology, EveryPointHasItsOwnHistory)
     host.press(Qt::Key_Delete, Qt::ControlModifier);
     EXPECT_EQ(depthsOf(*host.project, L"2"), "");
     host.controller.undo();
-    expectTable("7|7.00|93.50|новый|насыпь");
+    expectTable("7|7|93,5|новый|насыпь");
     host.controller.undo();
-    expectTable("7|7.00|93.50|tQ|насыпь");
+    expectTable("7|7|93,5|tQ|насыпь");
     EXPECT_EQ(depthsOf(*host.project, L"1"), "4 12 ");
     host.choose(0);
     host.controller.undo();
     EXPECT_EQ(depthsOf(*host.project, L"1"), "3 12 ");
     host.controller.redo();
-    expectTable("4|4.00|96.50|aQ|песок\n12|8.00|88.50|gQ|глина");
+    expectTable("4|4|96,5|aQ|песок\n12|8|88,5|gQ|глина");
 }
 
 TEST_F(Litology, ADepthThatCannotBeStoredStaysAsTyped)
@@ -164,7 +164,7 @@ TEST_F(Litology, UndoTakesBackWhatCouldNotBeStoredToo)
     host.controller.undo();
     EXPECT_TRUE(host.isMarked(0, Bottom));
     host.controller.undo();
-    expectTable("3|3.00|97.50|aQ|песок\n12|9.00|88.50|gQ|глина");
+    expectTable("3|3|97,5|aQ|песок\n12|9|88,5|gQ|глина");
     EXPECT_TRUE(host.store());
     host.controller.redo();
     EXPECT_TRUE(host.isMarked(0, Bottom));
@@ -186,7 +186,7 @@ TEST_F(Litology, TwoRowsCanChangeTheirDepths)
     host.enter(0, Bottom, text("12"));
     EXPECT_TRUE(host.isMarked(0, Bottom));
     host.enter(1, Bottom, text("3"));
-    expectTable("3|3.00|97.50|gQ|глина\n12|9.00|88.50|aQ|песок");
+    expectTable("3|3|97,5|gQ|глина\n12|9|88,5|aQ|песок");
     EXPECT_TRUE(host.store());
     EXPECT_EQ(depthsOf(*host.project, L"1"), "3 12 ");
     EXPECT_EQ(findExact(host.project->getLithology(), {L"1", L"3"})->second.description, L"глина");
@@ -196,7 +196,7 @@ TEST_F(Litology, ANewRowIsNoFaultUntilSomethingIsTyped)
 {
     host.goTo(0, Bottom);
     host.press(Qt::Key_Insert);
-    expectTable("3|3.00|97.50|aQ|песок\n||||\n12|9.00|88.50|gQ|глина");
+    expectTable("3|3|97,5|aQ|песок\n||||\n12|9|88,5|gQ|глина");
     EXPECT_TRUE(host.store());
     host.press(Qt::Key_Right);
     host.enter(1, Description, text("торф"));
@@ -218,7 +218,7 @@ TEST_F(Litology, WarnsOfWhatIsStoredButWrong)
     EXPECT_TRUE(host.toolTip(0, Bottom).contains(text("прочтут «3,8» как 3"))) << "as the orderings do";
     host.enter(1, Bottom, text("3.5"));
     EXPECT_FALSE(host.isMarked(1, Bottom)) << "3,8 stands above, read as 3";
-    EXPECT_EQ(host.cell(1, Thickness), text("-0.30"));
+    EXPECT_EQ(host.cell(1, Thickness), text("-0,3"));
     EXPECT_TRUE(host.isWarned(1, Thickness));
     host.goTo(1, Description);
     host.press(Qt::Key_Delete);
@@ -276,12 +276,12 @@ TEST_F(Litology, PasteStoresWhatCanBeStoredInOneStep)
     host.goTo(0, Bottom);
     QGuiApplication::clipboard()->setText(text("1\t\t\ta\tА\n1.0\t\t\tb\tБ\n\t\t\tc\tВ\n2,5\t\t\td\tГ\n"));
     host.press(Qt::Key_V, Qt::ControlModifier);
-    expectTable("1|1.00|99.50|a|А\n1.0|||b|Б\n|||c|В\n2.5|1.50|98.00|d|Г");
+    expectTable("1|1|99,5|a|А\n1.0|||b|Б\n|||c|В\n2.5|1.5|98,0|d|Г");
     EXPECT_EQ(depthsOf(*host.project, L"1"), "1 2.5 12 ") << "12 is held by the row that is 1.0 now";
     host.controller.undo();
-    expectTable("1|1.00|99.50|a|А\n1.0|||b|Б\n|||c|В\n2,5|1.50|98.00|d|Г");
+    expectTable("1|1|99,5|a|А\n1.0|||b|Б\n|||c|В\n2,5|1,5|98,0|d|Г");
     host.controller.undo();
-    expectTable("3|3.00|97.50|aQ|песок\n12|9.00|88.50|gQ|глина");
+    expectTable("3|3|97,5|aQ|песок\n12|9|88,5|gQ|глина");
     EXPECT_EQ(depthsOf(*host.project, L"1"), "3 12 ");
 }
 
@@ -456,12 +456,12 @@ TEST_F(Litology, FollowsThePointOfTheScreenBefore)
     host.controller.setCurrentMode(ModeWaters);
     host.controller.setEditedSample(L"2");
     host.activate();
-    expectTable("7|7.00|93.50|tQ|насыпь");
+    expectTable("7|7|93,5|tQ|насыпь");
     // Another mode's item that is no point leaves the screen where it was.
     host.controller.setEditedSample(L"Проба 7");
     host.activate();
     EXPECT_EQ(host.controller.editedSample(), L"2");
-    expectTable("7|7.00|93.50|tQ|насыпь");
+    expectTable("7|7|93,5|tQ|насыпь");
 }
 
 TEST_F(Litology, RowsThatTheRegistersRefuseAreNotLost)
@@ -517,7 +517,7 @@ TEST_F(Litology, WhatWasTypedIntoOneProjectDoesNotComeUpInAnother)
     other->addLithology({L"1", L"3"}, {L"aQ", L"песок"});
     host.controller.setProject(other.get());
     host.activate();
-    expectTable("3|3.00|97.50|aQ|песок");
+    expectTable("3|3|97,5|aQ|песок");
     EXPECT_TRUE(host.store());
 }
 
