@@ -54,36 +54,104 @@ void sortByDepth(std::vector<const Row*>& rows)
     const auto isAbove = [](const Placed& a, const Placed& b) {
         return a.isText != b.isText ? b.isText : a.depth < b.depth;
     };
-    std::vector<Placed> placed(rows.size());
-    std::transform(rows.begin(), rows.end(), placed.begin(), [](const Row* row) {
-        Placed made{false, 0, row};
+    const auto placedRow = [](const Row* row) {
         const Number depth = readNumber(row->first.depth);
-        made.isText = !depth;
-        made.depth = depth.value_or(0);
-        return made;
-    });
-    if (std::is_sorted(placed.begin(), placed.end(), isAbove))
+        return Placed{!depth, depth.value_or(0), row};
+    };
+    // Nearly always they are in order, and there are points by the thousand.
+    bool isSorted = true;
+    Placed last;
+    for (const Row* row : rows) {
+        const Placed next = placedRow(row);
+        isSorted = isSorted && (!last.row || !isAbove(next, last));
+        last = next;
+    }
+    if (isSorted)
         return;
+    std::vector<Placed> placed(rows.size());
+    std::transform(rows.begin(), rows.end(), placed.begin(), placedRow);
     std::stable_sort(placed.begin(), placed.end(), isAbove);
     std::transform(placed.begin(), placed.end(), rows.begin(), [](const Placed& made) { return made.row; });
 }
 
+// Where in a register the rows of each point stand: together nearly always, else in several runs.
+template <class Register>
+class PointRuns
+{
+public:
+    using Entry = typename Register::value_type;
+
+    explicit PointRuns(const Register& all)
+    {
+        entries_.reserve(all.size());
+        for (const Entry& entry : all) {
+            if (runs_.empty() || runs_.back().point != entry.first.pointName)
+                addRun(entry.first.pointName);
+            entries_.push_back(&entry);
+            runs_.back().end = entries_.size();
+        }
+    }
+
+    // The rows of a point as they are stored, until visit answers true; null where it never does.
+    template <class Visit>
+    const Entry* findOf(std::wstring_view point, const Visit& visit) const
+    {
+        const auto first = firstRuns_.find(point);
+        for (std::size_t run = first == firstRuns_.end() ? none : first->second; run != none;
+             run = runs_[run].next)
+            for (std::size_t i = runs_[run].begin; i < runs_[run].end; ++i)
+                if (visit(*entries_[i]))
+                    return entries_[i];
+        return nullptr;
+    }
+
+    // Rows of a point, one after another; points in the order in which they appear.
+    std::vector<PointRows<Register>> points() const
+    {
+        std::vector<PointRows<Register>> points;
+        points.reserve(firstRuns_.size());
+        for (const Run& first : runs_) {
+            if (!first.isFirst)
+                continue;
+            points.push_back({first.point, {}});
+            for (const Run* run = &first; run; run = run->next == none ? nullptr : &runs_[run->next])
+                points.back().rows.insert(points.back().rows.end(), entryAt(run->begin), entryAt(run->end));
+        }
+        return points;
+    }
+
+private:
+    static constexpr std::size_t none = static_cast<std::size_t>(-1);
+    struct Run {
+        std::wstring_view point;
+        bool isFirst = true; // of its point
+        std::size_t begin = 0;
+        std::size_t end = 0;
+        std::size_t next = none; // run of the same point
+    };
+
+    void addRun(std::wstring_view point)
+    {
+        const auto [first, isFirst] = firstRuns_.try_emplace(point, runs_.size());
+        if (!isFirst) {
+            std::size_t last = first->second;
+            while (runs_[last].next != none)
+                last = runs_[last].next;
+            runs_[last].next = runs_.size();
+        }
+        runs_.push_back({point, isFirst, entries_.size(), entries_.size(), none});
+    }
+    auto entryAt(std::size_t place) const { return entries_.begin() + static_cast<std::ptrdiff_t>(place); }
+
+    std::vector<const Entry*> entries_;
+    std::vector<Run> runs_;
+    std::unordered_map<std::wstring_view, std::size_t> firstRuns_;
+};
+
 template <class Register>
 std::vector<PointRows<Register>> rowsByPoint(const Register& all)
 {
-    std::vector<PointRows<Register>> points;
-    std::unordered_map<std::wstring_view, std::size_t> places;
-    for (const auto& row : all) {
-        const std::wstring_view name = row.first.pointName;
-        if (points.empty() || points.back().point != name) {
-            const auto [place, isNew] = places.try_emplace(name, points.size());
-            if (isNew)
-                points.push_back({name, {}});
-            points[place->second].rows.push_back(&row);
-        } else {
-            points.back().rows.push_back(&row);
-        }
-    }
+    std::vector<PointRows<Register>> points = PointRuns(all).points();
     for (PointRows<Register>& point : points)
         sortByDepth(point.rows);
     sortInReadingOrder(points, [](const PointRows<Register>& point) { return point.point; });
@@ -126,31 +194,28 @@ Value foundOr(
     return found == values.end() ? otherwise : found->second;
 }
 
-// A point and a depth, by their exact texts.
-struct Place {
-    std::wstring_view point;
-    std::wstring_view depth;
-
-    bool operator==(const Place&) const = default;
-};
-
-struct PlaceHash {
-    std::size_t operator()(const Place& place) const
-    {
-        const std::hash<std::wstring_view> hash;
-        return hash(place.point) * 31 + hash(place.depth);
-    }
-};
-
-// The rows of a register by where they stand, to be joined with those of another one.
+// The rows of a register by where they stand, point and depth by their exact texts: to be joined with those
+// of another one.
 template <class Register>
-std::unordered_map<Place, const typename Register::mapped_type*, PlaceHash> rowsByPlace(const Register& all)
+class RowsByPlace
 {
-    std::unordered_map<Place, const typename Register::mapped_type*, PlaceHash> rows(all.size());
-    for (const auto& [key, value] : all)
-        rows.try_emplace({key.pointName, key.depth}, &value);
-    return rows;
-}
+public:
+    explicit RowsByPlace(const Register& all)
+        : runs_(all)
+    {
+    }
+
+    // The first row there; null where there is none.
+    const typename Register::mapped_type* find(std::wstring_view point, std::wstring_view depth) const
+    {
+        const auto* found =
+            runs_.findOf(point, [&](const auto& entry) { return entry.first.depth == depth; });
+        return found ? &found->second : nullptr;
+    }
+
+private:
+    PointRuns<Register> runs_;
+};
 
 // The absolute marks of the points' mouths, as typed.
 std::unordered_map<std::wstring_view, std::wstring_view> absoluteMarks(IDBProject& project);

@@ -6,12 +6,15 @@
 
 #include <algorithm>
 
-static std::vector<SiteLayer> layersOfRows(const std::vector<const LithologyRegister::value_type*>& rows,
-    std::wstring_view point,
-    const ElementLinks& links)
+namespace
 {
-    std::vector<SiteLayer> layers;
-    layers.reserve(rows.size());
+
+using LayerRows = std::vector<const LithologyRegister::value_type*>;
+
+// Each layer of the rows, from above, until take answers false.
+template <class Take>
+void goDown(const LayerRows& rows, std::wstring_view point, const ElementLinks& links, const Take& take)
+{
     double top = 0;
     std::wstring_view topText = L"0";
     std::size_t number = 0;
@@ -20,19 +23,32 @@ static std::vector<SiteLayer> layersOfRows(const std::vector<const LithologyRegi
         const Number bottom = readNumber(row->first.depth);
         if (!bottom || *bottom <= top)
             continue;
-        layers.push_back({number,
-            top,
-            *bottom,
-            topText,
-            row->first.depth,
-            row->second.geoIndex,
-            row->second.description,
-            links.elementOf(point, number)});
+        if (!take(SiteLayer{number,
+                top,
+                *bottom,
+                topText,
+                row->first.depth,
+                row->second.geoIndex,
+                row->second.description,
+                links.elementOf(point, number)}))
+            return;
         top = *bottom;
         topText = row->first.depth;
     }
+}
+
+std::vector<SiteLayer> layersOfRows(const LayerRows& rows, std::wstring_view point, const ElementLinks& links)
+{
+    std::vector<SiteLayer> layers;
+    layers.reserve(rows.size());
+    goDown(rows, point, links, [&](const SiteLayer& layer) {
+        layers.push_back(layer);
+        return true;
+    });
     return layers;
 }
+
+} // namespace
 
 std::wstring SiteLayer::thicknessText() const
 {
@@ -60,6 +76,18 @@ SiteLayers::SiteLayers(IDBProject& project)
     }
 }
 
+SiteLayers::SiteLayers(IDBProject& project, std::wstring_view point)
+{
+    const auto rows = rowsOfPoint(project.getLithology(), point);
+    if (rows.empty())
+        return;
+    const std::wstring_view name = rows.front()->first.pointName;
+    places_.emplace(name, 0);
+    points_.push_back({name,
+        absoluteMark(project, point),
+        layersOfRows(rows, name, ElementLinks(project.getNumberedLinks()))});
+}
+
 const SiteLayers::Point* SiteLayers::find(std::wstring_view name) const
 {
     const auto place = places_.find(name);
@@ -70,6 +98,41 @@ const SiteLayer* SiteLayers::layerAt(std::wstring_view point, double depth) cons
 {
     const Point* found = find(point);
     return found ? ::layerAt(found->layers, depth) : nullptr;
+}
+
+struct LayerFinder::Rows {
+    PointRuns<LithologyRegister> runs;
+    ElementLinks links;
+    std::wstring point = {}; // asked for last
+    LayerRows ofPoint = {};
+};
+
+LayerFinder::LayerFinder(IDBProject& project)
+    : rows_(new Rows{PointRuns(project.getLithology()), ElementLinks(project.getNumberedLinks())})
+{
+}
+
+LayerFinder::~LayerFinder() = default;
+
+std::optional<SiteLayer> LayerFinder::layerAt(std::wstring_view point, double depth)
+{
+    if (rows_->point != point) {
+        rows_->point = point;
+        rows_->ofPoint.clear();
+        rows_->runs.findOf(point, [&](const auto& row) {
+            rows_->ofPoint.push_back(&row);
+            return false;
+        });
+        sortByDepth(rows_->ofPoint);
+    }
+    std::optional<SiteLayer> found;
+    if (depth >= 0)
+        goDown(rows_->ofPoint, point, rows_->links, [&](const SiteLayer& layer) {
+            if (layer.bottom >= depth)
+                found = layer;
+            return !found;
+        });
+    return found;
 }
 
 const SiteLayer* layerAt(const std::vector<SiteLayer>& layers, double depth)

@@ -4,6 +4,8 @@
 #include "db/records/lithology.h"
 
 #include <cstddef>
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -46,6 +48,8 @@ public:
     };
 
     explicit SiteLayers(IDBProject& project);
+    // Of one point alone.
+    SiteLayers(IDBProject& project, std::wstring_view point);
 
     // Points that have rows in the register of layers, in the order in which they appear there.
     const std::vector<Point>& points() const { return points_; }
@@ -58,6 +62,22 @@ public:
 private:
     std::vector<Point> points_;
     std::unordered_map<std::wstring_view, std::size_t> places_;
+};
+
+// Layers at depths, for a list that asks row by row and mostly several times for a point before the next:
+// only what is asked for is gathered. Views into the project: look, use and let go before the next change.
+class LayerFinder
+{
+public:
+    explicit LayerFinder(IDBProject& project);
+    ~LayerFinder();
+
+    // As SiteLayers has it; nothing where that has null.
+    std::optional<SiteLayer> layerAt(std::wstring_view point, double depth);
+
+private:
+    struct Rows;
+    std::unique_ptr<Rows> rows_;
 };
 
 // The same for layers at hand.

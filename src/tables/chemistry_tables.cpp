@@ -31,11 +31,10 @@ void fillGroups(TextRows& rows, const TableSource& source)
 
 void fillChemistry(TextRows& rows, const TableSource& source)
 {
-    const auto samples = rowsByPlace(source.project.getLabSamples());
+    const RowsByPlace samples(source.project.getLabSamples());
     for (const auto& [key, record] : source.project.getChemistry()) {
-        const auto sample = samples.find({key.pointName, key.depth});
-        std::vector<std::wstring> cells{
-            key.pointName, key.depth, sample == samples.end() ? std::wstring() : sample->second->code};
+        const LabSample* sample = samples.find(key.pointName, key.depth);
+        std::vector<std::wstring> cells{key.pointName, key.depth, sample ? sample->code : std::wstring()};
         cells.insert(cells.end(), record.cells.begin(), record.cells.end());
         rows.add(cells);
     }

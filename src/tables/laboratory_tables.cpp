@@ -32,14 +32,14 @@ std::size_t cellCount(const LabSample& sample)
 void fillSamples(TextRows& rows, const TableSource& source)
 {
     // The kind of a sample stands in the field register.
-    const auto field = rowsByPlace(source.project.getSamples());
+    const RowsByPlace field(source.project.getSamples());
     for (const auto& [key, sample] : source.project.getLabSamples()) {
-        const auto taken = field.find({key.pointName, key.depth});
+        const SampleValue* taken = field.find(key.pointName, key.depth);
         rows.add({key.pointName,
             key.depth,
             sample.code,
             wholeText(sample.number),
-            taken == field.end() ? std::wstring() : nameText(sampleKinds, taken->second->sampleKind),
+            taken ? nameText(sampleKinds, taken->sampleKind) : std::wstring(),
             sample.soilKind.text,
             countText(sample.physical.size()),
             countText(sample.grading.size()),

@@ -21,7 +21,14 @@ protected:
     std::wstring elementAt(const wchar_t* point, double depth) const
     {
         const SiteLayers layers(*project);
+        LayerFinder finder(*project);
         const SiteLayer* found = layers.layerAt(point, depth);
+        const auto alone = finder.layerAt(point, depth);
+        EXPECT_EQ(alone.has_value(), found != nullptr) << depth;
+        if (alone && found) {
+            EXPECT_EQ(alone->number, found->number) << depth;
+            EXPECT_EQ(alone->element, found->element) << depth;
+        }
         return found ? std::wstring(found->element) : L"-";
     }
 
