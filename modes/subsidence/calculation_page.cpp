@@ -41,7 +41,8 @@ int fillSubsidence(ModeScreen& screen, bool all)
     SubsidenceState after;
     int known = 0;
     {
-        const SiteLaboratory laboratory(*project, knownLanguage(screen.settings()->reportLanguage()));
+        const SiteLaboratory laboratory(
+            *project, knownLanguage(screen.settings()->reportLanguage()), SiteLaboratory::Extent::Collapse);
         const std::vector<SubsidencePoint> points = subsidencePoints(*project, laboratory);
         for (const SubsidencePoint& point : points)
             known += point.result.totalCm ? 1 : 0;

@@ -198,7 +198,8 @@ void ResultsPage::read(IDBProject* project)
 {
     GridRows rows;
     if (project) {
-        const SiteLaboratory laboratory(*project, knownLanguage(screen_.settings()->reportLanguage()));
+        const SiteLaboratory laboratory(
+            *project, knownLanguage(screen_.settings()->reportLanguage()), SiteLaboratory::Extent::Collapse);
         for (const SubsidencePoint& point : allSubsidencePoints(*project, laboratory))
             rows.append(pointRow(rows.size() + 1, point, *project));
     }
@@ -220,7 +221,8 @@ void ResultsPage::showRows(IDBProject* project)
     GridRows rows;
     const QString name = currentPoint();
     if (project && !name.isEmpty()) {
-        const SiteLaboratory laboratory(*project, knownLanguage(screen_.settings()->reportLanguage()));
+        const SiteLaboratory laboratory(
+            *project, knownLanguage(screen_.settings()->reportLanguage()), SiteLaboratory::Extent::Collapse);
         const std::wstring wide = name.toStdWString();
         const SubsidencePoint point = subsidencePoint(*project, laboratory, wide);
         for (std::size_t i = 0; i < point.result.parts.size(); ++i)

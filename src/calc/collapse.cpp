@@ -52,7 +52,7 @@ void findInitialPressure(const Oedometer& test, Collapse& result)
 Collapse collapseOf(const Oedometer& test, const Number& naturalStress)
 {
     Collapse result;
-    if (test.test != 23 && test.test != 24)
+    if (std::ranges::find(collapseTests, test.test) == std::end(collapseTests))
         return result;
     result.naturalStress = naturalStress;
     if (!naturalStress || !test.height)

@@ -7,6 +7,9 @@
 // Collapse of a loess on wetting, by two curves (test 23) or by one (24): relative to the height that the
 // natural specimen has under the stress in place.
 
+// Numbers of the compression tests that tell of it.
+inline constexpr int collapseTests[] = {23, 24};
+
 struct CollapseRow {
     double load = 0; // MPa
     double relative = 0;

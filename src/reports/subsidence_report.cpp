@@ -3,10 +3,12 @@
 #include "modules/idbproject.h"
 #include "plots/subsidence_picture.h"
 #include "reports/table_cells.h"
+#include "site/by_point.h"
 #include "site/points.h"
 #include "site/subsidence.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 namespace
 {
@@ -132,10 +134,13 @@ TableBlock isolinesOf(const std::vector<SubsidencePoint>& points,
     table.head = {headRow(Texts::isolinesHead, language)};
     if (loaded.empty())
         table.head.front().pop_back();
+    std::unordered_map<std::wstring_view, const SitePoint*> byName;
+    for (const SitePoint& place : places)
+        byName.try_emplace(place.name, &place);
     for (std::size_t i = 0; i < points.size(); ++i) {
         const SubsidencePoint& point = points[i];
-        const auto place = std::ranges::find(places, point.point, &SitePoint::name);
-        if (place == places.end() || !place->x || !place->y)
+        const SitePoint* place = foundOr(byName, point.point);
+        if (!place || !place->x || !place->y)
             continue;
         const Number& boundary = point.lowerBoundaryM.value;
         std::vector<TableCell> row{textCell(point.point),
@@ -287,7 +292,7 @@ Document subsidenceReport(IDBProject& project, const SubsidenceReportLook& look)
     document.title = Texts::title.in(language);
     document.header = project.getProjectCode();
     document.page = {297, 210, 20, 15, 10, 15};
-    const SiteLaboratory laboratory(project, language);
+    const SiteLaboratory laboratory(project, language, SiteLaboratory::Extent::Collapse);
     const std::vector<SubsidencePoint> points = allSubsidencePoints(project, laboratory);
     if (points.empty())
         return document;

@@ -18,6 +18,12 @@ bool isDerived(int property)
     return property >= firstDerivedProperty && property <= lastDerivedProperty;
 }
 
+// Of which the other physical properties of an element follow.
+bool isMeanWanted(int property)
+{
+    return property >= 0 && property < firstDerivedProperty;
+}
+
 // Samples of elements, by the exact name of the element.
 using ElementPlaces = std::unordered_map<std::wstring_view, std::size_t>;
 
@@ -98,11 +104,30 @@ ElementStatistics statisticsWith(
 
 } // namespace
 
-SiteLaboratory::SiteLaboratory(IDBProject& project, int language)
+bool hasCollapseTest(const LabSample& sample)
 {
-    computeSamples(project, language);
+    return std::any_of(std::begin(collapseTests), std::end(collapseTests), [&](int test) {
+        return sample.compression.contains(static_cast<std::uint8_t>(test));
+    });
+}
+
+static bool knowsCollapse(IDBProject& project)
+{
+    const auto& samples = project.getLabSamples();
+    return !project.getSubsidence().empty()
+        || std::any_of(
+            samples.begin(), samples.end(), [](const auto& entry) { return hasCollapseTest(entry.second); });
+}
+
+SiteLaboratory::SiteLaboratory(IDBProject& project, int language, Extent extent)
+    : extent_(extent)
+{
+    if (extent == Extent::Collapse && !knowsCollapse(project))
+        return;
+    const SiteLayers layers(project);
+    computeSamples(project, language, layers);
     computeElements(project);
-    computeStresses(project);
+    computeStresses(layers);
 }
 
 const SiteElement* SiteLaboratory::element(std::wstring_view name) const
@@ -112,9 +137,8 @@ const SiteElement* SiteLaboratory::element(std::wstring_view name) const
     return found == elements_.end() ? nullptr : &*found;
 }
 
-void SiteLaboratory::computeSamples(IDBProject& project, int language)
+void SiteLaboratory::computeSamples(IDBProject& project, int language, const SiteLayers& layers)
 {
-    const SiteLayers layers(project);
     ElementRecords records;
     for (const auto& [name, record] : project.getStrataElements())
         records.try_emplace(name, &record);
@@ -128,11 +152,12 @@ void SiteLaboratory::computeSamples(IDBProject& project, int language)
         made.depth = readNumber(key.depth);
         if (const SiteLayer* layer = made.depth ? layers.layerAt(key.pointName, *made.depth) : nullptr)
             made.element = layer->element;
-        made.result = sampleResult(sample,
-            project.getLabTriple(),
-            scale.value_or(GrainScale::Above200),
-            kindOf(records, made.element));
-        if (scale)
+        if (extent_ == Extent::Everything || hasCollapseTest(sample))
+            made.result = sampleResult(sample,
+                project.getLabTriple(),
+                scale.value_or(GrainScale::Above200),
+                kindOf(records, made.element));
+        if (scale && extent_ == Extent::Everything)
             made.soil = nameSoil(classifier.ground(), sample, made.result, *scale, language);
         samples_.push_back(std::move(made));
     }
@@ -161,7 +186,7 @@ void SiteLaboratory::computeStatistics(SiteElement& element) const
     std::set<int> numbers;
     for (const std::size_t sample : element.samples)
         for (const PropertyCell& cell : samples_[sample].sample->physical)
-            if (!isDerived(cell.id))
+            if (extent_ == Extent::Everything ? !isDerived(cell.id) : isMeanWanted(cell.id))
                 numbers.insert(cell.id);
     for (const int number : numbers) {
         ElementStatistics statistics = propertyStatistics(samples_, element.samples, number);
@@ -180,6 +205,8 @@ void SiteLaboratory::computeStatistics(SiteElement& element) const
     means.plasticLimit = meanOf(4);
     means.isOrganic = element.record->code == static_cast<std::int32_t>(ElementKind::Organic);
     element.fromMeans = physicalOf(means);
+    if (extent_ == Extent::Collapse)
+        return;
     element.modulus = modulusStatistics(samples_, element.samples);
     element.shear = shearStatistics(samples_, element.samples);
 }
@@ -204,9 +231,8 @@ void SiteLaboratory::recompute(IDBProject& project, int language, std::size_t pl
         computeStatistics(*owner);
 }
 
-void SiteLaboratory::computeStresses(IDBProject& project)
+void SiteLaboratory::computeStresses(const SiteLayers& layers)
 {
-    const SiteLayers layers(project);
     std::unordered_map<std::wstring_view, Number> densities;
     for (const SiteElement& element : elements_)
         densities.try_emplace(element.name, elementDensity(element));

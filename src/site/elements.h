@@ -13,6 +13,7 @@
 #include <vector>
 
 class IDBProject;
+class SiteLayers;
 
 // All laboratory samples of a project, computed, and the elements they fall to. Views into the project: look,
 // use and let go before the next change.
@@ -64,8 +65,13 @@ struct SiteElement {
 class SiteLaboratory
 {
 public:
-    // Computes everything; names of soils in the language (0 Russian, 1 Ukrainian).
-    SiteLaboratory(IDBProject& project, int language);
+    // How much is computed. Collapse: what the subsidence of points asks for, that is the results of the
+    // samples with a test of collapse, without the names of their soils, and the means of 0 to 4 of the
+    // elements; nothing at all where no sample has such a test and the project keeps no subsidence.
+    enum class Extent { Everything, Collapse };
+
+    // Names of soils in the language (0 Russian, 1 Ukrainian).
+    SiteLaboratory(IDBProject& project, int language, Extent extent = Extent::Everything);
 
     // In the order of their registers.
     const std::vector<SiteSample>& samples() const { return samples_; }
@@ -77,14 +83,18 @@ public:
     void recompute(IDBProject& project, int language, std::size_t sample);
 
 private:
-    void computeSamples(IDBProject& project, int language);
+    void computeSamples(IDBProject& project, int language, const SiteLayers& layers);
     void computeElements(IDBProject& project);
     void computeStatistics(SiteElement& element) const;
-    void computeStresses(IDBProject& project);
+    void computeStresses(const SiteLayers& layers);
 
+    Extent extent_;
     std::vector<SiteSample> samples_;
     std::vector<SiteElement> elements_;
 };
+
+// Whether the sample has a test of collapse, by one curve or by two.
+bool hasCollapseTest(const LabSample& sample);
 
 // Density of an element for stresses in place, g/cm3: the typed normative one, else the mean.
 Number elementDensity(const SiteElement& element);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <set>
+#include <unordered_map>
 
 namespace
 {
@@ -189,52 +190,83 @@ void applyTyped(IDBProject& project, SubsidencePoint& made)
 
 } // namespace
 
-SubsidencePoint subsidencePoint(
-    IDBProject& project, const SiteLaboratory& laboratory, std::wstring_view point)
+// A point with its layers in place: what samples and tests make of it.
+static void complete(IDBProject& project,
+    const SiteLaboratory& laboratory,
+    const std::vector<std::size_t>& tested,
+    SubsidencePoint& made)
 {
-    SubsidencePoint made;
-    made.point = point;
-    made.layers = layersOfPoint(project, point);
     for (const SiteLayer& layer : made.layers) {
         CollapsibleLayer collapsible{layer.top, layer.bottom, {}, {}, {}};
         if (const SiteElement* element = laboratory.element(layer.element))
             collapsible.saturatedDensity = element->fromMeans.saturatedDensity;
         made.collapsible.push_back(std::move(collapsible));
     }
-    const std::set<std::wstring_view> codes = chosenCodes(project, point);
+    const std::set<std::wstring_view> codes = chosenCodes(project, made.point);
     const std::vector<SiteSample>& samples = laboratory.samples();
-    for (std::size_t i = 0; i < samples.size(); ++i)
-        if (samples[i].key->pointName == point && collapseTest(samples[i])
-            && (codes.empty() || codes.contains(samples[i].sample->code)))
+    for (const std::size_t i : tested)
+        if (codes.empty() || codes.contains(samples[i].sample->code))
             made.samples.push_back(i);
     addCurves(made, samples);
     made.computed = subsidenceByOwnWeight(made.collapsible);
     made.remarks.insert(made.remarks.end(), made.computed.remarks.begin(), made.computed.remarks.end());
     applyTyped(project, made);
+}
+
+SubsidencePoint subsidencePoint(
+    IDBProject& project, const SiteLaboratory& laboratory, std::wstring_view point)
+{
+    SubsidencePoint made;
+    made.point = point;
+    made.layers = layersOfPoint(project, point);
+    const std::vector<SiteSample>& samples = laboratory.samples();
+    std::vector<std::size_t> tested;
+    for (std::size_t i = 0; i < samples.size(); ++i)
+        if (samples[i].key->pointName == point && collapseTest(samples[i]))
+            tested.push_back(i);
+    complete(project, laboratory, tested, made);
     return made;
+}
+
+// The points of the names in turn; layers and samples are gathered once for all of them.
+static std::vector<SubsidencePoint> pointsOf(
+    IDBProject& project, const SiteLaboratory& laboratory, bool withKept)
+{
+    std::vector<std::wstring_view> names;
+    std::unordered_map<std::wstring_view, std::vector<std::size_t>> tested;
+    const std::vector<SiteSample>& samples = laboratory.samples();
+    for (std::size_t i = 0; i < samples.size(); ++i)
+        if (collapseTest(samples[i])) {
+            std::vector<std::size_t>& own = tested[samples[i].key->pointName];
+            if (own.empty())
+                names.push_back(samples[i].key->pointName);
+            own.push_back(i);
+        }
+    if (withKept)
+        for (const auto& [name, cells] : project.getSubsidence())
+            if (!tested.contains(name))
+                names.push_back(name);
+    std::vector<SubsidencePoint> points(names.size());
+    if (names.empty())
+        return points;
+    const SiteLayers layers(project);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        points[i].point = names[i];
+        if (const SiteLayers::Point* found = layers.find(names[i]))
+            points[i].layers = found->layers;
+        complete(project, laboratory, tested[names[i]], points[i]);
+    }
+    return points;
 }
 
 std::vector<SubsidencePoint> subsidencePoints(IDBProject& project, const SiteLaboratory& laboratory)
 {
-    std::vector<std::wstring_view> names;
-    for (const SiteSample& sample : laboratory.samples())
-        if (collapseTest(sample)
-            && std::ranges::find(names, std::wstring_view(sample.key->pointName)) == names.end())
-            names.push_back(sample.key->pointName);
-    std::vector<SubsidencePoint> points;
-    points.reserve(names.size());
-    for (const std::wstring_view name : names)
-        points.push_back(subsidencePoint(project, laboratory, name));
-    return points;
+    return pointsOf(project, laboratory, false);
 }
 
 std::vector<SubsidencePoint> allSubsidencePoints(IDBProject& project, const SiteLaboratory& laboratory)
 {
-    std::vector<SubsidencePoint> points = subsidencePoints(project, laboratory);
-    for (const auto& [name, cells] : project.getSubsidence())
-        if (std::ranges::find(points, std::wstring_view(name), &SubsidencePoint::point) == points.end())
-            points.push_back(subsidencePoint(project, laboratory, name));
-    return points;
+    return pointsOf(project, laboratory, true);
 }
 
 SubsidenceState subsidenceState(IDBProject& project)

@@ -45,9 +45,11 @@ Reference<DBProject> site()
     return project;
 }
 
-SubsidencePoint calculated(DBProject& project)
+constexpr auto collapse = SiteLaboratory::Extent::Collapse;
+
+SubsidencePoint calculated(DBProject& project, SiteLaboratory::Extent extent = collapse)
 {
-    const SiteLaboratory laboratory(project, 0);
+    const SiteLaboratory laboratory(project, 0, extent);
     const auto points = allSubsidencePoints(project, laboratory);
     if (points.size() != 1)
         throw std::runtime_error("one point");
@@ -56,7 +58,7 @@ SubsidencePoint calculated(DBProject& project)
 
 SubsidenceState keep(DBProject& project, FillPlaces places)
 {
-    const SiteLaboratory laboratory(project, 0);
+    const SiteLaboratory laboratory(project, 0, collapse);
     return filledState(subsidenceState(project), subsidencePoints(project, laboratory), places);
 }
 
@@ -87,6 +89,29 @@ TEST(SiteSubsidence, LayersTakeTheCurvesOfTheirSamples)
     const SubsidencePoint chosen = calculated(*project);
     EXPECT_FALSE(chosen.result.parts[0].relative);
     EXPECT_NEAR(*chosen.result.parts[1].relative, second, 1e-9);
+}
+
+TEST(SiteSubsidence, SamplesWithoutATestCountInTheDensities)
+{
+    const auto project = site();
+    LabSample heavy = soaked(L"3", {});
+    heavy.compression.clear();
+    heavy.physical[1].value = L"2.4"; // mean 2.0: dry 1.6667, void ratio 0.62
+    project->addLabSample({L"Скв-1", L"3.5"}, heavy);
+    const double dry = 2.0 / 1.2;
+    const double dense = dry + (1 - dry / 2.7);
+    for (const auto extent : {collapse, SiteLaboratory::Extent::Everything}) {
+        const SubsidencePoint point = calculated(*project, extent);
+        EXPECT_NEAR(*point.result.parts[0].stressKPa, dense * 9.81, 1e-9);
+        EXPECT_EQ(point.samples.size(), 2U);
+    }
+    // What is kept is shown though no sample has a test any more, with its stress.
+    setSubsidenceState(*project, keep(*project, FillPlaces::All));
+    for (auto& [key, sample] : project->getLabSamples())
+        sample.compression.clear();
+    const SubsidencePoint kept = calculated(*project);
+    EXPECT_NEAR(*kept.computed.parts[0].stressKPa, dense * 9.81, 1e-9);
+    EXPECT_TRUE(kept.typedParts[0][1]);
 }
 
 TEST(SiteSubsidence, WhatIsMissingIsSaidAndNotGuessed)
