@@ -191,7 +191,8 @@ SoundingGraphLook GraphPage::look() const
 
 std::vector<Drawing> GraphPage::drawings(IDBProject& project) const
 {
-    const SiteSoundings soundings(project);
+    const SiteSoundings soundings =
+        mode_->currentIndex() == OnePoint ? SiteSoundings(project, choice_->point) : SiteSoundings(project);
     const int language = knownLanguage(screen_.settings()->reportLanguage());
     std::vector<Drawing> pages;
     const auto add = [&](const std::vector<SoundingGraph>& graphs) {

@@ -259,7 +259,7 @@ void JournalPage::readJournal(IDBProject& project)
     date_->setText(QString::fromStdWString(state.date));
     instrument_->setCurrentIndex(std::clamp(project.getSoundingValueA(), 0, 2));
     probe_->setCurrentIndex(std::clamp(project.getSoundingValueB(), 1, 3) - 1);
-    const SiteSoundings soundings(project);
+    const SiteSoundings soundings(project, choice_->point);
     const SiteSounding* sounding = soundings.find(choice_->point);
     QString title = isPoint ? QString::fromStdWString(choice_->point)
                             : QStringLiteral("В проекте нет точек зондирования");

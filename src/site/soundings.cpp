@@ -266,40 +266,69 @@ std::vector<SoundingReading> soundingReadings(const std::vector<SoundingRow>& ro
     return readings;
 }
 
+static std::unordered_map<std::wstring_view, const SitePoint*> placesOf(const std::vector<SitePoint>& points)
+{
+    std::unordered_map<std::wstring_view, const SitePoint*> places;
+    for (const SitePoint& point : points)
+        places.try_emplace(point.name, &point);
+    return places;
+}
+
 SiteSoundings::SiteSoundings(IDBProject& project)
     : points_(std::make_shared<const std::vector<SitePoint>>(sitePoints(project)))
     , layers_(project)
 {
-    std::unordered_map<std::wstring_view, const SitePoint*> places;
-    for (const SitePoint& point : *points_)
-        places.try_emplace(point.name, &point);
-    for (const auto* journal : inReadingOrder(project.getSoundings())) {
-        const auto& [key, rows] = *journal;
-        SiteSounding sounding;
-        sounding.point = key.pointName;
-        sounding.device = key.device;
-        sounding.date = key.date;
-        const auto place = places.find(key.pointName);
-        sounding.place = place == places.end() ? nullptr : place->second;
-        sounding.readings = soundingReadings(rows, sounding.remarks);
-        const SiteLayers::Point* borehole = neighbourOf(key.pointName, sounding.place, layers_, places);
-        std::vector<SoundingLayer> lent;
-        if (borehole) {
-            sounding.borehole = borehole->name;
-            lent = lentLayers(*borehole, sounding.place ? sounding.place->mark : std::nullopt);
-        } else if (!sounding.readings.empty()) {
-            sounding.remarks.push_back(
-                {Remark::Missing, "sounding", L"Нет соседней скважины со слоями и координатами"});
-        }
-        std::vector<SoundingLayer> shaft = cutByJournal(sounding.readings, lent);
-        for (SoundingLayer& layer : shaft)
-            if (const StrataElement* element = elementOf(project, layer.element))
-                if (!element->texts[element_text::GeologicalIndex].empty())
-                    layer.index = element->texts[element_text::GeologicalIndex];
-        sounding.layers = filled(shaft, sounding.readings);
-        soundings_.push_back(std::move(sounding));
-        shafts_.push_back(std::move(shaft));
+    const Places places = placesOf(*points_);
+    for (const auto* journal : inReadingOrder(project.getSoundings()))
+        add(project, *journal, places);
+}
+
+// Layers of other points are needed where it has none of its own.
+static SiteLayers layersAround(IDBProject& project, std::wstring_view point)
+{
+    SiteLayers own(project, point);
+    const SiteLayers::Point* found = own.find(point);
+    return found && !found->layers.empty() ? own : SiteLayers(project);
+}
+
+SiteSoundings::SiteSoundings(IDBProject& project, std::wstring_view point)
+    : points_(std::make_shared<const std::vector<SitePoint>>(sitePoints(project)))
+    , layers_(layersAround(project, point))
+{
+    const Places places = placesOf(*points_);
+    for (const auto& journal : project.getSoundings())
+        if (journal.first.pointName == point)
+            add(project, journal, places);
+}
+
+void SiteSoundings::add(
+    IDBProject& project, const SoundingRegister::value_type& journal, const Places& places)
+{
+    const auto& [key, rows] = journal;
+    SiteSounding sounding;
+    sounding.point = key.pointName;
+    sounding.device = key.device;
+    sounding.date = key.date;
+    const auto place = places.find(key.pointName);
+    sounding.place = place == places.end() ? nullptr : place->second;
+    sounding.readings = soundingReadings(rows, sounding.remarks);
+    const SiteLayers::Point* borehole = neighbourOf(key.pointName, sounding.place, layers_, places);
+    std::vector<SoundingLayer> lent;
+    if (borehole) {
+        sounding.borehole = borehole->name;
+        lent = lentLayers(*borehole, sounding.place ? sounding.place->mark : std::nullopt);
+    } else if (!sounding.readings.empty()) {
+        sounding.remarks.push_back(
+            {Remark::Missing, "sounding", L"Нет соседней скважины со слоями и координатами"});
     }
+    std::vector<SoundingLayer> shaft = cutByJournal(sounding.readings, lent);
+    for (SoundingLayer& layer : shaft)
+        if (const StrataElement* element = elementOf(project, layer.element))
+            if (!element->texts[element_text::GeologicalIndex].empty())
+                layer.index = element->texts[element_text::GeologicalIndex];
+    sounding.layers = filled(shaft, sounding.readings);
+    soundings_.push_back(std::move(sounding));
+    shafts_.push_back(std::move(shaft));
 }
 
 const SiteSounding* SiteSoundings::find(std::wstring_view point) const

@@ -46,6 +46,8 @@ class SiteSoundings
 {
 public:
     explicit SiteSoundings(IDBProject& project);
+    // Those of one point alone, as all of them would have it.
+    SiteSoundings(IDBProject& project, std::wstring_view point);
     SiteSoundings(const SiteSoundings&) = delete;
     SiteSoundings& operator=(const SiteSoundings&) = delete;
 
@@ -56,6 +58,10 @@ public:
     std::vector<SoundingLayer> shaft(const SiteSounding& sounding) const;
 
 private:
+    using Places = std::unordered_map<std::wstring_view, const SitePoint*>;
+
+    void add(IDBProject& project, const SoundingRegister::value_type& journal, const Places& places);
+
     std::shared_ptr<const std::vector<SitePoint>> points_;
     SiteLayers layers_;
     std::vector<SiteSounding> soundings_;

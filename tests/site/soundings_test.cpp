@@ -92,6 +92,22 @@ TEST_F(SoundingsTest, LayersComeFromTheNearestBoreholeByMark)
     EXPECT_FALSE(clay.properties.density);
 }
 
+TEST_F(SoundingsTest, OneAloneIsAsItIsAmongAll)
+{
+    site();
+    project->addSounding({L"Скв-1", 1, L"", L""}, alike(5, L"6", L"30"));
+    const SiteSoundings beside(*project, L"ТСЗ-1");
+    ASSERT_EQ(beside.all().size(), 1u);
+    EXPECT_EQ(beside.all()[0].borehole, L"Скв-2");
+    EXPECT_EQ(beside.all()[0].layers.size(), 3u);
+    EXPECT_DOUBLE_EQ(beside.shaft(beside.all()[0])[0].to, 2.5);
+    const SiteSoundings own(*project, L"Скв-1");
+    ASSERT_EQ(own.all().size(), 1u);
+    EXPECT_EQ(own.all()[0].borehole, L"Скв-1");
+    EXPECT_EQ(own.all()[0].layers[0].element, L"1");
+    EXPECT_TRUE(SiteSoundings(*project, L"ТСЗ").all().empty());
+}
+
 TEST_F(SoundingsTest, WithoutAMarkBoundariesGoByDepth)
 {
     site();
