@@ -68,6 +68,7 @@ IgkScreen::IgkScreen(TX_Modes mode, ITellurixController* controller, QWidget* pa
     lanes_->setObjectName(QStringLiteral("igk/lanes"));
     scale_->setObjectName(QStringLiteral("igk/scale"));
     points_->setAccessibleName(QStringLiteral("Выработки"));
+    points_->setUniformItemSizes(true); // or each of ten thousand names is measured before the first is shown
     lanes_->setAccessibleName(QStringLiteral("Графы"));
     sounding_->setAccessibleName(QStringLiteral("Зондирование"));
     fillPresets();
@@ -224,26 +225,42 @@ void IgkScreen::removePreset()
 
 void IgkScreen::fillSoundings(IDBProject* project)
 {
+    QStringList names;
+    if (project)
+        for (const auto& [key, rows] : project->getSoundings())
+            names.append(fromWide(key.pointName));
+    if (sounding_->count() > 0 && names == soundingNames_)
+        return;
+    soundingNames_ = names;
     const QVariant before = sounding_->currentData();
     sounding_->clear();
     sounding_->addItem(QStringLiteral("ближайшее"), QString());
-    if (project)
-        for (const auto& [key, rows] : project->getSoundings())
-            sounding_->addItem(fromWide(key.pointName), fromWide(key.pointName));
+    for (const QString& name : names)
+        sounding_->addItem(name, name);
     sounding_->setCurrentIndex(qMax(0, sounding_->findData(before)));
+}
+
+// Mostly there are the same points as before, and the chosen one stays.
+void IgkScreen::fillPoints(IDBProject* project)
+{
+    QStringList names;
+    if (project)
+        for (const std::wstring& name : columnPoints(*project))
+            names.append(fromWide(name));
+    if (names == pointNames_)
+        return;
+    const QString before = points_->currentItem() ? points_->currentItem()->text() : QString();
+    pointNames_ = names;
+    points_->clear();
+    points_->addItems(names);
+    points_->setCurrentRow(qMax(0, names.indexOf(before)));
 }
 
 void IgkScreen::readProject(IDBProject* project)
 {
     isReading_ = true;
-    const QString before = points_->currentItem() ? points_->currentItem()->text() : QString();
-    points_->clear();
-    if (project)
-        for (const std::wstring& name : columnPoints(*project))
-            points_->addItem(fromWide(name));
+    fillPoints(project);
     fillSoundings(project);
-    const QList<QListWidgetItem*> same = points_->findItems(before, Qt::MatchExactly);
-    points_->setCurrentRow(same.isEmpty() ? 0 : points_->row(same.front()));
     isReading_ = false;
     drawChosen();
 }

@@ -35,6 +35,7 @@ private:
     void choosePreset(int row);
     void savePreset();
     void removePreset();
+    void fillPoints(IDBProject* project);
     void fillSoundings(IDBProject* project);
     void drawChosen();
     void drawAllToFile();
@@ -47,6 +48,8 @@ private:
 
     Hatches hatches_;
     UserPresets own_;
+    QStringList pointNames_; // as listed
+    QStringList soundingNames_;
     QListWidget* points_;
     DrawingView* view_;
     QComboBox* presets_;

@@ -13,6 +13,7 @@
 #include <cmath>
 #include <limits>
 #include <unordered_set>
+#include <utility>
 
 namespace
 {
@@ -88,6 +89,7 @@ std::vector<ColumnWater> columnWaters(
 std::vector<ColumnSample> columnSamples(IDBProject& project, std::wstring_view point)
 {
     std::vector<ColumnSample> samples;
+    const auto laboratory = rowsOfPoint(project.getLabSamples(), point);
     for (const auto* row : rowsOfPoint(project.getSamples(), point)) {
         const Number depth = readNumber(row->first.depth);
         if (!depth)
@@ -95,9 +97,10 @@ std::vector<ColumnSample> columnSamples(IDBProject& project, std::wstring_view p
         ColumnSample sample{*depth, row->first.depth, ColumnSample::Disturbed, {}};
         if (row->second.sampleKind >= ColumnSample::Disturbed && row->second.sampleKind <= ColumnSample::Bulk)
             sample.kind = static_cast<ColumnSample::Kind>(row->second.sampleKind);
-        for (const auto& [key, tested] : project.getLabSamples())
-            if (key.pointName == point && readNumber(key.depth) == depth)
-                sample.number = tested.number != 0 ? std::to_wstring(tested.number) : tested.code;
+        for (const auto* tested : laboratory)
+            if (readNumber(tested->first.depth) == depth)
+                sample.number =
+                    tested->second.number != 0 ? std::to_wstring(tested->second.number) : tested->second.code;
         samples.push_back(std::move(sample));
     }
     return samples;
@@ -164,14 +167,6 @@ ColumnSounding columnSounding(IDBProject& project, const SitePoint& point, std::
     return sounding;
 }
 
-SitePoint sitePoint(IDBProject& project, std::wstring_view name)
-{
-    for (const SitePoint& point : sitePoints(project))
-        if (point.name == name)
-            return point;
-    return {.name = name};
-}
-
 } // namespace
 
 std::uint32_t hatchOfElement(IDBProject& project, std::wstring_view element)
@@ -201,7 +196,7 @@ std::optional<Color> colorOfElement(IDBProject& project, std::wstring_view eleme
 
 ColumnData columnData(IDBProject& project, std::wstring_view name, std::wstring_view sounding)
 {
-    const SitePoint point = sitePoint(project, name);
+    const SitePoint point = sitePoint(project, name).value_or(SitePoint{.name = name});
     ColumnData data;
     data.point = name;
     data.kind =
@@ -230,12 +225,14 @@ std::vector<std::wstring> columnPoints(IDBProject& project)
     std::vector<std::wstring> names;
     std::unordered_set<std::wstring_view> seen;
     const auto counts = rowCounts(project.getLithology());
-    for (const SitePoint& point : sitePoints(project))
-        if ((point.kind != PointKind::Sounding || counts.count(point.name) > 0)
-            && seen.insert(point.name).second)
-            names.emplace_back(point.name);
+    for (const auto& [key, rows] : project.getPointRegister())
+        if ((key.pointKind != static_cast<std::uint8_t>(PointKind::Sounding)
+                || counts.count(key.pointName) > 0)
+            && seen.insert(key.pointName).second)
+            names.push_back(key.pointName);
+    std::wstring_view last;
     for (const auto& [key, layer] : project.getLithology())
-        if (seen.insert(key.pointName).second)
+        if (key.pointName != std::exchange(last, key.pointName) && seen.insert(key.pointName).second)
             names.push_back(key.pointName);
     sortInReadingOrder(names, [](const std::wstring& name) { return std::wstring_view(name); });
     return names;

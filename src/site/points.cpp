@@ -39,23 +39,36 @@ std::wstring pointKindShortName(int kind)
     return nameOf(kind, &KindNames::shortName);
 }
 
+static SitePoint pointOf(const PointRegister::value_type& entry)
+{
+    const auto& [key, rows] = entry;
+    SitePoint point{.name = key.pointName};
+    if (key.pointKind <= static_cast<std::uint8_t>(PointKind::Sounding))
+        point.kind = static_cast<PointKind>(key.pointKind);
+    if (!rows.empty()) {
+        const PointRow& row = rows.front();
+        point.x = readNumber(row.text0);
+        point.y = readNumber(row.text1);
+        point.mark = readNumber(row.absoluteMark);
+        point.markText = row.absoluteMark;
+        point.date = row.text6;
+    }
+    return point;
+}
+
 std::vector<SitePoint> sitePoints(IDBProject& project)
 {
     std::vector<SitePoint> points;
     points.reserve(project.getPointRegister().size());
-    for (const auto& [key, rows] : project.getPointRegister()) {
-        SitePoint point{.name = key.pointName};
-        if (key.pointKind <= static_cast<std::uint8_t>(PointKind::Sounding))
-            point.kind = static_cast<PointKind>(key.pointKind);
-        if (!rows.empty()) {
-            const PointRow& row = rows.front();
-            point.x = readNumber(row.text0);
-            point.y = readNumber(row.text1);
-            point.mark = readNumber(row.absoluteMark);
-            point.markText = row.absoluteMark;
-            point.date = row.text6;
-        }
-        points.push_back(point);
-    }
+    for (const auto& entry : project.getPointRegister())
+        points.push_back(pointOf(entry));
     return points;
+}
+
+std::optional<SitePoint> sitePoint(IDBProject& project, std::wstring_view name)
+{
+    for (const auto& entry : project.getPointRegister())
+        if (entry.first.pointName == name)
+            return pointOf(entry);
+    return std::nullopt;
 }

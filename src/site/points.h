@@ -3,6 +3,7 @@
 #include "core/base/typed_number.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,3 +36,5 @@ struct SitePoint {
 
 // All points of the register, in its order.
 std::vector<SitePoint> sitePoints(IDBProject& project);
+// The first of that name.
+std::optional<SitePoint> sitePoint(IDBProject& project, std::wstring_view name);

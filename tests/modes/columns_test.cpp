@@ -17,6 +17,8 @@
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 static const QString words = QStringLiteral("Суглинок №1 тугопластичный, α ≤ 0,5 м² — ґрунт (x/y)");
 
 TEST(DrawingFonts, AreAsWideAsTheTableSays)
@@ -130,6 +132,33 @@ TEST(ColumnScreen, ShowsThePointsAndTheChosenColumn)
     for (int lane = 0; lane < lanes->count(); ++lane)
         lanes->item(lane)->setCheckState(Qt::Unchecked);
     EXPECT_NE(host.labels().find("Отметьте хотя бы одну графу"), std::string::npos);
+}
+
+TEST(ColumnScreen, ListsFollowTheProjectAndTheChosenStays)
+{
+    const auto project = twoHoles();
+    SheetHost host({"igk19.dll", ModeIgk}, project.get());
+    host.labels();
+    auto* points = host.screen->findChild<QListWidget*>(QStringLiteral("igk/points"));
+    points->setCurrentRow(1);
+    const auto boxWith = [&](const QString& text) {
+        const auto boxes = host.screen->findChildren<QComboBox*>();
+        return std::any_of(
+            boxes.begin(), boxes.end(), [&](const QComboBox* box) { return box->findText(text) >= 0; });
+    };
+    EXPECT_FALSE(boxWith(QStringLiteral("ТСЗ-1")));
+    project->addPointRegisterEntry({L"Скв-01", 1}, {PointRow()});
+    project->addSounding({L"ТСЗ-1", 3, L"", L""}, {});
+    host.controller.notify();
+    ASSERT_EQ(points->count(), 3);
+    EXPECT_EQ(points->currentItem()->text(), QStringLiteral("Скв-2"));
+    EXPECT_TRUE(boxWith(QStringLiteral("ТСЗ-1")));
+    // The same names over other layers: the column is drawn anew.
+    points->setCurrentRow(1);
+    const QImage before = host.screen->grab().toImage();
+    project->getLithology().clear();
+    host.controller.notify();
+    EXPECT_NE(host.screen->grab().toImage(), before);
 }
 
 TEST(ColumnScreen, ElementsNeedElements)
