@@ -7,7 +7,22 @@
 #include <QSettings>
 
 #include <algorithm>
+#include <cstdint>
 #include <iterator>
+
+QString shownText(std::wstring_view text)
+{
+    constexpr std::uint32_t firstSurrogate = 0xd800;
+    const auto size = static_cast<int>(text.size());
+    if (std::any_of(text.begin(), text.end(), [](wchar_t c) {
+            return static_cast<std::uint32_t>(c) >= firstSurrogate;
+        }))
+        return QString::fromWCharArray(text.data(), size);
+    QString shown(size, Qt::Uninitialized);
+    std::transform(
+        text.begin(), text.end(), shown.begin(), [](wchar_t c) { return QChar(static_cast<ushort>(c)); });
+    return shown;
+}
 
 static const QString decimalCommaKey = QStringLiteral("clipboard/decimalComma");
 

@@ -2,6 +2,12 @@
 
 #include <QString>
 
+#include <string_view>
+
+// A text of the project on the screen. Tables of thousands of rows are made of it, so it goes the short way
+// where every character is one of Unicode's first sixty thousand, which is nearly always.
+QString shownText(std::wstring_view text);
+
 // What becomes of a typed text on its way into the project, onto the clipboard and into the file.
 
 // A number as everything behind the screens reads it: "3,5" is "3.5", "6 180 123,45" is "6180123.45", digits

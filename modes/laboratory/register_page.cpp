@@ -61,13 +61,22 @@ constexpr TestRow testRows[] = {
     {"усадка", [](const LabSample& sample) { return !sample.shrinkage.empty(); }},
 };
 
+// Thousands of samples share the few texts that there are.
 QString testsOf(const LabSample& sample)
 {
-    QStringList names;
-    for (const TestRow& row : testRows)
-        if (row.isPresent(sample))
-            names.push_back(QString::fromUtf8(row.name));
-    return names.join(QStringLiteral(", "));
+    static QHash<unsigned, QString> known;
+    unsigned present = 0;
+    for (std::size_t i = 0; i < std::size(testRows); ++i)
+        present |= testRows[i].isPresent(sample) ? 1U << i : 0U;
+    QString& text = known[present];
+    if (present != 0 && text.isEmpty()) {
+        QStringList names;
+        for (std::size_t i = 0; i < std::size(testRows); ++i)
+            if (present >> i & 1U)
+                names.push_back(QString::fromUtf8(testRows[i].name));
+        text = names.join(QStringLiteral(", "));
+    }
+    return text;
 }
 
 QVector<GridColumn> columns()
@@ -223,6 +232,7 @@ void RegisterPage::read(IDBProject* project)
     const std::optional<std::vector<PointDepthKey>> changed = store_.takeChanged();
     if (!project) {
         shown_.clear();
+        keys_.clear();
         places_.clear();
         grid_->setRows({});
         return;
@@ -247,39 +257,95 @@ bool RegisterPage::readChanged(IDBProject& project, const std::vector<PointDepth
     return true;
 }
 
+qint64 RegisterPage::idOf(const PointDepthKey& key)
+{
+    qint64& id = ids_[textOf(key)];
+    if (id == 0)
+        id = ++lastId_;
+    return id;
+}
+
+namespace
+{
+
+// What of the rows other registers decide. Samples of a point come one after another, so what was found last
+// is mostly what is looked for next.
+class Surroundings
+{
+public:
+    explicit Surroundings(IDBProject& project)
+        : layers_(project)
+        , field_(project.getSamples())
+    {
+    }
+
+    void show(GridRow& row, const PointDepthKey& key)
+    {
+        if (name_ != key.pointName) {
+            name_ = key.pointName;
+            shownName_ = qText(name_);
+        }
+        row.cells[Point] = shownName_;
+        row.cells[Depth] = qText(key.depth);
+        if (const SampleValue* taken = field_.find(key.pointName, key.depth))
+            row.cells[Kind] = kindName(taken->sampleKind);
+        const ::Number depth = readNumber(key.depth);
+        const std::optional<SiteLayer> layer = depth ? layers_.layerAt(key.pointName, *depth) : std::nullopt;
+        if (!layer)
+            row.warnings = outside_;
+        else if (!layer->element.empty())
+            row.cells[Element] = qText(layer->element);
+    }
+
+private:
+    QString kindName(int kind)
+    {
+        QString& name = kinds_[kind];
+        if (const std::wstring_view* found = name.isEmpty() ? sampleKinds.find(kind) : nullptr)
+            name = qText(*found);
+        return name;
+    }
+
+    LayerFinder layers_;
+    const RowsByPlace<SampleRegister> field_;
+    const QVector<QString> outside_ = QVector<QString>(Element)
+        << QStringLiteral("Проба не попадает ни в один слой точки");
+    QHash<int, QString> kinds_;
+    std::wstring_view name_;
+    QString shownName_;
+};
+
+} // namespace
+
+// Mostly the samples are those of the last time in the same order, and their rows keep their ids unsought.
 void RegisterPage::readAll(IDBProject& project)
 {
-    keys_.clear();
-    shown_.clear();
-    places_.clear();
-    const SiteLayers layers(project);
-    const auto kinds = rowsByPlace(project.getSamples());
+    std::vector<PointDepthKey> keysBefore = std::exchange(keys_, {});
+    const GridRows rowsBefore = std::exchange(shown_, {});
+    shown_.reserve(rowsBefore.size());
+    keys_.reserve(keysBefore.size());
+    Surroundings surroundings(project);
+    bool isSameOrder = true;
     for (const auto& [key, sample] : project.getLabSamples()) {
         if (!isShown(sample))
             continue;
-        const Number depth = readNumber(key.depth);
-        const SiteLayer* layer = depth ? layers.layerAt(key.pointName, *depth) : nullptr;
-        const auto kind = kinds.find({key.pointName, key.depth});
-        const std::wstring_view* kindName =
-            kind == kinds.end() ? nullptr : sampleKinds.find(kind->second->sampleKind);
-        qint64& id = ids_[textOf(key)];
-        if (id == 0)
-            id = ++lastId_;
+        const std::size_t place = keys_.size();
+        const bool isSame = place < keysBefore.size() && keysBefore[place].pointName == key.pointName
+            && keysBefore[place].depth == key.depth;
+        isSameOrder = isSameOrder && isSame;
         GridRow row;
-        row.id = id;
+        row.id = isSame ? rowsBefore[static_cast<int>(place)].id : idOf(key);
         row.cells.resize(Tests + 1);
-        row.cells[Point] = qText(key.pointName);
-        row.cells[Depth] = qText(key.depth);
-        row.cells[Kind] = kindName ? qText(*kindName) : QString();
-        row.cells[Element] = layer ? qText(layer->element) : QString();
+        surroundings.show(row, key);
         showSample(row, sample);
-        if (!layer)
-            row.warnings = QVector<QString>(Element)
-                << QStringLiteral("Проба не попадает ни в один слой точки");
-        keys_.insert(id, key);
-        places_.insert(id, shown_.size());
-        shown_.push_back(row);
+        keys_.push_back(isSame ? std::move(keysBefore[place]) : key);
+        shown_.push_back(std::move(row));
     }
+    if (isSameOrder && keys_.size() == keysBefore.size())
+        return;
+    places_.clear();
+    for (int place = 0; place < shown_.size(); ++place)
+        places_.insert(qAsConst(shown_)[place].id, place);
 }
 
 void RegisterPage::store(SampleStates before, SampleStates after)
@@ -324,8 +390,9 @@ static void takeCells(const GridRow& row, LabSample& sample)
 void RegisterPage::takeRow(IDBProject& project, GridRow row, Edits& edits)
 {
     row.cells.resize(Tests + 1);
-    const auto old = keys_.constFind(row.id);
-    const LabSample* sample = old != keys_.constEnd() ? findSample(project, *old) : nullptr;
+    const int place = places_.value(row.id, -1);
+    const PointDepthKey* old = place < 0 ? nullptr : &keys_[static_cast<std::size_t>(place)];
+    const LabSample* sample = old ? findSample(project, *old) : nullptr;
     const PointDepthKey key = keyIn(row);
     LabSample made = sample ? *sample : blankSample(project, edits.lastNumber + 1);
     if (!sample && row.cells[Code].isEmpty())
@@ -383,10 +450,10 @@ void RegisterPage::edited(const GridRows& after)
             continue;
         takeRow(*project, row, edits);
     }
-    for (const GridRow& row : qAsConst(shown_)) {
-        if (isThere.contains(row.id))
+    for (std::size_t place = 0; place < keys_.size(); ++place) {
+        if (isThere.contains(qAsConst(shown_)[static_cast<int>(place)].id))
             continue;
-        const PointDepthKey key = keys_.value(row.id);
+        const PointDepthKey& key = keys_[place];
         const LabSample* sample = findSample(*project, key);
         if (!sample)
             continue;

@@ -39,6 +39,7 @@ private:
 
     void makeBar(QHBoxLayout& bar);
     void readAll(IDBProject& project);
+    qint64 idOf(const PointDepthKey& key);
     bool readChanged(IDBProject& project, const std::vector<PointDepthKey>& changed);
     void edited(const QVector<GridRow>& after);
     void takeRow(IDBProject& project, GridRow row, Edits& edits);
@@ -53,9 +54,9 @@ private:
     QLineEdit* filter_;
     QComboBox* missing_;
     QHash<QString, qint64> ids_; // of all samples that have been seen
-    QHash<qint64, PointDepthKey> keys_; // of the rows that are samples
     QHash<qint64, int> places_; // of the rows as read
     qint64 lastId_ = 0;
     QVector<GridRow> shown_; // as read
+    std::vector<PointDepthKey> keys_; // beside them
     QVector<GridRow> open_; // typed, but not a sample yet
 };

@@ -1,6 +1,7 @@
 #include "laboratory/sample_cells.h"
 
 #include "calc/physical.h"
+#include "common/typed_text.h"
 #include "dictionaries/properties.h"
 #include "dictionaries/test_loads.h"
 #include "modules/idbproject.h"
@@ -21,7 +22,7 @@ TX_Lab_Modes labModeOf(LabTest test)
 
 QString qText(std::wstring_view text)
 {
-    return QString::fromWCharArray(text.data(), static_cast<int>(text.size()));
+    return shownText(text);
 }
 
 QString textOf(const PointDepthKey& key)
