@@ -137,10 +137,14 @@ void ListCoords::readProject(IDBProject* project)
 {
     const GridRows rows = project ? table_.rows(*project) : GridRows();
     grid_->setEditingAllowed(project != nullptr);
-    if (!sameRows(rows, grid_->rows().rows()))
+    // The plan shows the points that are in the register, and only those.
+    if (shownPoints_ != table_.points() || !sameRows(rows, grid_->rows().rows())) {
         grid_->setRows(rows);
-    showPlan(rows);
-    showCommas(rows);
+        shownPoints_ = table_.points();
+        showPlan(rows);
+        showCommas(rows);
+    }
+    pane_->plan().setCurrent(grid_->currentRow());
     if (project)
         head_->showHead(headOf(*project));
     else
@@ -192,7 +196,6 @@ void ListCoords::showPlan(const GridRows& rows)
         points.append(point);
     }
     pane_->setPoints(points, withoutPlace);
-    pane_->plan().setCurrent(grid_->currentRow());
 }
 
 void ListCoords::showAccess()

@@ -62,6 +62,7 @@ private:
     void askName();
 
     PointTable table_;
+    std::optional<std::map<qint64, std::wstring>> shownPoints_; // by their rows
     std::optional<PointsChange> waiting_;
     IDBProject* asked_ = nullptr; // has been asked for its name; only compared
     HeadPanel* head_;

@@ -1,8 +1,11 @@
 #include "listCoords/point_cells.h"
 
 #include "common/number_sort_proxy.h"
+#include "common/typed_text.h"
 #include "core/base/calendar_date.h"
 #include "dictionaries/captions.h"
+
+#include <QHash>
 
 #include <algorithm>
 #include <iterator>
@@ -65,17 +68,19 @@ constexpr Column columns[] = {
 // clang-format on
 static_assert(std::size(columns) == PointColumnCount);
 
-QString toText(std::wstring_view text)
-{
-    return QString::fromWCharArray(text.data(), int(text.size()));
-}
-
+// Thousands of points share the few names.
 QString nameOfCode(const Column& column, int code)
 {
+    static QHash<const Choice*, QString> names;
     const auto end = column.choices + column.choiceCount;
     const auto choice =
         std::find_if(column.choices, end, [&](const Choice& each) { return each.code == code; });
-    return choice == end ? QString::number(code) : QString::fromWCharArray(choice->name);
+    if (choice == end)
+        return QString::number(code);
+    QString& name = names[choice];
+    if (name.isEmpty())
+        name = shownText(choice->name);
+    return name;
 }
 
 std::optional<int> codeOfName(const Column& column, const QString& text)
@@ -111,7 +116,7 @@ QVector<GridColumn> pointColumns()
 {
     QVector<GridColumn> made;
     for (const Column& column : columns) {
-        GridColumn grid{toText(column.title), column.kind, column.width};
+        GridColumn grid{shownText(column.title), column.kind, column.width};
         for (std::size_t i = 0; i < column.choiceCount; ++i)
             grid.choices.append(QString::fromWCharArray(column.choices[i].name));
         made.append(grid);
@@ -121,13 +126,13 @@ QVector<GridColumn> pointColumns()
 
 QVector<QString> pointCells(const PointKey& key, const std::vector<PointRow>& rows)
 {
-    const PointRow row = rows.empty() ? PointRow() : rows.front();
+    static const PointRow nothing;
+    const PointRow& row = rows.empty() ? nothing : rows.front();
     QVector<QString> cells(PointColumnCount);
-    cells[PointNameColumn] = QString::fromStdWString(key.pointName);
+    cells[PointNameColumn] = shownText(key.pointName);
     for (int column = PointKindColumn; column < PointColumnCount; ++column) {
         const Column& each = columns[column];
-        cells[column] =
-            each.text ? QString::fromStdWString(row.*each.text) : nameOfCode(each, codeOf(key, row, column));
+        cells[column] = each.text ? shownText(row.*each.text) : nameOfCode(each, codeOf(key, row, column));
     }
     return cells;
 }

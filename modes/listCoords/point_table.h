@@ -68,8 +68,9 @@ public:
     void carryOut(IDBProject& project, PointsChange& change);
 
     std::shared_ptr<PointDrafts> drafts() const { return drafts_; }
-    // The point in a row; empty where it is none yet.
+    // The point in a row, as given out last; empty where it is none yet. All of them by their rows.
     std::wstring pointOf(qint64 id) const;
+    const std::map<qint64, std::wstring>& points() const { return points_; }
     // An id for a row that has none yet.
     qint64 newId() { return ++lastId_; }
     // The cells that are not stored: where, and why.
