@@ -3,6 +3,7 @@
 #include "db/db_project.h"
 #include "dialogs/records/inform_record.h"
 #include "platform/utf8.h"
+#include "section/gl_arc.h"
 #include "section/gl_line.h"
 
 #include <gtest/gtest.h>
@@ -489,4 +490,28 @@ TEST(ProjectFields, InformsAreHeldByReference)
         EXPECT_EQ(alive, 1) << "the project gives back what it holds at its end";
     }
     EXPECT_EQ(alive, 0);
+}
+
+// A drawing's objects are handed over to the project, which gives them back once, at its end.
+TEST(ProjectFields, DrawingsEndWithTheProject)
+{
+    using Arc = Counted<GLArcDB>;
+    using Set = void (DBProject::*)(const GLObjectList&);
+    for (const Set set : {&DBProject::setTerrainGlObjectsA,
+             &DBProject::setTerrainGlObjectsB,
+             &DBProject::setLongGlObjects,
+             &DBProject::setCrossGlObjects}) {
+        int alive = 0;
+        auto project = makeReference<DBProject>();
+        const auto arc = [&alive] {
+            return makeReference<Arc>(alive, GLArcData(), Uuid(), L"GLArcDB", Uuid());
+        };
+        const auto kept = arc();
+        kept->addRef();
+        ((*project).*set)({kept.get(), arc().detach(), nullptr});
+        EXPECT_EQ(alive, 2);
+        project = {};
+        EXPECT_EQ(alive, 1);
+        EXPECT_EQ(kept->referenceCount(), 1);
+    }
 }

@@ -188,6 +188,9 @@ TEST(ProjectController, MarksAndBottoms)
     EXPECT_EQ(controller.getPointMark(L"1"), 101.25F);
     EXPECT_EQ(controller.getPointMark(L"01"), 0) << "the ordering takes it for 1, the question does not";
     EXPECT_EQ(controller.getPointMark(L"3"), 0);
+    project->addPointRegisterEntry({L"Скв-2а", 1}, {row});
+    for (const wchar_t* other : {L"Скв-2", L"Скв-2аб", L"скв-2а", L"12", L""})
+        EXPECT_EQ(controller.getPointMark(other), 0);
     EXPECT_EQ(failureOf([&] { controller.getPointMark(L"2"); }), "invalid stof argument");
 }
 

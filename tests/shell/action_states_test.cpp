@@ -244,7 +244,6 @@ TEST_F(ActionStates, HaveTheirTextsIconsAndPlaces)
         if (!made)
             continue;
         EXPECT_EQ(made->parent(), shell.mainWindow.get());
-        EXPECT_EQ(made->statusTip(), QString::fromWCharArray(row.tip ? row.tip : row.text));
         // Tool buttons count among the widgets too; menus and bars alone matter.
         const auto widgets = made->associatedWidgets();
         const auto places = std::count_if(widgets.begin(), widgets.end(), [](const QWidget* widget) {

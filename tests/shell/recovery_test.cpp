@@ -15,6 +15,7 @@
 #include <QStandardPaths>
 #include <QStatusBar>
 #include <QTableWidget>
+#include <QTimer>
 
 #include <algorithm>
 #include <limits>
@@ -177,6 +178,12 @@ TEST_F(Recovery, CopiesOfACrashAreOfferedAndOneIsOpened)
     table->selectRow(row);
     EXPECT_FALSE(restore->isEnabled());
     dialog.show();
+    QTimer::singleShot(50, qApp, [] {
+        QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return); // whoever does not read
+    });
+    table->setFocus();
+    QTest::keyClick(table, Qt::Key_Delete);
+    ASSERT_TRUE(QFile::exists(damaged)) << "the key at hand deletes nothing";
     {
         const ButtonAnswers answers({QString(), QStringLiteral("Удалить")});
         table->setFocus();
