@@ -160,6 +160,17 @@ bool SampleTable::readChanged(IDBProject& project, const std::vector<PointDepthK
     return true;
 }
 
+void SampleTable::showFirst(const std::function<bool(const LabSample&)>& isWanted)
+{
+    for (const PointDepthKey& key : keys_) {
+        const LabSample* sample = findSample(*project_, key);
+        if (!sample || !isWanted(*sample))
+            continue;
+        grid_->showRow(idOf(key), grid_->currentIndex().column());
+        return;
+    }
+}
+
 const PointDepthKey* SampleTable::currentKey() const
 {
     const auto place = grid_ ? places_.constFind(grid_->currentRow()) : places_.constEnd();

@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <QWidget>
 
+#include <functional>
 #include <vector>
 
 class EditGrid;
@@ -35,6 +36,8 @@ public:
     const PointDepthKey* currentKey() const;
     std::vector<PointDepthKey> selectedKeys() const;
     bool isEmpty() const { return keys_.empty(); }
+    // Makes the first sample current of which this is true, if there is one.
+    void showFirst(const std::function<bool(const LabSample&)>& isWanted);
 
 Q_SIGNALS:
     void edited(const SampleStates& before, const SampleStates& after);

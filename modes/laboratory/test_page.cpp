@@ -26,6 +26,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cstdint>
 #include <set>
 #include <string_view>
 #include <utility>
@@ -36,6 +37,29 @@ namespace
 // Any state but 0 and 8 lets the shell calculate: 0 is a screen without samples, 8 the editing of one.
 constexpr int stateOfTable = 1;
 constexpr int stateOfEditing = 8;
+
+// What the names of the methods take of the room that nobody else needs.
+constexpr int muchOfTheBar = 100;
+
+bool hasTest(const LabSample& sample, const TestChoice& choice)
+{
+    const auto method = static_cast<std::uint8_t>(choice.method);
+    switch (choice.test) {
+    case LabTest::Physical:
+        return !sample.physical.empty();
+    case LabTest::Grading:
+        return !sample.grading.empty();
+    case LabTest::Compression:
+        return sample.compression.contains(method);
+    case LabTest::Shear:
+        return sample.shear.contains(method);
+    case LabTest::Swelling:
+        return !sample.swelling.empty();
+    case LabTest::Shrinkage:
+        return !sample.shrinkage.empty();
+    }
+    return false;
+}
 
 QString viewNameOf(LabTest test)
 {
@@ -143,7 +167,8 @@ void TestPage::addChoices(QHBoxLayout& bar)
     method_->setAccessibleName(QStringLiteral("Способ испытания"));
     method_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     method_->setMinimumContentsLength(26);
-    bar.addWidget(method_);
+    method_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    bar.addWidget(method_, muchOfTheBar);
     connect(method_, qOverload<int>(&QComboBox::activated), this, [this] {
         closeEditors();
         choice_.method = method_->currentData().toInt();
@@ -192,6 +217,10 @@ void TestPage::fillMethods()
     else
         add(shearMethodNames);
     method_->setCurrentIndex(std::max(0, method_->findData(choice_.method)));
+    // Where the window is wide, as wide as the longest name.
+    method_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    method_->setMaximumWidth(method_->sizeHint().width());
+    method_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
 }
 
 // The last one, where the user wants it remembered; else a method by which the project has tests.
@@ -271,8 +300,12 @@ void TestPage::read(IDBProject* project)
         if (isNewProject_)
             Q_EMIT statesChanged();
     }
-    isNewProject_ = hasOldNames_ = false;
+    const bool isNewProject = std::exchange(isNewProject_, false);
+    hasOldNames_ = false;
     table_->read(*project, choice_, language(), changed ? &*changed : nullptr);
+    // Its curve tells more than that the very first sample has not been tested so.
+    if (isNewProject && choice_.test != LabTest::Physical)
+        table_->showFirst([this](const LabSample& sample) { return hasTest(sample, choice_); });
     if (isEditing_ && !findSample(*project, edited_))
         endEditing();
     if (isEditing_)

@@ -344,6 +344,30 @@ TEST(LaboratoryScreen, TestsThatCannotBeComputedSayWhyAtTheirCells)
     EXPECT_EQ(property(after, 32), L"");
 }
 
+TEST(LaboratoryScreen, APageOpensAtASampleThatHasItsTest)
+{
+    const Reference<DBProject> project = site(3);
+    LabSample& second = project->getLabSamples().find({L"Скв-1", L"2"})->second;
+    second.shear[3] = {{7, L"0.063"}};
+    LabSample& third = project->getLabSamples().find({L"Скв-1", L"3"})->second;
+    third.shear[3] = {{7, L"0.05"}};
+    third.swelling = {{3, {}, L"0.1", {}}};
+    Host host{project};
+    host.turnTo(Host::Shear);
+    EXPECT_EQ(host.grid()->currentIndex().row(), 1);
+    host.turnTo(Host::Swelling);
+    EXPECT_EQ(host.grid()->currentIndex().row(), 2);
+    host.turnTo(Host::Shrinkage);
+    EXPECT_EQ(host.grid()->currentIndex().row(), 0) << "nobody has it";
+    // From then on the row is the user's choice.
+    host.turnTo(Host::Shear);
+    host.write(0, QStringLiteral("0.1 "), QStringLiteral("0.04"));
+    const int chosen = host.grid()->currentIndex().row();
+    host.controller.undo();
+    host.turnTo(Host::Shear);
+    EXPECT_EQ(host.grid()->currentIndex().row(), chosen);
+}
+
 TEST(LaboratoryScreen, BearsAnyProjectAndLosesNothing)
 {
     for (const char* name : {"ALLTEXT.TLX", "ALLNUM.TLX", "PORTADOWN.TLX", "LURGAN.TLX"}) {
