@@ -96,6 +96,7 @@ StatisticsPage::StatisticsPage(ModeScreen& screen, QWidget* parent)
         QStringLiteral("Гранулометрия"),
         QStringLiteral("Сдвиг"),
         QStringLiteral("Компрессия")});
+    pictures_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     auto* head = new QHBoxLayout;
     head->addWidget(new QLabel(QStringLiteral("Элемент:"), this));
     head->addWidget(elements_);

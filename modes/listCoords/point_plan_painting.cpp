@@ -14,6 +14,7 @@ namespace
 const QColor paper(0xff, 0xff, 0xff);
 const QColor gridColor(0xe3, 0xe7, 0xea);
 const QColor gridTextColor(0x6c, 0x75, 0x7d);
+const QColor nameGround(0xff, 0xff, 0xff, 0xd8);
 const QColor inkColor(0x22, 0x2b, 0x33);
 const QColor currentColor(0xd9, 0x3a, 0x1e);
 
@@ -242,6 +243,8 @@ void PointPlan::drawLabels(QPainter& painter, const QVector<const PlanPoint*>& p
         if (box == places.end())
             continue;
         taken.take(*box);
+        // Over a line of the grid or one of its numbers it is the name that is to be read.
+        painter.fillRect(*box, nameGround);
         painter.drawText(QPointF(box->left(), box->bottom() - metrics.descent() / 2.0), point->name);
     }
 }

@@ -22,6 +22,17 @@ public:
             return 0;
         return QProxyStyle::styleHint(hint, option, widget, returned);
     }
+
+    QSize sizeFromContents(ContentsType type,
+        const QStyleOption* option,
+        const QSize& size,
+        const QWidget* widget) const override
+    {
+        // Else the longest text runs into the arrow.
+        constexpr int airBeforeArrow = 8;
+        const QSize fitting = QProxyStyle::sizeFromContents(type, option, size, widget);
+        return type == CT_ComboBox ? fitting + QSize(airBeforeArrow, 0) : fitting;
+    }
 };
 
 } // namespace
