@@ -2,12 +2,10 @@
 
 #include "common/grid_delegate.h"
 #include "common/typed_text.h"
-#include "common/view_settings.h"
 
 #include <QHash>
 #include <QHeaderView>
 #include <QScopedValueRollback>
-#include <QSettings>
 #include <QTimer>
 
 EditGrid::EditGrid(const QString& name, const QVector<GridColumn>& columns, QWidget* parent)
@@ -18,7 +16,7 @@ EditGrid::EditGrid(const QString& name, const QVector<GridColumn>& columns, QWid
     // A last column of text takes the width that the others leave, so none is remembered for it.
     horizontalHeader()->setStretchLastSection(columns.last().kind == GridColumn::Text);
     setSourceModel(model_);
-    setDefaultWidths(name);
+    setDefaultWidths();
     letLinesTakeTheRest();
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
     setItemDelegate(delegate_);
@@ -65,17 +63,13 @@ void EditGrid::resizeEvent(QResizeEvent* event)
     letLinesTakeTheRest();
 }
 
-void EditGrid::setDefaultWidths(const QString& name)
+void EditGrid::setDefaultWidths()
 {
     const int count = model_->columns().size() - (horizontalHeader()->stretchLastSection() ? 1 : 0);
     // Where the others leave nothing, the last column still needs the room for its title.
     makeRoomForTitles(count);
-    if (viewSettings()->contains(QStringLiteral("widths/") + name))
-        return;
-    // No title is cut off, whatever the size of the system's letters.
     for (int column = 0; column < count; ++column)
-        setColumnWidth(column, model_->columns()[column].width);
-    makeRoomForTitles();
+        setFirstWidth(column, model_->columns()[column].width);
 }
 
 // A press on a head chooses the column, as in every spreadsheet.

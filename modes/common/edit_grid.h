@@ -93,7 +93,7 @@ private:
     static const QVector<Act>& acts();
 
     void letLinesTakeTheRest();
-    void setDefaultWidths(const QString& name);
+    void setDefaultWidths();
     void connectHeads();
     void fitRowHeights();
     void showSpareRow();

@@ -40,14 +40,11 @@ QString settingsName(const Table& sheet)
 
 void setDefaultWidths(TableView* table, const Table& sheet)
 {
-    const QStringList kept =
-        viewSettings()->value(QStringLiteral("widths/") + settingsName(sheet)).toStringList();
     const QHeaderView* header = table->horizontalHeader();
     const int digit = table->fontMetrics().horizontalAdvance(QLatin1Char('0'));
     for (int column = 0; column < header->count(); ++column) {
         const int wanted = digit * (sheet.columns[static_cast<std::size_t>(column)].width + 1);
-        if (kept.value(column).toInt() <= 0)
-            table->setColumnWidth(column, qMax(wanted, header->sectionSizeHint(column)));
+        table->setFirstWidth(column, wanted);
     }
     // A number at the far edge of the screen has nothing to do with its row any more.
     table->horizontalHeader()->setStretchLastSection(sheet.columns.back().kind == TableColumn::Text);

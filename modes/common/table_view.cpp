@@ -1,7 +1,8 @@
 #include "common/table_view.h"
 
-#include "common/cursor_keys.h"
 #include "common/clipboard_text.h"
+#include "common/column_widths.h"
+#include "common/cursor_keys.h"
 #include "common/export_dialog.h"
 #include "common/typed_text.h"
 #include "common/view_settings.h"
@@ -46,7 +47,7 @@ TableView::TableView(const QString& name, QWidget* parent)
 void TableView::setSourceModel(QAbstractItemModel* source)
 {
     proxy_->setSourceModel(source);
-    keepColumnWidths(horizontalHeader(), name_);
+    widths_ = new ColumnWidths(this, name_);
 }
 
 void TableView::setFilterText(const QString& text)
@@ -240,9 +241,13 @@ void TableView::changeEvent(QEvent* event)
         makeRoomForTitles();
 }
 
+void TableView::setFirstWidth(int column, int width)
+{
+    widths_->setFirst(column, width);
+}
+
 void TableView::makeRoomForTitles(int first)
 {
-    for (int column = first; column < horizontalHeader()->count(); ++column)
-        if (!isColumnHidden(column))
-            setColumnWidth(column, qMax(columnWidth(column), horizontalHeader()->sectionSizeHint(column)));
+    if (widths_)
+        widths_->makeRoomForTitles(first);
 }

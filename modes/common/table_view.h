@@ -5,6 +5,8 @@
 #include <QKeySequence>
 #include <QTableView>
 
+class ColumnWidths;
+
 // Opens the export of a table.
 QKeySequence exportKeys();
 
@@ -22,6 +24,8 @@ public:
     // The table's own rows, in stored order, not owned. Call it once, when the columns stand.
     void setSourceModel(QAbstractItemModel* source);
     void setFilterText(const QString& text);
+    // In pixels, for as long as the user has not dragged the column; its title has room in any case.
+    void setFirstWidth(int column, int width);
     // When this column is scrolled out of view, the heads of the rows show it in place of their numbers; with
     // those beside it where a name takes several.
     void setNameColumn(int column, int columns = 1);
@@ -66,6 +70,7 @@ private:
 
     QString name_;
     NumberSortProxy* proxy_;
+    ColumnWidths* widths_ = nullptr; // a child
     int nameColumn_ = -1;
     int nameColumns_ = 1;
     int sortedColumn_ = -1;

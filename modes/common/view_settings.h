@@ -5,7 +5,6 @@
 
 #include <memory>
 
-class QHeaderView;
 class QSettings;
 class QSplitter;
 
@@ -13,8 +12,5 @@ class QSplitter;
 // beside the program's settings, which hold preferences alone.
 std::unique_ptr<QSettings> viewSettings();
 
-// Gives the columns of a table the widths that they had under this name, and keeps them from now on.
-void keepColumnWidths(QHeaderView* header, const QString& name);
-
-// The same for a splitter; the sizes are those of the first time.
+// Gives the splitter the sizes that it had under this name, the first time these, and keeps them from now on.
 void keepSplitter(QSplitter* splitter, const QString& name, const QList<int>& sizes);

@@ -1,14 +1,10 @@
 #include "ige/result_table.h"
 
-#include "common/view_settings.h"
-
 #include <QHeaderView>
-#include <QSettings>
 
 ResultTable::ResultTable(const QString& name, const QStringList& titles, int textColumns, QWidget* parent)
     : TableView(name, parent)
     , textColumns_(textColumns)
-    , hasStoredWidths_(viewSettings()->contains(QStringLiteral("widths/") + name))
     , model_(new QStandardItemModel(0, titles.size(), this))
 {
     setObjectName(name);
@@ -19,20 +15,14 @@ ResultTable::ResultTable(const QString& name, const QStringList& titles, int tex
     horizontalHeader()->setStretchLastSection(false);
     horizontalHeader()->setMinimumSectionSize(40);
     setSourceModel(model_);
-    if (hasStoredWidths_)
-        return;
     for (int column = 0; column < titles.size(); ++column)
-        setColumnWidth(column, column < textColumns ? 150 : 70);
-    makeRoomForTitles();
+        setFirstWidth(column, column < textColumns ? 150 : 70);
 }
 
 void ResultTable::setFirstWidths(const QVector<int>& widths)
 {
-    if (hasStoredWidths_)
-        return;
     for (int column = 0; column < widths.size(); ++column)
-        setColumnWidth(column, widths[column]);
-    makeRoomForTitles();
+        setFirstWidth(column, widths[column]);
 }
 
 void ResultTable::setRows(const QVector<ResultRow>& rows)

@@ -33,7 +33,6 @@ public:
 
 private:
     int textColumns_;
-    bool hasStoredWidths_;
     QStandardItemModel* model_;
 };
 

@@ -150,10 +150,8 @@ QWidget* ProjectsScreen::makeTable()
         QStringLiteral("2026-11-21 00:00"),
         QStringLiteral("Размер, КБ"),
         QStringLiteral("этот файл")};
-    if (table_->columnWidth(ProjectModel::Name) == table_->horizontalHeader()->defaultSectionSize())
-        for (int column = 0; column < ProjectModel::ColumnCount; ++column)
-            table_->setColumnWidth(
-                column, table_->fontMetrics().horizontalAdvance(usual[column]) + 2 * margin);
+    for (int column = 0; column < ProjectModel::ColumnCount; ++column)
+        table_->setFirstWidth(column, table_->fontMetrics().horizontalAdvance(usual[column]) + 2 * margin);
     table_->installEventFilter(this);
     connect(filter_, &QLineEdit::textChanged, this, &ProjectsScreen::arrange);
     connect(table_, &QTableView::doubleClicked, this, &ProjectsScreen::openCurrent);

@@ -1,4 +1,5 @@
 #include "common/typed_text.h"
+#include "common/view_settings.h"
 #include "support/registers_grid_host.h"
 
 #include <QClipboard>
@@ -7,6 +8,7 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QScrollBar>
+#include <QSettings>
 #include <QTableWidget>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -481,4 +483,43 @@ TEST_F(EditGridTest, ASpreadsheetTakesNumbersForNumbers)
     host.select(2, 4);
     host.press(Qt::Key_V, Qt::ControlModifier);
     expectCells("3.6||||глина 3.6\n6180.25||||\n3.6||||глина 3.6\n6180.25||||", 1);
+}
+
+// Of a table whose columns begin too narrow: what is cut takes the room that is left, a number in any case,
+// and what a hand has sized stays so, now and at the next start.
+TEST(GridWidths, CutTextsTakeTheRoomThatNobodyUses)
+{
+    const QString key = QStringLiteral("widths/test/grid");
+    const QVector<GridColumn> narrow = {{text("Глубина"), GridColumn::Number, 40},
+        {text("Вид"), GridColumn::Text, 60},
+        {text("Цвет"), GridColumn::Text, 60},
+        {text("Проба"), GridColumn::Number, 60}};
+    const QVector<QString> row = {
+        text("1.0186@1.0225"), text("песок средней плотности"), text("бурый"), text("1")};
+    viewSettings()->remove(key);
+    const auto isWhole = [&](const GridHost& host, int column) {
+        return host.grid.columnWidth(column) > host.grid.fontMetrics().horizontalAdvance(row[column]);
+    };
+    {
+        GridHost host{narrow};
+        host.fill({row});
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(isWhole(host, 0) && isWhole(host, 1));
+        host.grid.resize(420, 400);
+        EXPECT_TRUE(isWhole(host, 0) && !isWhole(host, 1));
+        EXPECT_LE(host.grid.horizontalHeader()->length(), host.grid.viewport()->width());
+        host.grid.resize(700, 400);
+        EXPECT_TRUE(isWhole(host, 1));
+        host.grid.horizontalHeader()->resizeSection(1, 75);
+        host.grid.resize(900, 400);
+        EXPECT_EQ(host.grid.columnWidth(1), 75);
+        host.grid.hide();
+    }
+    EXPECT_EQ(viewSettings()->value(key).toStringList().join(QLatin1Char(' ')), QStringLiteral("0 75 0 0"));
+    GridHost again{narrow};
+    again.fill({row});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(again.grid.columnWidth(1), 75);
+    EXPECT_TRUE(isWhole(again, 0));
+    viewSettings()->remove(key);
 }

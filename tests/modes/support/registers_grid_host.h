@@ -36,9 +36,8 @@ public:
             grid.model()->index(row, column), QItemSelectionModel::ClearAndSelect);
     }
 
-    // Keys go where a person's keys go: to the open editor, else to the grid.
-    // (keyClicks
-    // knows Latin letters only.
+    // Keys go where a person's keys go: to the open editor, else to the grid. (keyClicks knows Latin letters
+    // only.)
     void type(const QString& text)
     {
         for (const QChar& letter : text)
