@@ -90,8 +90,14 @@ void EditGrid::connectHeads()
 
 void EditGrid::fitRowHeights()
 {
-    if (model_->hasTallRows())
-        resizeRowsToContents();
+    if (!model_->hasTallRows())
+        return;
+    const bool wasSeen = viewport()->rect().intersects(visualRect(currentIndex()));
+    resizeRowsToContents();
+    // The rows below are moved at once, and not when the event loop comes to it: an editor opens there.
+    updateGeometries();
+    if (wasSeen)
+        scrollTo(currentIndex());
 }
 
 void EditGrid::showSpareRow()
@@ -259,7 +265,8 @@ void EditGrid::submit(const GridRows& typed)
     const QScopedValueRollback<bool> submitting(submitting_, true);
     // Whoever takes the rows may have graver things to say.
     if (isMended) {
-        toldOfCell_ = true;
+        toldMending_ = true;
+        toldReason_ = false;
         Q_EMIT told(QStringLiteral("Запятая в числе заменена точкой (Ctrl+Z вернёт)."));
     }
     asTyped_ = isMended ? typed : GridRows();

@@ -154,5 +154,6 @@ private:
     qint64 created_ = 0; // by the last submit
     qint64 entered_ = 0; // the new row in which the user is
     int beganIn_ = -1; // the column from which Tab has come, for Enter
-    bool toldOfCell_ = false;
+    bool toldReason_ = false; // of the cell that the cursor is on
+    bool toldMending_ = false;
 };

@@ -141,9 +141,11 @@ void EditGrid::currentChanged(const QModelIndex& current, const QModelIndex& pre
     if (submitting_)
         return;
     const QString reason = current.data(EditGridModel::ReasonRole).toString();
-    if (!reason.isEmpty() || (toldOfCell_ && !moving_))
+    // A reason goes with its cell; what was said of the text just typed stands until the next step.
+    if (!reason.isEmpty() || toldReason_ || (toldMending_ && !moving_))
         Q_EMIT told(QString(reason).replace(QLatin1Char('\n'), QLatin1Char(' ')));
-    toldOfCell_ = !reason.isEmpty() || (toldOfCell_ && moving_);
+    toldReason_ = !reason.isEmpty();
+    toldMending_ = toldMending_ && moving_ && reason.isEmpty();
 }
 
 void EditGrid::closeEditor()

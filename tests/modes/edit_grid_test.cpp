@@ -227,6 +227,30 @@ TEST_F(EditGridTest, WhatTheFileCannotHoldIsMarkedWithAProposal)
     EXPECT_TRUE(cell.data(Qt::ToolTipRole).toString().contains(text("«ро <= 2 г/см3»")))
         << cell.data(Qt::ToolTipRole).toString().toStdString();
     EXPECT_EQ(textForFile(text("й½−φ²\u2009Å№°±")), text("й1/2-фи2 A№°±"));
+    // What is said of a cell goes when it is mended.
+    host.select(0, 4);
+    EXPECT_TRUE(host.told.contains(text("не хранит"))) << host.told.toStdString();
+    host.type(text("2 г/см3"));
+    host.press(Qt::Key_Return);
+    EXPECT_EQ(host.told, QString());
+}
+
+TEST_F(EditGridTest, WhoeverEntersRowsSeesWhereHeTypes)
+{
+    const QString lines = text("Суглинок тугопластичный, с прослоями песка мелкого водонасыщенного, с ")
+        + text("включениями гравия и гальки до десяти процентов, с примесью органического вещества");
+    host.grid.resize(500, 240);
+    host.select(0, 0);
+    for (int row = 0; row < 9; ++row) {
+        host.type(QString::number(row + 1));
+        for (int column = 0; column < 3; ++column)
+            host.press(Qt::Key_Tab);
+        host.type(lines);
+        host.press(Qt::Key_Return);
+        const QRect seen = host.grid.visualRect(host.grid.currentIndex());
+        EXPECT_EQ(host.grid.currentIndex().row(), row + 1);
+        EXPECT_TRUE(host.grid.viewport()->rect().contains(seen)) << row << ": the next row is out of sight";
+    }
 }
 
 TEST_F(EditGridTest, FillsDownAndReplaces)
