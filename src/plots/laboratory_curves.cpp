@@ -299,8 +299,8 @@ Chart shrinkageChart(const Shrinkage& shrinkage, const CurveLook& look)
             {end, high, false, 0}};
         chart.series.push_back(std::move(line));
     }
-    chart.notes.push_back(L"Влажность на пределе усадки " + withUnit(shrinkage.limit, 3, L"")
-        + L"   относительная усадка: по высоте " + withUnit(shrinkage.heightStrain, 3, L"")
+    chart.notes.push_back(L"Влажность на пределе усадки " + withUnit(shrinkage.limit, 3, L""));
+    chart.notes.push_back(L"Относительная усадка: по высоте " + withUnit(shrinkage.heightStrain, 3, L"")
         + L", по диаметру " + withUnit(shrinkage.diameterStrain, 3, L"") + L", по объёму "
         + withUnit(shrinkage.volumeStrain, 3, L""));
     return chart;
