@@ -8,6 +8,7 @@
 #include "reports/sounding_report.h"
 #include "site/by_point.h"
 #include "site/cells.h"
+#include "static/sounding_colors.h"
 #include "static/sounding_states.h"
 
 #include <QComboBox>
@@ -179,13 +180,8 @@ SoundingGraphLook GraphPage::look() const
     made.isSideForce = screen_.project() && screen_.project()->getSoundingValueB() == 1;
     made.hasGrid = settings->gridGraphStatic() != 0;
     made.isColoured = settings->isColorGraphStatic() != 0;
-    const auto channel = [](int value) { return static_cast<std::uint8_t>(std::clamp(value, 0, 255)); };
-    made.tipColor = {channel(settings->staticGraphColorForeheadStaticColorRed()),
-        channel(settings->staticGraphColorForeheadStaticColorGreen()),
-        channel(settings->staticGraphColorForeheadStaticColorBlue())};
-    made.sideColor = {channel(settings->staticGraphColorSideStaticColorRed()),
-        channel(settings->staticGraphColorSideStaticColorGreen()),
-        channel(settings->staticGraphColorSideStaticColorBlue())};
+    made.tipColor = soundingTipColor(*settings);
+    made.sideColor = soundingSideColor(*settings);
     return made;
 }
 

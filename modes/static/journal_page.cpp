@@ -13,6 +13,8 @@
 #include "site/cells.h"
 #include "static/import_dialog.h"
 #include "static/journal_dialogs.h"
+#include "static/readings_graph.h"
+#include "static/sounding_colors.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -100,6 +102,7 @@ JournalPage::JournalPage(ModeScreen& screen, std::shared_ptr<SoundingChoice> cho
     , choice_(std::move(choice))
     , points_(new PointList(this))
     , grid_(new EditGrid(QStringLiteral("static/journal"), journalColumns(), this))
+    , graph_(new ReadingsGraph(this))
     , title_(new QLabel(this))
     , rig_(new QLineEdit(this))
     , date_(new QLineEdit(this))
@@ -110,11 +113,17 @@ JournalPage::JournalPage(ModeScreen& screen, std::shared_ptr<SoundingChoice> cho
     grid_->setEmptyText(QStringLiteral("В журнале нет отсчётов.\nВставьте их из таблицы (Ctrl+V), "
                                        "импортируйте файл\nили начните вводить глубины."));
     grid_->setAccessibleName(QStringLiteral("Журнал зондирования"));
+    graph_->setObjectName(QStringLiteral("readings"));
     layOut();
     setFocusProxy(grid_);
     connect(points_, &PointList::chosen, this, &JournalPage::choosePoint);
     connect(points_, &PointList::entered, grid_, [this] { grid_->setFocus(); });
     connect(grid_, &EditGrid::edited, this, &JournalPage::edit);
+    connect(grid_, &EditGrid::currentRowChanged, graph_, &ReadingsGraph::setCurrentRow);
+    connect(graph_, &ReadingsGraph::chosen, this, [this](qint64 row) {
+        grid_->showRow(row, std::max(0, grid_->currentIndex().column()));
+        grid_->setFocus();
+    });
     connect(rig_, &QLineEdit::editingFinished, this, &JournalPage::storeHead);
     connect(date_, &QLineEdit::editingFinished, this, &JournalPage::storeHead);
     connect(instrument_, qOverload<int>(&QComboBox::activated), this, [this](int) { storeProbe(); });
@@ -127,7 +136,11 @@ void JournalPage::layOut()
     auto* rightLayout = new QVBoxLayout(right);
     rightLayout->setContentsMargins(0, 0, 0, 0);
     rightLayout->addWidget(makeHead());
-    rightLayout->addWidget(grid_, 1);
+    auto* readings = new QSplitter(Qt::Horizontal, right);
+    readings->addWidget(grid_);
+    readings->addWidget(graph_);
+    keepSplitter(readings, QStringLiteral("static/readings"), {560, 420});
+    rightLayout->addWidget(readings, 1);
     auto* splitter = new QSplitter(Qt::Horizontal, this);
     splitter->addWidget(points_);
     splitter->addWidget(right);
@@ -195,6 +208,7 @@ void JournalPage::read(IDBProject* project)
     } else {
         points_->setPoints({});
         grid_->setRows({});
+        graph_->setReadings({}, {});
         title_->clear();
     }
     isReading_ = false;
@@ -238,7 +252,7 @@ void JournalPage::readJournal(IDBProject& project)
             id = ++lastId_;
     }
     Remarks remarks;
-    soundingReadings(state.rows, remarks);
+    const std::vector<SoundingReading> readings = soundingReadings(state.rows, remarks);
     GridRows rows;
     rows.reserve(count);
     for (int i = 0; i < count; ++i)
@@ -251,6 +265,7 @@ void JournalPage::readJournal(IDBProject& project)
             rows[row].warnings[cell] = QString::fromStdWString(remark.text);
     }
     grid_->setRows(rows);
+    showGraph(project, readings, rows);
     const bool isPoint = !choice_->point.empty();
     grid_->setEditingAllowed(isPoint);
     rig_->setEnabled(isPoint);
@@ -269,6 +284,29 @@ void JournalPage::readJournal(IDBProject& project)
     if (!remarks.empty())
         title += QStringLiteral(" · сомнительных ячеек: %1").arg(remarks.size());
     title_->setText(title);
+}
+
+// Of probe I there is the force on the side, of the others the friction.
+void JournalPage::showGraph(
+    IDBProject& project, const std::vector<SoundingReading>& readings, const GridRows& rows)
+{
+    const bool isSideForce = project.getSoundingValueB() == 1;
+    QVector<ReadingsGraph::Reading> shown;
+    shown.reserve(static_cast<int>(readings.size()));
+    for (const SoundingReading& reading : readings) {
+        const GridRow& row = rows[static_cast<int>(reading.row)];
+        const bool isDoubtful = std::any_of(row.warnings.begin(),
+            row.warnings.end(),
+            [](const QString& warning) { return !warning.isEmpty(); });
+        shown.append(
+            {row.id, reading.depth, reading.tip, isSideForce ? reading.side : reading.sleeve, isDoubtful});
+    }
+    const auto shownColor = [](const Color& color) { return QColor(color.red, color.green, color.blue); };
+    graph_->setReadings(shown,
+        {isSideForce ? QStringLiteral("Qs, кН") : QStringLiteral("fs, кПа"),
+            shownColor(soundingTipColor(*screen_.settings())),
+            shownColor(soundingSideColor(*screen_.settings()))});
+    graph_->setCurrentRow(grid_->currentRow());
 }
 
 void JournalPage::closeEditors()

@@ -6,6 +6,7 @@
 #include "static/sounding_states.h"
 
 #include <memory>
+#include <vector>
 
 class EditGrid;
 class ModeScreen;
@@ -13,9 +14,12 @@ class PointList;
 class QComboBox;
 class QLabel;
 class QLineEdit;
+class ReadingsGraph;
+struct SoundingReading;
 
-// Journals: the points on the left, the readings of the chosen one on the right, above them rig, date and
-// probe. Every act is one step of undo; what is typed is stored at once, and marked where it looks wrong.
+// Journals: the points on the left, the readings of the chosen one with their graph on the right, above them
+// rig, date and probe. Every act is one step of undo; what is typed is stored at once, and marked where it
+// looks wrong.
 class JournalPage : public Page
 {
     Q_OBJECT
@@ -37,6 +41,7 @@ private:
     QWidget* makeHead();
     void readPoints(IDBProject& project);
     void readJournal(IDBProject& project);
+    void showGraph(IDBProject& project, const std::vector<SoundingReading>& readings, const GridRows& rows);
     void choosePoint(const QString& name);
     void edit(const GridRows& after);
     void storeHead();
@@ -52,6 +57,7 @@ private:
     const std::shared_ptr<SoundingChoice> choice_;
     PointList* points_;
     EditGrid* grid_;
+    ReadingsGraph* graph_;
     QLabel* title_;
     QLineEdit* rig_;
     QLineEdit* date_;

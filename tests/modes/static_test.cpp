@@ -217,3 +217,23 @@ TEST(StaticScreen, BearsAnyProject)
         }
     }
 }
+
+// The graph beside the journal: a peak is clicked and the cursor stands at its reading; typing draws it anew.
+TEST(StaticScreen, AClickOnTheGraphLeadsToTheReading)
+{
+    ScreenHost host{"static19.dll", ModeStatic, site()};
+    turnTo(host, 0);
+    auto* table = host.screen->findChild<QTableView*>(QStringLiteral("journal"));
+    auto* graph = host.screen->findChild<QWidget*>(QStringLiteral("readings"));
+    ASSERT_TRUE(table && graph);
+    // Depths of 0.2 to 8 m: a click at three quarters of the height is near 6 m, whatever the margins.
+    const QPoint place(graph->width() / 2, graph->height() * 3 / 4);
+    QTest::mouseClick(graph, Qt::LeftButton, Qt::NoModifier, place);
+    const double depth = table->model()->index(table->currentIndex().row(), 0).data().toString().toDouble();
+    EXPECT_NEAR(depth, 5.7, 0.6);
+    EXPECT_EQ(QApplication::focusWidget(), table);
+    const QImage before = graph->grab().toImage();
+    host.type(QStringLiteral("5.75")); // over the depth
+    host.press(Qt::Key_Return);
+    EXPECT_NE(graph->grab().toImage(), before);
+}
