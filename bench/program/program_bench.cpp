@@ -173,7 +173,10 @@ void writeTours(std::ostream& out, const Tours& tours)
              "memory of the program, kB a point",
              "resident, MB",
              "resident after all modes, MB",
-             "save, ms"})
+             "save, ms",
+             "question before removing all points, ms",
+             "removal of all points, ms",
+             "its undo, ms"})
         out << "| " << whole << " | " << valuesOf(tours, whole) << " |\n";
     out << "\n| Mode, ms | first visit | second visit | paint while scrolling | longest paint |\n"
            "| --- | --- | --- | --- | --- |\n";
