@@ -19,6 +19,7 @@
 #include <QItemSelectionModel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QProgressDialog>
 #include <QScopeGuard>
 #include <QSplitter>
 #include <QTimer>
@@ -319,15 +320,26 @@ void ListCoords::settle()
         removeNow(*asking, change);
 }
 
-// In a large project all its registers are copied, so that the points can come back.
+// In a large project what remains of its registers is copied, so that the points can come back.
 void ListCoords::removeNow(IDBProject& project, PointsChange& change)
 {
+    constexpr int appearsAfter = 500; // ms
+    constexpr int steps = 1000;
     say(QStringLiteral("Точки удаляются..."));
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const auto pointer = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
-    table_.carryOut(project, change);
-    make(change);
-    say(QStringLiteral("Готово."));
+    QProgressDialog progress(QStringLiteral("Точки удаляются…"), QStringLiteral("Прервать"), 0, steps, this);
+    progress.setWindowTitle(QStringLiteral("Ведомость координат"));
+    progress.setWindowModality(Qt::WindowModal);
+    progress.setMinimumDuration(appearsAfter);
+    const bool isDone = table_.carryOut(project, change, [&](double share) {
+        progress.setValue(static_cast<int>(share * (steps - 1)));
+        return !progress.wasCanceled();
+    });
+    progress.reset();
+    if (isDone)
+        make(change);
+    say(isDone ? QStringLiteral("Готово.") : QStringLiteral("Удаление прервано: все точки на месте."));
 }
 
 bool ListCoords::isWanted(const PointsChange& change)

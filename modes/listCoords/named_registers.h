@@ -163,6 +163,7 @@ enum class Owner {
 template <auto getter, class Place>
 struct Register {
     using Map = std::remove_reference_t<std::invoke_result_t<decltype(getter), IDBProject&>>;
+    using Where = Place;
 
     std::wstring_view title;
     Owner owner = Owner::Point;

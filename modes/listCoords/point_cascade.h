@@ -2,6 +2,7 @@
 
 #include "modules/idbproject.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -53,4 +54,30 @@ public:
 private:
     struct Maps;
     std::shared_ptr<const Maps> maps_;
+};
+
+// The removal of points as two sets of registers that change places: one is the project's, the other one
+// waits here. To and fro takes no time, however large the project; making the registers without the points
+// does.
+class PointsRemoval
+{
+public:
+    // The share that is done, 0 to 1; false calls it off.
+    using Pace = std::function<bool(double share)>;
+
+    // The project stays as it is. Null where it was called off. What removalRefusal says is for the caller to
+    // see first.
+    static std::shared_ptr<PointsRemoval> prepare(
+        IDBProject& project, const std::vector<std::wstring>& pointNames, const Pace& pace = {});
+    ~PointsRemoval();
+
+    // Gives the project the registers without the points, or with them again.
+    void put(IDBProject& project, bool isRemoved);
+
+private:
+    struct Maps;
+    explicit PointsRemoval(std::unique_ptr<Maps> others);
+
+    std::unique_ptr<Maps> others_; // that the project does not have now
+    bool isRemoved_ = false;
 };

@@ -147,6 +147,8 @@ void showDraft(GridRows& rows, qint64 id, const PointDraft& draft)
 void PointsState::putInto(IDBProject& project) const
 {
     registers.putBack(project);
+    if (removal)
+        removal->put(project, isRemoved);
     for (const auto& [name, pointRows] : rows)
         if (const auto point = findPoint(project.getPointRegister(), name);
             point != project.getPointRegister().end())
@@ -340,7 +342,24 @@ PointsChange PointTable::change(
     return change;
 }
 
-void PointTable::carryOut(IDBProject& project, PointsChange& change)
+bool PointTable::carryOut(IDBProject& project, PointsChange& change, const PointsRemoval::Pace& pace)
+{
+    if (change.removed.empty() || !change.after.drafts.isEmpty()) {
+        moveAndStore(project, change);
+    } else {
+        change.before.removal = PointsRemoval::prepare(project, change.removed, pace);
+        if (!change.before.removal)
+            return false;
+        change.after.removal = change.before.removal;
+        change.after.isRemoved = true;
+        change.after.putInto(project);
+    }
+    change.isTriedOut = true;
+    change.isMade = true;
+    return true;
+}
+
+void PointTable::moveAndStore(IDBProject& project, PointsChange& change)
 {
     std::set<std::wstring> edited;
     std::vector<std::wstring> moving = change.removed;
@@ -364,6 +383,4 @@ void PointTable::carryOut(IDBProject& project, PointsChange& change)
         change.before.registers = {};
         change.after.rows = rowsOf(project, edited);
     }
-    change.isTriedOut = true;
-    change.isMade = true;
 }

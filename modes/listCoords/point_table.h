@@ -31,6 +31,8 @@ struct PointsState {
     PointDrafts drafts;
     std::vector<std::pair<std::wstring, std::vector<PointRow>>> rows; // of points that keep their names
     RegistersCopy registers; // where names or kinds change
+    std::shared_ptr<PointsRemoval> removal; // where points go and nothing else changes
+    bool isRemoved = false;
 
     void putInto(IDBProject& project) const;
 };
@@ -64,8 +66,9 @@ public:
     // large project to be copied.
     enum Trial { TakeBack, KeepValues };
     PointsChange change(IDBProject& project, const GridRows& before, const GridRows& after, Trial trial);
-    // Makes up for it, and leaves the project as it is afterwards.
-    void carryOut(IDBProject& project, PointsChange& change);
+    // Makes up for it, and leaves the project as it is afterwards. False where pace called it off: then
+    // nothing has changed. It is asked where points go by the thousand.
+    bool carryOut(IDBProject& project, PointsChange& change, const PointsRemoval::Pace& pace = {});
 
     std::shared_ptr<PointDrafts> drafts() const { return drafts_; }
     // The point in a row, as given out last; empty where it is none yet. All of them by their rows.
@@ -85,6 +88,7 @@ private:
     PointDrafts noteEdits(const GridRows& before, const GridRows& after, std::vector<std::wstring>& removed);
     void noteRow(
         const GridRow* before, const GridRow& after, qint64 id, qint64 below, PointDrafts& drafts) const;
+    void moveAndStore(IDBProject& project, PointsChange& change);
     void store(IDBProject& project, PointDrafts& drafts, PointsChange& change);
     void storeName(
         IDBProject& project, qint64 id, PointDraft& draft, PointNames& names, PointsChange& change);

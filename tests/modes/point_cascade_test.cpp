@@ -139,6 +139,66 @@ TEST(PointCascade, PutBackRestoresEveryByte)
     }
 }
 
+static void expectRemovalToAndFro(DBProject& project, const Names& names, const std::string& what)
+{
+    const auto written = bytesOf(project);
+    const auto removal = PointsRemoval::prepare(project, names);
+    ASSERT_EQ(bytesOf(project), written) << what;
+    removal->put(project, true);
+    const auto left = bytesOf(project);
+    removal->put(project, true);
+    EXPECT_EQ(bytesOf(project), left) << what;
+    removal->put(project, false);
+    EXPECT_EQ(bytesOf(project), written) << what;
+    const RegistersCopy before(project, names);
+    EXPECT_EQ(removePoints(project, names), L"") << what;
+    EXPECT_EQ(bytesOf(project), left) << what << ": as if taken out row by row";
+    before.putBack(project);
+}
+
+TEST(PointCascade, RemovalGoesToAndFroInOneStep)
+{
+    // Names that stand in no one order among them.
+    const auto mixed = makeReference<DBProject>();
+    for (const wchar_t* name : {L"1", L"10", L"2", L"1а", L"Скв-2", L"0", L"12б"}) {
+        mixed->addPointRegisterEntry({name, 1}, {PointRow()});
+        for (const wchar_t* depth : {L"0.5", L"12", L"3"})
+            mixed->addLithology({name, depth}, {L"", name});
+        mixed->addSounding({name, 3, L"", L""}, {{}});
+        mixed->addNumberedLink(std::wstring(name) + L":1", L"1");
+        mixed->getSectionLines()[L"Разрез 1-1'"].push_back({name, {}});
+    }
+    const auto uniform = makeReference<DBProject>();
+    for (const wchar_t* name : {L"1", L"10", L"2", L"30"})
+        for (const wchar_t* depth : {L"0.5", L"12", L"3"}) {
+            uniform->addPointRegisterEntry({name, 1}, {PointRow()});
+            uniform->addLithology({name, depth}, {L"", name});
+            uniform->addLabSample({name, depth}, {});
+        }
+    for (const auto& project : {mixed, uniform})
+        for (const Names& names : {Names{L"1"}, Names{L"10", L"2"}, Names{L"2", L"1", L"нет такой", L"0"}})
+            expectRemovalToAndFro(*project, names, std::to_string(names.size()));
+}
+
+TEST(PointCascade, ARemovalThatIsCalledOffNeverBegan)
+{
+    const auto project = makeReference<DBProject>();
+    for (int i = 1; i <= 3000; ++i)
+        project->addLithology({i % 2 ? L"1" : L"2", std::to_wstring(i)}, {L"", L""});
+    const auto written = bytesOf(*project);
+    std::vector<double> shares;
+    const auto goOn = [&](double share) {
+        shares.push_back(share);
+        return shares.size() < 3;
+    };
+    EXPECT_EQ(PointsRemoval::prepare(*project, {L"1"}, goOn), nullptr);
+    EXPECT_EQ(bytesOf(*project), written);
+    ASSERT_EQ(shares.size(), 3U);
+    EXPECT_LT(shares[0], shares[1]);
+    EXPECT_LT(shares[2], 0.6);
+    EXPECT_NE(PointsRemoval::prepare(*project, {L"1"}, [](double share) { return share <= 1; }), nullptr);
+}
+
 TEST(PointCascade, RefusalChangesNothing)
 {
     struct Row {
