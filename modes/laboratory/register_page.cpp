@@ -307,7 +307,7 @@ private:
     }
 
     LayerFinder layers_;
-    const RowsByPlace<SampleRegister> field_;
+    RowsByPlace<SampleRegister> field_;
     const QVector<QString> outside_ = QVector<QString>(Element)
         << QStringLiteral("Проба не попадает ни в один слой точки");
     QHash<int, QString> kinds_;

@@ -92,13 +92,12 @@ public:
         }
     }
 
-    // The rows of a point as they are stored, until visit answers true; null where it never does.
+    // The rows of a point as they are stored, until visit answers true; null where it never does. Quickest
+    // for the point asked for last and for the one behind it.
     template <class Visit>
-    const Entry* findOf(std::wstring_view point, const Visit& visit) const
+    const Entry* findOf(std::wstring_view point, const Visit& visit)
     {
-        const auto first = firstRuns_.find(point);
-        for (std::size_t run = first == firstRuns_.end() ? none : first->second; run != none;
-             run = runs_[run].next)
+        for (std::size_t run = firstRunOf(point); run != none; run = runs_[run].next)
             for (std::size_t i = runs_[run].begin; i < runs_[run].end; ++i)
                 if (visit(*entries_[i]))
                     return entries_[i];
@@ -141,11 +140,22 @@ private:
         }
         runs_.push_back({point, isFirst, entries_.size(), entries_.size(), none});
     }
+    std::size_t firstRunOf(std::wstring_view point)
+    {
+        for (const std::size_t near : {last_, last_ + 1})
+            if (near < runs_.size() && runs_[near].isFirst && runs_[near].point == point)
+                return last_ = near;
+        const auto first = firstRuns_.find(point);
+        if (first == firstRuns_.end())
+            return none;
+        return last_ = first->second;
+    }
     auto entryAt(std::size_t place) const { return entries_.begin() + static_cast<std::ptrdiff_t>(place); }
 
     std::vector<const Entry*> entries_;
     std::vector<Run> runs_;
     std::unordered_map<std::wstring_view, std::size_t> firstRuns_;
+    std::size_t last_ = 0; // found
 };
 
 template <class Register>
@@ -206,7 +216,7 @@ public:
     }
 
     // The first row there; null where there is none.
-    const typename Register::mapped_type* find(std::wstring_view point, std::wstring_view depth) const
+    const typename Register::mapped_type* find(std::wstring_view point, std::wstring_view depth)
     {
         const auto* found =
             runs_.findOf(point, [&](const auto& entry) { return entry.first.depth == depth; });

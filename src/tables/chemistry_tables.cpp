@@ -31,7 +31,7 @@ void fillGroups(TextRows& rows, const TableSource& source)
 
 void fillChemistry(TextRows& rows, const TableSource& source)
 {
-    const RowsByPlace samples(source.project.getLabSamples());
+    RowsByPlace samples(source.project.getLabSamples());
     for (const auto& [key, record] : source.project.getChemistry()) {
         const LabSample* sample = samples.find(key.pointName, key.depth);
         std::vector<std::wstring> cells{key.pointName, key.depth, sample ? sample->code : std::wstring()};

@@ -32,7 +32,7 @@ std::size_t cellCount(const LabSample& sample)
 void fillSamples(TextRows& rows, const TableSource& source)
 {
     // The kind of a sample stands in the field register.
-    const RowsByPlace field(source.project.getSamples());
+    RowsByPlace field(source.project.getSamples());
     for (const auto& [key, sample] : source.project.getLabSamples()) {
         const SampleValue* taken = field.find(key.pointName, key.depth);
         rows.add({key.pointName,
