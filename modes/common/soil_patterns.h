@@ -1,12 +1,15 @@
 #pragma once
 
-#include "common/hatch_pattern.h"
+#include "drawing/hatch.h"
 
+#include <QColor>
 #include <QHash>
-
-#include <map>
+#include <QPixmap>
+#include <QPointF>
+#include <QString>
 
 class IDBHatch;
+class QPainter;
 class QPainterPath;
 
 // The fill patterns of soils, ready to be painted with. Tiles are drawn once for each density of display.
@@ -16,7 +19,7 @@ public:
     // Without a library, or with one in another form, areas stay without a pattern.
     explicit SoilPatterns(IDBHatch* library);
 
-    bool has(std::uint32_t number) const { return patterns_.count(number) > 0; }
+    bool has(std::uint32_t number) const { return hatches_.count(number) > 0; }
     QString name(std::uint32_t number) const;
 
     // Fills an area, its tiles counted from the origin, so that neighbouring areas of a soil go together.
@@ -24,7 +27,7 @@ public:
         QPainter& painter, const QPainterPath& area, std::uint32_t number, const QPointF& origin = {}) const;
 
 private:
-    std::map<std::uint32_t, HatchPattern> patterns_;
+    Hatches hatches_;
     mutable QHash<quint64, QPixmap> tiles_;
 };
 

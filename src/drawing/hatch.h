@@ -35,6 +35,15 @@ std::optional<HatchTile> readHatchTile(const std::vector<std::uint8_t>& bytes);
 using Hatches = std::map<std::uint32_t, HatchTile>;
 Hatches readHatches(const std::map<std::uint32_t, std::vector<std::uint8_t>>& patterns);
 
+// A stroke of a tile from corner to corner, in units of the tile; dots and ovals have that many of
+// them all round.
+struct HatchOutline {
+    std::vector<Spot> corners;
+    bool isClosed = false;
+    bool isFilled = false;
+};
+HatchOutline hatchOutline(const HatchTile::Shape& shape, int roundCorners);
+
 // What a hatch leaves on the paper inside an area, in millimetres: strokes cut at the rings.
 struct HatchStrokes {
     struct Segment {

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 #include <numeric>
 
 namespace
@@ -19,20 +18,6 @@ bool areFinite(const std::vector<Ring>& rings)
             return std::isfinite(spot.x) && std::isfinite(spot.y);
         });
     });
-}
-
-Ring ovalRing(const std::vector<double>& numbers, double width, double height, double degrees, int corners)
-{
-    const double turn = degrees * std::numbers::pi / 180;
-    Ring ring;
-    for (int corner = 0; corner < corners; ++corner) {
-        const double angle = 2 * std::numbers::pi * corner / corners;
-        const double x = width / 2 * std::cos(angle);
-        const double y = height / 2 * std::sin(angle);
-        ring.push_back({numbers[0] + x * std::cos(turn) - y * std::sin(turn),
-            numbers[1] + x * std::sin(turn) + y * std::cos(turn)});
-    }
-    return ring;
 }
 
 // A sheet of a metre filled with the densest tile stays below this; more is a mistake in the scale.
@@ -162,15 +147,9 @@ private:
         const std::vector<double>& n = shape.numbers;
         if (shape.stroke == HatchTile::Stroke::Dot)
             return drawDots({n[0], n[1]}, n[2]);
-        if (shape.stroke == HatchTile::Stroke::Oval)
-            return drawOutline(ovalRing(n, n[2], n[3], n[4], ovalCorners), true, false);
-        const bool isFilled = shape.stroke == HatchTile::Stroke::Fill;
-        if (!isFilled && n.size() == 4)
+        if (shape.stroke == HatchTile::Stroke::Line && n.size() == 4)
             return; // stands among the courses
-        Ring ring;
-        for (std::size_t number = 0; number + 1 < n.size(); number += 2)
-            ring.push_back({n[number], n[number + 1]});
-        drawOutline(ring, isFilled, isFilled);
+        drawOutline(hatchOutline(shape, ovalCorners));
     }
 
     void drawDots(const Spot& centre, double diameter)
@@ -189,20 +168,20 @@ private:
         });
     }
 
-    void drawOutline(const Ring& outline, bool isClosed, bool isFilled)
+    void drawOutline(const HatchOutline& outline)
     {
-        overTiles(boundsOf(outline), [&](const Spot& corner) {
-            Ring ring = outline;
+        overTiles(boundsOf(outline.corners), [&](const Spot& corner) {
+            Ring ring = outline.corners;
             for (Spot& spot : ring)
                 spot = onPaper(spot, corner);
-            if (isFilled) {
+            if (outline.isFilled) {
                 if (clip_.holds(ring))
                     strokes_.fills.push_back(std::move(ring));
                 return;
             }
             for (std::size_t point = 0; point + 1 < ring.size(); ++point)
                 clip_.cut(ring[point], ring[point + 1], strokes_.lines);
-            if (isClosed)
+            if (outline.isClosed)
                 clip_.cut(ring.back(), ring.front(), strokes_.lines);
         });
     }

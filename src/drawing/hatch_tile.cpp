@@ -3,6 +3,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <numbers>
 #include <string_view>
 
 static constexpr int largestTile = 400;
@@ -71,6 +72,20 @@ std::optional<HatchTile::Shape> readShape(std::string_view line)
     return std::nullopt;
 }
 
+std::vector<Spot> ovalRing(const Spot& centre, double width, double height, double degrees, int corners)
+{
+    const double turn = degrees * std::numbers::pi / 180;
+    std::vector<Spot> ring;
+    for (int corner = 0; corner < corners; ++corner) {
+        const double angle = 2 * std::numbers::pi * corner / corners;
+        const double x = width / 2 * std::cos(angle);
+        const double y = height / 2 * std::sin(angle);
+        ring.push_back({centre.x + x * std::cos(turn) - y * std::sin(turn),
+            centre.y + x * std::sin(turn) + y * std::cos(turn)});
+    }
+    return ring;
+}
+
 } // namespace
 
 std::optional<HatchTile> readHatchTile(const std::vector<std::uint8_t>& bytes)
@@ -100,4 +115,18 @@ Hatches readHatches(const std::map<std::uint32_t, std::vector<std::uint8_t>>& pa
         if (std::optional<HatchTile> tile = readHatchTile(bytes))
             hatches.emplace(number, std::move(*tile));
     return hatches;
+}
+
+HatchOutline hatchOutline(const HatchTile::Shape& shape, int roundCorners)
+{
+    const std::vector<double>& n = shape.numbers;
+    if (shape.stroke == HatchTile::Stroke::Dot)
+        return {ovalRing({n[0], n[1]}, n[2], n[2], 0, roundCorners), true, true};
+    if (shape.stroke == HatchTile::Stroke::Oval)
+        return {ovalRing({n[0], n[1]}, n[2], n[3], n[4], roundCorners), true, false};
+    const bool isFilled = shape.stroke == HatchTile::Stroke::Fill;
+    HatchOutline outline{{}, isFilled, isFilled};
+    for (std::size_t number = 0; number + 1 < n.size(); number += 2)
+        outline.corners.push_back({n[number], n[number + 1]});
+    return outline;
 }

@@ -58,6 +58,42 @@ TEST(HatchTile, TakesWhatTheLibraryHoldsAndNothingElse)
         EXPECT_FALSE(readHatchTile(bytesOf(text))) << text;
 }
 
+// Each corner of an oval or a dot lies on it: as far from its two foci as it is long.
+TEST(HatchOutline, RoundStrokesHaveTheirCornersAllRound)
+{
+    struct Case {
+        HatchTile::Shape shape;
+        double length;
+        Spot firstFocus;
+        Spot secondFocus;
+        bool isFilled;
+    };
+    const double slope = 4 * std::sqrt(0.5);
+    for (const Case& row : {Case{{HatchTile::Stroke::Dot, {5, 7, 3}}, 3, {5, 7}, {5, 7}, true},
+             {{HatchTile::Stroke::Oval, {5, 7, 10, 6, 0}}, 10, {1, 7}, {9, 7}, false},
+             {{HatchTile::Stroke::Oval, {0, 0, 6, 10, 0}}, 10, {0, -4}, {0, 4}, false},
+             {{HatchTile::Stroke::Oval, {1, 2, 10, 6, 45}},
+                 10,
+                 {1 - slope, 2 - slope},
+                 {1 + slope, 2 + slope},
+                 false}}) {
+        const HatchOutline outline = hatchOutline(row.shape, 12);
+        EXPECT_TRUE(outline.isClosed);
+        EXPECT_EQ(outline.isFilled, row.isFilled);
+        ASSERT_EQ(outline.corners.size(), 12U);
+        Spot middle;
+        for (const Spot& corner : outline.corners) {
+            const auto distance = [&corner](const Spot& to) {
+                return std::hypot(corner.x - to.x, corner.y - to.y);
+            };
+            EXPECT_NEAR(distance(row.firstFocus) + distance(row.secondFocus), row.length, 1e-9);
+            middle = {middle.x + corner.x / 12, middle.y + corner.y / 12};
+        }
+        EXPECT_NEAR(middle.x, row.shape.numbers[0], 1e-9);
+        EXPECT_NEAR(middle.y, row.shape.numbers[1], 1e-9);
+    }
+}
+
 TEST(HatchStrokes, LinesFillTheBoxAndStayInside)
 {
     const Hatches hatches = hatchOf("a\n10 10\nline 0 5 10 5\n");

@@ -1,4 +1,3 @@
-#include "common/hatch_pattern.h"
 #include "common/section_drawing.h"
 #include "common/soil_patterns.h"
 #include "core/base/reference.h"
@@ -6,6 +5,7 @@
 #include "dictionaries/rock_names.h"
 #include "dictionaries/soil_names.h"
 #include "modules/idb_hatch.h"
+#include "paint/hatch_pictures.h"
 #include "persistence/project_file.h"
 #include "platform/utf8.h"
 
@@ -32,12 +32,6 @@ QString fromWide(std::wstring_view text)
 auto builtLibrary()
 {
     return readHatchFile(*fromUtf8(TELLURIX_PROGRAM_FOLDER "/hatch/gl/hatch.dat"));
-}
-
-std::vector<std::uint8_t> bytesOf(const char* text)
-{
-    const QByteArray bytes(text);
-    return {bytes.begin(), bytes.end()};
 }
 
 // The largest difference of two pictures in any part of any pixel.
@@ -114,14 +108,15 @@ TEST(SoilPatterns, PicturesAreTheTilesAndSeamless)
     for (const QJsonValue hatch : hatches) {
         const QString name = hatch[QStringLiteral("picture")].toString();
         SCOPED_TRACE(name.toStdString());
-        const auto pattern = HatchPattern::parse(
-            library->getHatches().at(std::uint32_t(hatch[QStringLiteral("number")].toInt())));
-        ASSERT_TRUE(pattern);
+        const auto hatchTile =
+            readHatchTile(library->getHatches().at(std::uint32_t(hatch[QStringLiteral("number")].toInt())));
+        ASSERT_TRUE(hatchTile);
         const QImage picture(QStringLiteral(":/images/ground_%1.png").arg(name));
         const QImage tile = picture.convertToFormat(QImage::Format_ARGB32);
         const QColor ink(0x30, 0x30, 0x30);
-        EXPECT_LE(
-            difference(tile, pattern->picture(2, ink).toImage().convertToFormat(QImage::Format_ARGB32)), 2)
+        EXPECT_LE(difference(tile,
+                      hatchTilePicture(*hatchTile, 2, ink).toImage().convertToFormat(QImage::Format_ARGB32)),
+            2)
             << "tools/render_pictures.sh has not been run";
 
         QImage shifted(tile.size(), QImage::Format_ARGB32);
@@ -131,7 +126,7 @@ TEST(SoilPatterns, PicturesAreTheTilesAndSeamless)
         const QPoint half(tile.width() / 2, tile.height() / 2);
         painter.translate(half + QPointF(0.5, 0.5));
         painter.scale(2, 2);
-        pattern->paintTile(painter, ink);
+        paintHatchTile(painter, *hatchTile, ink);
         painter.end();
         QImage laid(tile.size(), QImage::Format_ARGB32);
         for (int y = 0; y < laid.height(); ++y)
@@ -140,21 +135,6 @@ TEST(SoilPatterns, PicturesAreTheTilesAndSeamless)
                     (x + half.x()) % laid.width(), (y + half.y()) % laid.height(), tile.pixel(x, y));
         EXPECT_LE(difference(laid, shifted), 3);
     }
-}
-
-TEST(SoilPatterns, BytesOfAnotherFormAreNoPattern)
-{
-    EXPECT_TRUE(HatchPattern::parse(bytesOf("Глина\n24 24\nline 0 4 24 4\ndot 1 2 3\n")));
-    for (const char* text : {"",
-             "Глина\n24 24\n",
-             "Глина\n24\nline 0 4 24 4\n",
-             "Глина\n0 24\nline 0 4 24 4\n",
-             "Глина\n24 9999\nline 0 4 24 4\n",
-             "Глина\n24 24\nline 0 4 24\n",
-             "Глина\n24 24\narc 0 4 24 4\n",
-             "Глина\n24 24\ndot 1 2 nan\n",
-             "Глина\n24 24\nline 0 4 24 4"})
-        EXPECT_FALSE(HatchPattern::parse(bytesOf(text))) << text;
 }
 
 // Neighbours that share a soil run into each other at the same height whatever their own tops are, and a

@@ -1,7 +1,7 @@
 // The tiles of the hatches as pictures: ground_pictures HATCHES.json FOLDER.
 
-#include "common/hatch_pattern.h"
 #include "make_libraries/library_sources.h"
+#include "paint/hatch_pictures.h"
 
 #include <QFile>
 #include <QGuiApplication>
@@ -19,10 +19,10 @@ static void drawPictures(const std::string& source, const QString& folder)
     const IDBHatch::Patterns patterns = readHatchSource(source);
     const auto hatches = nlohmann::json::parse(source);
     for (const auto& hatch : hatches.at("hatches")) {
-        const auto pattern = HatchPattern::parse(patterns.at(hatch.at("number").get<std::uint32_t>()));
+        const auto tile = readHatchTile(patterns.at(hatch.at("number").get<std::uint32_t>()));
         const QString path = folder + QStringLiteral("/ground_")
             + QString::fromStdString(hatch.at("picture").get<std::string>()) + QStringLiteral(".png");
-        if (!pattern || !pattern->picture(density, strokeColor).save(path))
+        if (!tile || !hatchTilePicture(*tile, density, strokeColor).save(path))
             throw std::runtime_error(path.toStdString() + " cannot be drawn");
     }
 }
