@@ -1,17 +1,28 @@
 #!/usr/bin/env bash
 # Lets the Linux build (preset release) and the Windows build write the same things and compares them byte for byte:
 # every project that the tests generate, every sample written again and taken through JSON, what tlxtool tells of
-# them, the columns of two sites as DXF and SVG, and the two libraries of patterns and presets.
+# them, the columns of two sites as DXF and SVG and opened up as PDF, and the two libraries of patterns and presets.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/../.."
 export LC_ALL=ru_RU.UTF-8
 
 cmake --preset release >/dev/null
-cmake --build --preset release --target write_projects tlxtool library_files
+cmake --build --preset release --target write_projects tlxtool tlxdraw library_files
 cmake --preset windows >/dev/null
-cmake --build --preset windows --target write_projects tlxtool library_files
+cmake --build --preset windows --target write_projects tlxtool tlxdraw library_files
 work=build/windows/same_bytes
 rm -rf $work
+
+# open_pdf PDF: opens it up, in the order of its pages, since the toolkit writes fonts in any order and marks them by
+# it. The time of making goes. Pages and words stand beside it, so that a difference is told in words.
+open_pdf() {
+    qpdf --qdf --no-original-object-ids --static-id "$1" "$1.opened"
+    perl -pi -e 's{/CreationDate \(D:[^)]*\)}{/CreationDate ()}; s{/FontName /[A-Z]{6}\+}{/FontName /}' "$1.opened"
+    pdfinfo -f 1 -l 9999 "$1" | grep -E '^(Title|Creator|Pages|Page .*size|PDF version):' >"$1.pages"
+    pdffonts "$1" | awk '{ NF -= 2; print }' >"$1.fonts" # without the numbers of objects
+    pdftotext -bbox "$1" - | grep -v CreationDate >"$1.words"
+    rm "$1"
+}
 
 # write_all FOLDER BUILD SUFFIX [LAUNCHER]: paths are given alike, since reports name them.
 write_all() {
@@ -45,6 +56,8 @@ write_all() {
         for format in dxf svg; do
             $drawer draw $sample column --all --out $name.$format >>$folder/drawings/sheets.txt
         done
+        $drawer draw $sample column --all --out $name.pdf >>$folder/drawings/sheets.txt
+        open_pdf $name.pdf
         $drawer draw $sample column --all --language uk --sheet A3 --landscape --out $name.uk.svg >/dev/null
     done
 }
@@ -55,5 +68,11 @@ files=$(find $work/linux -type f | wc -l)
 [ "$files" -gt 400 ] || { echo "Only $files files were written: nothing was compared." >&2; exit 1; }
 drawings=$(find $work/linux/drawings -name '*.dxf' -o -name '*.svg' | wc -l)
 [ "$drawings" -gt 60 ] || { echo "Only $drawings drawings were made." >&2; exit 1; }
+for told in $work/linux/drawings/*.pdf.words; do
+    words=$(grep -c '<word ' "$told") || true
+    [ "$words" -gt 1000 ] || { echo "Only $words words in $told." >&2; exit 1; }
+    awk 'NR > 2 { ++fonts; bad += $(NF-2) != "yes" } END { exit bad || !fonts }' "${told%.words}.fonts" \
+        || { echo "${told%.words}: fonts are missing." >&2; cat "${told%.words}.fonts"; exit 1; }
+done
 diff -r $work/linux $work/windows
 echo "$files files, $(find $work/linux -name '*.TLX' | wc -l) projects among them, are the same on both systems."
