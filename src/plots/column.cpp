@@ -120,9 +120,15 @@ private:
             if (drawnDepth(data_) * 1000.0 / scale <= bodyHeight(true)
                 && planColumn(data_, measures(scale)).size() == 1)
                 return scale;
-        // Texts or depth need several sheets in any case: as large as the usual scale allows.
-        constexpr int usual = 100;
-        return drawnDepth(data_) * 1000.0 / usual <= 4 * bodyHeight(false) ? usual : scales.back();
+        // Texts or depth need several sheets in any case: no more of them, and the strip as large as they
+        // take.
+        const std::size_t fewest = planColumn(data_, measures(scales.back())).size();
+        const double room = bodyHeight(true) + static_cast<double>(fewest - 1) * bodyHeight(false);
+        for (const int scale : scales)
+            if (drawnDepth(data_) * 1000.0 / scale <= room
+                && planColumn(data_, measures(scale)).size() <= fewest)
+                return scale;
+        return scales.back();
     }
 
     Drawing sheetOfPage(const std::vector<ColumnPage>& pages, std::size_t page) const

@@ -219,6 +219,36 @@ TEST(Column, HardCasesComeOutReadable)
     EXPECT_FALSE(columnOf(columnOfLayers({layerOf(0, 5000)}), {}).empty());
 }
 
+// Where texts need several sheets at any scale, fitting takes no more of them and the largest scale they
+// bear.
+TEST(Column, FittingUsesTheSheetsThatTextsNeed)
+{
+    std::mt19937 random(5);
+    ColumnData many = columnOfLayers({});
+    for (int layer = 0; layer < 200; ++layer)
+        many.layers.push_back(layerOf(layer * 0.1, (layer + 1) * 0.1));
+    many.depth = 20;
+    const ColumnData wordy = columnOfLayers({layerOf(0, 1, wordsOf(random, 3000)), layerOf(1, 9)});
+    const ColumnData deep = columnOfLayers({layerOf(0, 130), layerOf(130, 260)});
+    for (const ColumnData& data : {many, wordy, deep}) {
+        std::size_t fewest = 0;
+        int largest = 0;
+        for (const int scale : columnScales()) {
+            ColumnLook look;
+            look.scale = scale;
+            const std::size_t sheets = columnOf(data, look).size();
+            if (fewest == 0 || sheets < fewest) {
+                fewest = sheets;
+                largest = scale;
+            }
+        }
+        const std::vector<Drawing> fitted = columnOf(data, {});
+        ASSERT_GT(fewest, 1U);
+        EXPECT_EQ(fitted.size(), fewest);
+        EXPECT_TRUE(hasText(fitted.front(), L"Масштаб верт.: 1:" + std::to_wstring(largest))) << largest;
+    }
+}
+
 // Settings and presets are typed by hand or damaged: the sheet stays one that can be drawn.
 TEST(Column, LooksThatMakeNoSense)
 {
