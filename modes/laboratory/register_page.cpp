@@ -324,6 +324,7 @@ void RegisterPage::readAll(IDBProject& project)
     const GridRows rowsBefore = std::exchange(shown_, {});
     shown_.reserve(rowsBefore.size());
     keys_.reserve(keysBefore.size());
+    ids_.reserve(static_cast<int>(project.getLabSamples().size()));
     Surroundings surroundings(project);
     bool isSameOrder = true;
     for (const auto& [key, sample] : project.getLabSamples()) {
@@ -344,6 +345,7 @@ void RegisterPage::readAll(IDBProject& project)
     if (isSameOrder && keys_.size() == keysBefore.size())
         return;
     places_.clear();
+    places_.reserve(shown_.size());
     for (int place = 0; place < shown_.size(); ++place)
         places_.insert(qAsConst(shown_)[place].id, place);
 }

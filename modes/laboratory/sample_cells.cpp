@@ -27,7 +27,12 @@ QString qText(std::wstring_view text)
 
 QString textOf(const PointDepthKey& key)
 {
-    return qText(key.pointName) + QChar(0x1f) + qText(key.depth);
+    std::wstring text;
+    text.reserve(key.pointName.size() + 1 + key.depth.size());
+    text += key.pointName;
+    text += L'\x1f';
+    text += key.depth;
+    return shownText(text);
 }
 
 template <class Cells, class Make>
