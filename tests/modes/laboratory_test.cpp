@@ -1,4 +1,6 @@
 #include "common/drawing_view.h"
+#include "common/edit_grid.h"
+#include "dictionaries/laboratory_vocabulary.h"
 #include "dictionaries/properties.h"
 #include "laboratory/curve_points.h"
 #include "laboratory/laboratory_screen.h"
@@ -134,6 +136,37 @@ TEST(LaboratoryScreen, DerivedCellsAreFilledAndTypedOnesStay)
     host.controller.redo();
     ASSERT_TRUE(host.click(QStringLiteral("Пересчитать все")));
     EXPECT_EQ(property(sample, 6), L"0.693");
+}
+
+TEST(LaboratoryScreen, RowsStayWithTheirSamplesWhenOthersComeAndGo)
+{
+    Host host{site()};
+    host.select(1, QStringLiteral("Наименование"));
+    auto* grid = dynamic_cast<EditGrid*>(host.grid());
+    ASSERT_TRUE(grid);
+    const qint64 second = grid->currentRow();
+    // From elsewhere: one above, the kind of a sample, and no layer any more.
+    host.project->addLabSample({L"Скв-1", L"0.5"}, {});
+    host.project->getSamples().begin()->second.sampleKind = 2;
+    host.controller.notify();
+    const auto cell = [&](int row, int column) {
+        return grid->rows().rows()[row].cells[column].toStdString();
+    };
+    EXPECT_EQ(grid->currentRow(), second);
+    EXPECT_EQ(cell(2, 1), "2");
+    EXPECT_EQ(cell(2, 5), "1");
+    EXPECT_EQ(cell(1, 4), QString::fromWCharArray(sampleKinds.find(2)->data()).toStdString());
+    EXPECT_EQ(cell(2, 4), QString::fromWCharArray(sampleKinds.find(0)->data()).toStdString());
+    host.project->getLithology().clear();
+    host.project->getLabSamples().erase(host.project->getLabSamples().begin());
+    host.controller.notify();
+    EXPECT_EQ(grid->currentRow(), second);
+    EXPECT_EQ(cell(1, 1), "2");
+    EXPECT_EQ(cell(1, 5), "");
+    EXPECT_FALSE(grid->rows().rows()[1].warnings.isEmpty());
+    // What is typed goes to the sample of the row.
+    host.write(1, QStringLiteral("Наименование"), QStringLiteral("Лёсс"));
+    EXPECT_EQ(host.sample(L"Скв-1", L"2").soilKind.text, L"Лёсс");
 }
 
 TEST(LaboratoryScreen, ATypedNameOfTheSoilStays)
