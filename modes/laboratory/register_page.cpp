@@ -339,7 +339,10 @@ void RegisterPage::readAll(IDBProject& project)
         row.cells.resize(Tests + 1);
         surroundings.show(row, key);
         showSample(row, sample);
-        keys_.push_back(isSame ? std::move(keysBefore[place]) : key);
+        if (isSame)
+            keys_.push_back(std::move(keysBefore[place]));
+        else
+            keys_.push_back(key);
         shown_.push_back(std::move(row));
     }
     if (isSameOrder && keys_.size() == keysBefore.size())
