@@ -109,7 +109,20 @@ void EditGrid::setRows(const GridRows& rows)
 {
     const bool wasEmpty = model_->rows().isEmpty();
     const int rowsBefore = model_->rows().size();
+    const QModelIndex before = currentIndex();
+    QVector<qint64> fromHere; // records, from the current one on, and the spare row
+    for (int row = qMax(before.row(), 0); before.isValid() && row < model()->rowCount(); ++row)
+        fromHere.append(idAt(row));
+    const int column = before.column();
     model_->setRows(rows);
+    // Where the current row is deleted, the next one has its place, and not the one above: who deletes once
+    // more means that.
+    if (!fromHere.isEmpty() && currentIndex().isValid() && !cellOf(fromHere.first(), column).isValid())
+        for (const qint64 id : qAsConst(fromHere))
+            if (const QModelIndex next = cellOf(id, column); next.isValid()) {
+                goTo(next);
+                break;
+            }
     if (sortedColumn() >= 0 && rows.size() > rowsBefore)
         proxy()->sort(sortedColumn(), proxy()->sortOrder());
     fitRowHeights();

@@ -439,6 +439,25 @@ TEST_F(EditGridTest, BlocksAreClearedAndRowsDeletedInOneStep)
     expectCells("", 3);
 }
 
+TEST_F(EditGridTest, WhoDeletesOnceMoreDeletesTheNextRow)
+{
+    host.fill({{text("1")}, {text("2")}, {text("3")}, {text("4")}});
+    host.select(1, 4);
+    for (const int left : {3, 2}) {
+        host.press(Qt::Key_Delete, Qt::ControlModifier);
+        ASSERT_EQ(host.grid.rows().rows().size(), left);
+        EXPECT_EQ(host.grid.currentIndex(), host.grid.model()->index(1, 4));
+        EXPECT_TRUE(host.grid.selectionModel()->isSelected(host.grid.currentIndex()));
+    }
+    expectCells("1\n4", 2);
+    host.press(Qt::Key_Delete, Qt::ControlModifier);
+    host.press(Qt::Key_Delete, Qt::ControlModifier);
+    expectCells("1", 3); // the spare row has come there
+    host.select(0, 0);
+    host.press(Qt::Key_Delete, Qt::ControlModifier);
+    EXPECT_EQ(host.grid.currentIndex(), host.grid.model()->index(0, 0));
+}
+
 TEST_F(EditGridTest, ABlockFromASpreadsheetGrowsTheTable)
 {
     host.fill({{text("1"), text("м"), text("Валовая"), {}, text("a")}});
