@@ -1,6 +1,7 @@
 #include "chemistry/analyses_page.h"
 
 #include "chemistry/chemistry_setup.h"
+#include "common/filter_keys.h"
 #include "common/mode_screen.h"
 #include "common/typed_text.h"
 #include "core/base/mexception.h"
@@ -213,6 +214,7 @@ AnalysesPage::AnalysesPage(ModeScreen& screen, Kind kind)
         for (EditGrid* grid : grids_)
             grid->setFilterText(text);
     });
+    leadFilterToTable(filter, [this] { return grid_; });
     connect(add, &QPushButton::clicked, this, [this] { grid_->addRow(); });
     connect(remove, &QPushButton::clicked, this, [this] { grid_->deleteSelectedRows(); });
     connect(units_, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &AnalysesPage::chooseUnits);

@@ -3,6 +3,7 @@
 #include "common/edit_grid.h"
 #include "common/exchange_command.h"
 #include "common/export_dialog.h"
+#include "common/filter_keys.h"
 #include "common/notice_bar.h"
 #include "common/number_sort_proxy.h"
 #include "common/typed_text.h"
@@ -83,7 +84,9 @@ QWidget* ListCoords::makeTablePane()
     filter->setAccessibleName(QStringLiteral("Фильтр"));
     filter->setClearButtonEnabled(true);
     filter->setObjectName(QStringLiteral("pointFilter"));
+    filter->setToolTip(QStringLiteral("Слова через пробел. Enter — к таблице, Esc — показать все точки."));
     connect(filter, &QLineEdit::textChanged, grid_, &EditGrid::setFilterText);
+    leadFilterToTable(filter, [this] { return grid_; });
     grid_->setEmptyText(
         QStringLiteral("Точек пока нет.\nНажмите Ins, чтобы добавить точку, или вставьте таблицу (Ctrl+V)."));
     auto* pane = new QWidget;

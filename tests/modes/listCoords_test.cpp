@@ -120,6 +120,21 @@ TEST(ListCoords, ATypedCellIsOneChangeToldOnce)
     EXPECT_EQ(counter.calls, 3);
 }
 
+TEST(ListCoords, KeysLeadFromTheFilterToTheTableAndTakeItAway)
+{
+    ListCoordsHost host(smallProject());
+    auto* filter = host.part<QLineEdit>("pointFilter");
+    for (const int key : {Qt::Key_Return, Qt::Key_Down, Qt::Key_Escape}) {
+        filter->setFocus();
+        host.press(Qt::Key_A, Qt::ControlModifier);
+        host.type(QStringLiteral("шурф"));
+        EXPECT_EQ(host.table()->model()->rowCount(), 2) << "with the spare row";
+        host.press(key);
+        EXPECT_TRUE(host.table()->hasFocus()) << key;
+        EXPECT_EQ(host.table()->model()->rowCount(), key == Qt::Key_Escape ? 4 : 2) << key;
+    }
+}
+
 TEST(ListCoords, EditOfFirstRowLeavesFurtherRowsAlone)
 {
     ListCoordsHost host(smallProject());

@@ -192,8 +192,12 @@ protected:
         goTo(first, on_->table->columns.front());
         for (int row = first; row < last; ++row)
             press(Qt::Key_Down, Qt::ShiftModifier);
+        const QString below = last + 1 < spareRow() ? seen(last + 1, keyColumn()) : QString();
         step();
         press(Qt::Key_Delete, Qt::ControlModifier);
+        const QModelIndex now = view()->currentIndex();
+        EXPECT_TRUE(view()->selectionModel()->isSelected(now)) << "nobody sees what would be deleted next";
+        EXPECT_EQ(seen(now.row(), keyColumn()).toStdString(), below.toStdString());
         auto& all = records();
         const auto isGone = [&](MeantRecord& each) { return keys.contains(each[keyColumn()]); };
         all.erase(std::remove_if(all.begin(), all.end(), isGone), all.end());
@@ -397,6 +401,8 @@ protected:
             if (on_->mode != ModeListCoords)
                 return;
             filter->setFocus();
+            if (chance(50))
+                return press(Qt::Key_Escape);
             press(Qt::Key_A, Qt::ControlModifier);
             press(Qt::Key_Backspace);
             view->setFocus();
