@@ -335,6 +335,7 @@ void ListCoords::removeNow(IDBProject& project, PointsChange& change)
     progress.setWindowTitle(QStringLiteral("Ведомость координат"));
     progress.setWindowModality(Qt::WindowModal);
     progress.setMinimumDuration(appearsAfter);
+    progress.setMinimumWidth(320); // of the title, pixels
     const bool isDone = table_.carryOut(project, change, [&](double share) {
         progress.setValue(static_cast<int>(share * (steps - 1)));
         return !progress.wasCanceled();
