@@ -153,20 +153,21 @@ TEST(LaboratoryScreen, RowsStayWithTheirSamplesWhenOthersComeAndGo)
         return grid->rows().rows()[row].cells[column].toStdString();
     };
     EXPECT_EQ(grid->currentRow(), second);
+    EXPECT_EQ(grid->rows().rowOf(second), 2);
     EXPECT_EQ(cell(2, 1), "2");
     EXPECT_EQ(cell(2, 5), "1");
     EXPECT_EQ(cell(1, 4), QString::fromWCharArray(sampleKinds.find(2)->data()).toStdString());
     EXPECT_EQ(cell(2, 4), QString::fromWCharArray(sampleKinds.find(0)->data()).toStdString());
+    // What is typed goes to the sample of the row.
+    host.write(2, QStringLiteral("Наименование"), QStringLiteral("Лёсс"));
+    EXPECT_EQ(host.sample(L"Скв-1", L"2").soilKind.text, L"Лёсс");
     host.project->getLithology().clear();
     host.project->getLabSamples().erase(host.project->getLabSamples().begin());
     host.controller.notify();
-    EXPECT_EQ(grid->currentRow(), second);
+    EXPECT_EQ(grid->rows().rowOf(second), 1);
     EXPECT_EQ(cell(1, 1), "2");
     EXPECT_EQ(cell(1, 5), "");
     EXPECT_FALSE(grid->rows().rows()[1].warnings.isEmpty());
-    // What is typed goes to the sample of the row.
-    host.write(1, QStringLiteral("Наименование"), QStringLiteral("Лёсс"));
-    EXPECT_EQ(host.sample(L"Скв-1", L"2").soilKind.text, L"Лёсс");
 }
 
 TEST(LaboratoryScreen, ATypedNameOfTheSoilStays)
