@@ -25,6 +25,7 @@ struct HeadWords {
     std::wstring_view continued;
     std::wstring_view opened;
     std::wstring_view nothing;
+    std::wstring_view leftOut;
     std::wstring_view title;
 };
 
@@ -40,6 +41,7 @@ const HeadWords& headWords(int language)
             L" (продолжение)",
             L"* — вскрытая мощность",
             L"Слои не описаны",
+            L"Без мощности, не показаны: ",
             L"Инженерно-геологическая колонка. "},
         {captions::boreholeNumberUkrainian,
             captions::totalDepthUkrainian,
@@ -50,6 +52,7 @@ const HeadWords& headWords(int language)
             L" (продовження)",
             L"* — розкрита потужність",
             L"Шари не описані",
+            L"Без потужності, не показані: ",
             L"Інженерно-геологічна колонка. "},
     };
     return words[languagePlace(language)];
@@ -207,10 +210,24 @@ private:
         const double block = titleBlockHeight(isFirst ? look_.firstBlock : look_.nextBlock);
         const double y = field_.bottom - block - 1.4;
         sketch.setLayer(Layer::Text);
-        if (data_.layers.empty())
-            sketch.text(words.nothing, {field_.left + 1, y}, height, Align::Left, Font::Narrow);
-        else if (isLast && hasLane(column_lane::Thickness) && look_.heading.empty())
-            sketch.text(words.opened, {field_.left + 1, y}, height, Align::Left, Font::Narrow);
+        std::wstring note;
+        if (data_.layers.empty() && data_.leftOut.empty())
+            note = words.nothing;
+        else if (isLast && hasLane(column_lane::Thickness) && look_.heading.empty() && !data_.layers.empty())
+            note = words.opened;
+        if (isLast && !data_.leftOut.empty()) {
+            note += (note.empty() ? L"" : L". ") + std::wstring(words.leftOut);
+            for (const std::wstring& layer : data_.leftOut)
+                note += (&layer == &data_.leftOut.front() ? L"" : L", ") + layer;
+        }
+        const double room = field_.right - field_.left - 2;
+        if (note.empty())
+            return;
+        sketch.text(shortenedText(note, Font::Narrow, height, room),
+            {field_.left + 1, y},
+            height,
+            Align::Left,
+            Font::Narrow);
     }
 
     bool hasLane(std::int32_t column) const

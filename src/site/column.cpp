@@ -10,6 +10,7 @@
 #include "site/points.h"
 #include "site/soil_hatches.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <unordered_set>
@@ -69,6 +70,20 @@ std::vector<ColumnLayer> columnLayers(
         layers.push_back(std::move(made));
     }
     return layers;
+}
+
+std::vector<std::wstring> layersLeftOut(
+    IDBProject& project, std::wstring_view point, const std::vector<ColumnLayer>& shown)
+{
+    std::vector<std::wstring> leftOut;
+    std::int64_t number = 0;
+    for (const auto* row : rowsOfPoint(project.getLithology(), point)) {
+        ++number;
+        if (std::ranges::none_of(shown, [number](const ColumnLayer& layer) { return layer.id == number; }))
+            leftOut.push_back(
+                std::to_wstring(number) + L" (" + row->first.depth + L" м) " + row->second.description);
+    }
+    return leftOut;
 }
 
 std::vector<ColumnWater> columnWaters(
@@ -209,6 +224,7 @@ ColumnData columnData(IDBProject& project, std::wstring_view name, std::wstring_
             data.y = rows.front().text1;
         }
     data.layers = columnLayers(project, name, data.mouthMark);
+    data.leftOut = layersLeftOut(project, name, data.layers);
     data.waters = columnWaters(project, name, data.mouthMark);
     data.samples = columnSamples(project, name);
     data.consistency = columnConsistency(project, name);

@@ -79,6 +79,8 @@ struct ColumnData {
     std::vector<ColumnSample> samples;
     std::vector<ColumnConsistency> consistency;
     ColumnSounding sounding;
+    // Layers that have no thickness, so no place in a strip to scale: number, depth, description.
+    std::vector<std::wstring> leftOut = {};
 };
 
 // Everything that the project has for the point; the sounding is the named one, or its own, or else the

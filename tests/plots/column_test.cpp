@@ -213,6 +213,14 @@ TEST(Column, HardCasesComeOutReadable)
         EXPECT_GE(seen, data.layers.size());
     }
     EXPECT_TRUE(hasText(columnOf(empty, {}).front(), L"Слои не описаны"));
+    ColumnData flat = columnOfLayers({layerOf(0, 5)});
+    flat.leftOut = {L"1 (0 м) Песок", L"3 (-2 м) Глина"};
+    EXPECT_TRUE(hasText(columnOf(flat, {}).front(),
+        L"* — вскрытая мощность. Без мощности, не показаны: 1 (0 м) Песок, 3 (-2 м) Глина"));
+    flat.layers.clear();
+    flat.leftOut.assign(30, L"1 (0 м) Суглинок тугопластичный");
+    EXPECT_TRUE(textsAreApart(columnOf(flat, {}).front()));
+    EXPECT_FALSE(hasText(columnOf(flat, {}).front(), L"Слои не описаны"));
     ColumnLook look;
     look.scale = 10;
     EXPECT_THROW(columnOf(columnOfLayers({layerOf(0, 5000)}), look), MException);

@@ -1,5 +1,6 @@
 #include "core/base/reference.h"
 #include "db/db_project.h"
+#include "site/column.h"
 #include "site/element_links.h"
 #include "site/layers.h"
 #include "site/points.h"
@@ -128,4 +129,18 @@ TEST(SitePoints, NumbersOfTheFirstRow)
     EXPECT_EQ(points[1].kind, PointKind::Unknown);
     EXPECT_EQ(pointKindFullName(2), L"Шурф");
     EXPECT_EQ(pointKindShortName(77), L"77");
+}
+
+// A layer that begins and ends at the mouth has no place in a strip to scale; the column tells of it.
+TEST(ColumnOfPoint, LayersWithoutThicknessAreToldApart)
+{
+    const auto project = makeReference<DBProject>();
+    project->addLithology({L"С-1", L"0"}, {L"", L"Почва"});
+    project->addLithology({L"С-1", L"2.5"}, {L"", L"Глина"});
+    project->addLithology({L"С-2", L"1"}, {L"", L"Песок"});
+    const ColumnData column = columnData(*project, L"С-1");
+    ASSERT_EQ(column.layers.size(), 1U);
+    EXPECT_EQ(column.layers.front().description, L"Глина");
+    EXPECT_EQ(column.leftOut, std::vector<std::wstring>{L"1 (0 м) Почва"});
+    EXPECT_TRUE(columnData(*project, L"С-2").leftOut.empty());
 }
