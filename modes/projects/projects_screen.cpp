@@ -144,7 +144,7 @@ QWidget* ProjectsScreen::makeTable()
     table_->verticalHeader()->hide();
     // As wide as what usually stands in a column.
     static const QString usual[ProjectModel::ColumnCount] = {QStringLiteral("20-1040/26"),
-        QStringLiteral("Жилой дом по улице Садовой, секция «А» (вторая очередь)"),
+        QStringLiteral("Жилой дом по улице Садовой, секция «А»"),
         QStringLiteral("SADOVAYA-12.TLX"),
         QStringLiteral("10000"),
         QStringLiteral("2026-11-21 00:00"),
