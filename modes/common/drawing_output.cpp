@@ -5,6 +5,7 @@
 #include "paint/drawing_files.h"
 #include "paint/drawing_fonts.h"
 #include "paint/drawing_painter.h"
+#include "platform/files.h"
 
 #include <QClipboard>
 #include <QFileDialog>
@@ -102,6 +103,30 @@ Sheets askSheets(QWidget* parent, std::size_t count)
                                        : Sheets::None;
 }
 
+// The file dialog has asked about the one name that was typed, and not about those of the sheets.
+bool mayReplace(QWidget* parent, const std::wstring& file, std::size_t sheets)
+{
+    QStringList standing;
+    for (std::size_t sheet = 0; sheet < sheets; ++sheet) {
+        const std::wstring own = sheetFile(file, sheet, sheets);
+        if (own != file && fileExists(own))
+            standing.append(QFileInfo(QString::fromStdWString(own)).fileName());
+    }
+    if (standing.isEmpty())
+        return true;
+    QMessageBox box(QMessageBox::Warning,
+        QStringLiteral("Сохранить чертёж"),
+        QStringLiteral("В папке уже есть листы с такими именами: %1, первый — %2.\nЗаменить их?")
+            .arg(standing.size())
+            .arg(standing.front()),
+        QMessageBox::NoButton,
+        parent);
+    const QPushButton* replace = box.addButton(QStringLiteral("Заменить"), QMessageBox::AcceptRole);
+    box.setDefaultButton(box.addButton(QStringLiteral("Отмена"), QMessageBox::RejectRole));
+    box.exec();
+    return box.clickedButton() == replace;
+}
+
 void printPages(QPrinter& printer, const std::vector<Drawing>& pages, const Hatches& hatches)
 {
     const int first = printer.fromPage() > 0 ? printer.fromPage() - 1 : 0;
@@ -150,6 +175,8 @@ QString saveDrawings(QWidget* parent,
         sheets = askSheets(parent, pages.size());
     if (sheets == Sheets::None)
         return {};
+    if (sheets == Sheets::All && !mayReplace(parent, file.toStdWString(), pages.size()))
+        return {};
     try {
         std::vector<Drawing> one;
         if (sheets == Sheets::Shown)
@@ -162,13 +189,8 @@ QString saveDrawings(QWidget* parent,
             });
         if (const QString missing = missingFonts(); !missing.isEmpty())
             QMessageBox::warning(parent, QStringLiteral("Сохранить чертёж"), missing);
-        const bool isNumbered =
-            chosen.size() > 1 && !file.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive);
-        const QFileInfo info(file);
         if (written > 0)
-            return isNumbered ? info.path() + QLatin1Char('/') + info.completeBaseName()
-                    + QStringLiteral("_1.") + info.suffix()
-                              : file;
+            return QString::fromStdWString(sheetFile(file.toStdWString(), 0, chosen.size()));
     } catch (const MException& failure) {
         QMessageBox::warning(
             parent, QStringLiteral("Сохранить чертёж"), QString::fromStdWString(failure.message()));

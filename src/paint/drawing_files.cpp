@@ -108,16 +108,29 @@ static QByteArray sheetBytes(
     throw MException(L"Чертежи пишутся в файлы .pdf, .svg, .dxf и .png, а не «." + suffix + L"».");
 }
 
+// Where the suffix begins, behind its dot; npos without one.
+static std::size_t suffixOf(const std::wstring& path)
+{
+    const std::size_t dot = path.find_last_of(L"./\\");
+    return dot != std::wstring::npos && path[dot] == L'.' ? dot + 1 : std::wstring::npos;
+}
+
+std::wstring sheetFile(const std::wstring& path, std::size_t page, std::size_t pages)
+{
+    const std::size_t suffix = suffixOf(path);
+    if (pages <= 1 || suffix == std::wstring::npos || small(path.substr(suffix)) == L"pdf")
+        return path;
+    return path.substr(0, suffix - 1) + L"_" + std::to_wstring(page + 1) + L"." + path.substr(suffix);
+}
+
 std::size_t writeDrawings(const std::wstring& path,
     const std::vector<Drawing>& pages,
     const Hatches& hatches,
     const GoesOn& goesOn,
     double dotsPerInch)
 {
-    const std::size_t dot = path.find_last_of(L"./\\");
-    const bool hasSuffix = dot != std::wstring::npos && path[dot] == L'.';
-    const std::wstring suffix = hasSuffix ? small(path.substr(dot + 1)) : std::wstring();
-    const std::wstring stem = hasSuffix ? path.substr(0, dot) : path;
+    const std::size_t begin = suffixOf(path);
+    const std::wstring suffix = begin == std::wstring::npos ? std::wstring() : small(path.substr(begin));
     if (pages.empty())
         throw MException(L"Нет ни одного листа, который можно вывести.");
     if (suffix == L"pdf") {
@@ -130,11 +143,7 @@ std::size_t writeDrawings(const std::wstring& path,
     for (std::size_t page = 0; page < pages.size(); ++page) {
         if (goesOn && !goesOn(page))
             return page;
-        std::wstring place = stem;
-        if (pages.size() > 1)
-            place.append(L"_").append(std::to_wstring(page + 1));
-        place.append(L".").append(suffix);
-        write(place, sheetBytes(suffix, pages[page], hatches, dotsPerInch));
+        write(sheetFile(path, page, pages.size()), sheetBytes(suffix, pages[page], hatches, dotsPerInch));
     }
     return pages.size();
 }

@@ -1,3 +1,4 @@
+#include "common/drawing_output.h"
 #include "common/drawing_view.h"
 #include "common/edit_grid.h"
 #include "core/base/mexception.h"
@@ -11,13 +12,20 @@
 #include "support/temporary_folder.h"
 
 #include <QComboBox>
+#include <QDialog>
 #include <QFile>
 #include <QFontMetricsF>
+#include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 
 static const QString words = QStringLiteral("Суглинок №1 тугопластичный, α ≤ 0,5 м² — ґрунт (x/y)");
 
@@ -41,7 +49,8 @@ static Drawing simpleSheet()
     drawing.width = 100;
     drawing.height = 50;
     drawing.title = L"Лист";
-    drawing.items.push_back({Layer::Frame, 7, Line{{{10, 10}, {30, 10}, {30, 30}, {10, 30}}, {1, {255, 0, 0}}, true}});
+    drawing.items.push_back(
+        {Layer::Frame, 7, Line{{{10, 10}, {30, 10}, {30, 30}, {10, 30}}, {1, {255, 0, 0}}, true}});
     return drawing;
 }
 
@@ -63,15 +72,50 @@ TEST(DrawingFiles, NothingHalfIsLeftAndTheReasonTold)
     EXPECT_EQ(writeDrawings(inside, {simpleSheet(), simpleSheet()}, {}), 1U);
     EXPECT_EQ(writeDrawings(folder.file(L"лист.dxf"), {simpleSheet(), simpleSheet()}, {}), 2U);
     std::size_t asked = 0;
-    EXPECT_EQ(writeDrawings(folder.file(L"нет.pdf"), {simpleSheet()}, {}, [&asked](std::size_t) {
-        ++asked;
-        return false;
-    }), 0U);
+    EXPECT_EQ(writeDrawings(folder.file(L"нет.pdf"),
+                  {simpleSheet()},
+                  {},
+                  [&asked](std::size_t) {
+                      ++asked;
+                      return false;
+                  }),
+        0U);
     EXPECT_EQ(asked, 1U);
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "нет.pdf"));
     EXPECT_TRUE(std::filesystem::exists(folder.path() / "лист_2.dxf"));
     EXPECT_THROW(writeDrawings(folder.file(L"нет папки\\лист.pdf"), {simpleSheet()}, {}), MException);
     EXPECT_THROW(writeDrawings(folder.file(L"лист.doc"), {simpleSheet()}, {}), MException);
+}
+
+// Sheets that stand there already are not written over unasked: the dialog of files knows one name alone.
+TEST(DrawingFiles, StandingSheetsAreReplacedOnlyWhenTheUserSaysSo)
+{
+    const TemporaryFolder folder;
+    const auto place = folder.path() / "лист_2.dxf";
+    std::ofstream(place) << "work";
+    const auto save = [&](const QString& answer) {
+        QTimer hand;
+        QObject::connect(&hand, &QTimer::timeout, &hand, [&] {
+            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            if (!dialog)
+                return;
+            if (auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
+                name->setText(QString::fromStdWString(folder.file(L"лист.dxf")));
+                return static_cast<void>(QMetaObject::invokeMethod(dialog, "accept"));
+            }
+            for (auto* button : dialog->findChildren<QPushButton*>())
+                if (button->text() == QStringLiteral("Все листы") || button->text() == answer)
+                    return button->click();
+            QTest::keyClick(dialog, Qt::Key_Return); // whoever does not read
+        });
+        hand.start(10);
+        return saveDrawings(nullptr, {simpleSheet(), simpleSheet()}, 0, {}, QStringLiteral("лист"));
+    };
+    EXPECT_EQ(save(QString()), QString());
+    EXPECT_EQ(std::filesystem::file_size(place), 4U);
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "лист_1.dxf"));
+    EXPECT_EQ(save(QStringLiteral("Заменить")), QString::fromStdWString(folder.file(L"лист_1.dxf")));
+    EXPECT_GT(std::filesystem::file_size(place), 100U);
 }
 
 TEST(DrawingCanvas, ZoomsToTheCursorAndFindsByClick)
@@ -82,8 +126,14 @@ TEST(DrawingCanvas, ZoomsToTheCursorAndFindsByClick)
     canvas.show();
     const QPointF place(200, 150);
     const Spot before = canvas.spotAt(place);
-    QWheelEvent wheel(place, canvas.mapToGlobal(place.toPoint()), {}, {0, 240}, Qt::NoButton, Qt::NoModifier,
-        Qt::NoScrollPhase, false);
+    QWheelEvent wheel(place,
+        canvas.mapToGlobal(place.toPoint()),
+        {},
+        {0, 240},
+        Qt::NoButton,
+        Qt::NoModifier,
+        Qt::NoScrollPhase,
+        false);
     const double zoom = canvas.zoom();
     QCoreApplication::sendEvent(&canvas, &wheel);
     EXPECT_NEAR(canvas.zoom(), zoom * 1.44, 1e-9);
@@ -94,9 +144,11 @@ TEST(DrawingCanvas, ZoomsToTheCursorAndFindsByClick)
     QObject::connect(&canvas, &DrawingCanvas::clicked, &canvas, [&clicked](qint64 id) { clicked = id; });
     const double scale = canvas.zoom() * canvas.logicalDpiX() / 25.4;
     const Spot corner = canvas.spotAt({0, 0});
-    QTest::mouseClick(&canvas, Qt::LeftButton, {}, {qRound((20 - corner.x) * scale), qRound((20 - corner.y) * scale)});
+    QTest::mouseClick(
+        &canvas, Qt::LeftButton, {}, {qRound((20 - corner.x) * scale), qRound((20 - corner.y) * scale)});
     EXPECT_EQ(clicked, 7);
-    QTest::mouseClick(&canvas, Qt::LeftButton, {}, {qRound((60 - corner.x) * scale), qRound((20 - corner.y) * scale)});
+    QTest::mouseClick(
+        &canvas, Qt::LeftButton, {}, {qRound((60 - corner.x) * scale), qRound((20 - corner.y) * scale)});
     EXPECT_EQ(clicked, 0);
 }
 
