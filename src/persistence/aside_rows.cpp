@@ -103,7 +103,7 @@ std::shared_ptr<AsideRows> RowHelpers::takeNext()
     while (!registers_.empty()) {
         Register& oldest = registers_.front();
         while (!oldest.empty()) {
-            const std::shared_ptr<AsideRows> last = std::move(oldest.back());
+            std::shared_ptr<AsideRows> last = std::move(oldest.back());
             oldest.pop_back();
             if (last->take())
                 return last;
