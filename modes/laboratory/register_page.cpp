@@ -249,20 +249,12 @@ bool RegisterPage::readChanged(IDBProject& project, const std::vector<PointDepth
         return false;
     for (const PointDepthKey& key : changed) {
         const LabSample* sample = findSample(project, key);
-        const int place = places_.value(ids_.value(textOf(key)), -1);
+        const int place = places_.value(ids_.of(key), -1);
         if (!sample || place < 0)
             return false;
         showSample(shown_[place], *sample);
     }
     return true;
-}
-
-qint64 RegisterPage::idOf(const PointDepthKey& key)
-{
-    qint64& id = ids_[textOf(key)];
-    if (id == 0)
-        id = ++lastId_;
-    return id;
 }
 
 namespace
@@ -324,7 +316,7 @@ void RegisterPage::readAll(IDBProject& project)
     const GridRows rowsBefore = std::exchange(shown_, {});
     shown_.reserve(rowsBefore.size());
     keys_.reserve(keysBefore.size());
-    ids_.reserve(static_cast<int>(project.getLabSamples().size()));
+    ids_.reserve(project.getLabSamples().size());
     Surroundings surroundings(project);
     bool isSameOrder = true;
     for (const auto& [key, sample] : project.getLabSamples()) {
@@ -335,7 +327,7 @@ void RegisterPage::readAll(IDBProject& project)
             && keysBefore[place].depth == key.depth;
         isSameOrder = isSameOrder && isSame;
         GridRow row;
-        row.id = isSame ? rowsBefore[static_cast<int>(place)].id : idOf(key);
+        row.id = isSame ? rowsBefore[static_cast<int>(place)].id : ids_.of(key);
         row.cells.resize(Tests + 1);
         surroundings.show(row, key);
         showSample(row, sample);
@@ -418,7 +410,7 @@ void RegisterPage::takeRow(IDBProject& project, GridRow row, Edits& edits)
             edits.refusal = qText(refusal);
             return;
         }
-        row.id = row.id == 0 ? ++lastId_ : row.id;
+        row.id = row.id == 0 ? ids_.next() : row.id;
         row.problems = QVector<QString>(Depth + 1);
         // A row that nobody typed into yet is no fault.
         if (!key.pointName.empty() || !key.depth.empty() || !row.cells[Soil].isEmpty())
@@ -428,7 +420,7 @@ void RegisterPage::takeRow(IDBProject& project, GridRow row, Edits& edits)
     }
     // The row goes with its sample, the cursor with the row.
     if (row.id != 0)
-        ids_.insert(textOf(key), row.id);
+        ids_.give(key, row.id);
     edits.chosen.insert(Edits::placeOf(key));
     edits.before.push_back({key, std::nullopt});
     if (sample) {

@@ -2,6 +2,7 @@
 
 #include "common/page.h"
 #include "laboratory/sample_edits.h"
+#include "laboratory/sample_ids.h"
 
 #include <QHash>
 
@@ -39,7 +40,6 @@ private:
 
     void makeBar(QHBoxLayout& bar);
     void readAll(IDBProject& project);
-    qint64 idOf(const PointDepthKey& key);
     bool readChanged(IDBProject& project, const std::vector<PointDepthKey>& changed);
     void edited(const QVector<GridRow>& after);
     void takeRow(IDBProject& project, GridRow row, Edits& edits);
@@ -53,9 +53,8 @@ private:
     EditGrid* grid_;
     QLineEdit* filter_;
     QComboBox* missing_;
-    QHash<QString, qint64> ids_; // of all samples that have been seen
+    SampleIds ids_; // of all samples that have been seen
     QHash<qint64, int> places_; // of the rows as read
-    qint64 lastId_ = 0;
     QVector<GridRow> shown_; // as read
     std::vector<PointDepthKey> keys_; // beside them
     QVector<GridRow> open_; // typed, but not a sample yet

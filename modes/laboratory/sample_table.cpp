@@ -88,18 +88,10 @@ void SampleTable::makeGrid()
         grid_->setFocus();
 }
 
-qint64 SampleTable::idOf(const PointDepthKey& key)
-{
-    qint64& id = ids_[textOf(key)];
-    if (id == 0)
-        id = ++lastId_;
-    return id;
-}
-
 GridRow SampleTable::rowOf(IDBProject& project, const PointDepthKey& key, const LabSample& sample)
 {
     GridRow row;
-    row.id = idOf(key);
+    row.id = ids_.of(key);
     row.cells.reserve(firstDataColumn + static_cast<int>(columns_.size()));
     row.cells = {qText(key.pointName), qText(key.depth), qText(sample.code), qText(sample.soilKind.text)};
     for (const SampleColumn& column : columns_)
@@ -151,7 +143,7 @@ bool SampleTable::readChanged(IDBProject& project, const std::vector<PointDepthK
         return false;
     for (const PointDepthKey& key : changed) {
         const LabSample* sample = findSample(project, key);
-        const auto place = places_.constFind(idOf(key));
+        const auto place = places_.constFind(ids_.of(key));
         if (!sample || place == places_.constEnd())
             return false;
         rows_[*place] = rowOf(project, key, *sample);
@@ -166,7 +158,7 @@ void SampleTable::showFirst(const std::function<bool(const LabSample&)>& isWante
         const LabSample* sample = findSample(*project_, key);
         if (!sample || !isWanted(*sample))
             continue;
-        grid_->showRow(idOf(key), grid_->currentIndex().column());
+        grid_->showRow(ids_.of(key), grid_->currentIndex().column());
         return;
     }
 }

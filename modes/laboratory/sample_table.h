@@ -3,6 +3,7 @@
 #include "common/edit_grid_model.h"
 #include "laboratory/sample_columns.h"
 #include "laboratory/sample_edits.h"
+#include "laboratory/sample_ids.h"
 
 #include <QHash>
 #include <QStringList>
@@ -50,7 +51,6 @@ private:
     bool readChanged(IDBProject& project, const std::vector<PointDepthKey>& changed);
     GridRow rowOf(IDBProject& project, const PointDepthKey& key, const LabSample& sample);
     void take(const GridRows& after);
-    qint64 idOf(const PointDepthKey& key);
 
     const LabTest test_;
     EditGrid* grid_ = nullptr;
@@ -62,7 +62,6 @@ private:
     IDBProject* project_ = nullptr; // of the last reading
     GridRows rows_;
     std::vector<PointDepthKey> keys_; // as the rows stand
-    QHash<QString, qint64> ids_;
+    SampleIds ids_;
     QHash<qint64, int> places_;
-    qint64 lastId_ = 0;
 };

@@ -73,7 +73,7 @@ void ReadingsGraph::setCurrentRow(qint64 row)
 QVector<ReadingsGraph::Lane> ReadingsGraph::lanes() const
 {
     const double left = fontMetrics().horizontalAdvance(QStringLiteral("00.0")) + gap;
-    const double top = 2 * fontMetrics().height() + gap;
+    const double top = heightAt(0);
     // The numbers stand about the ends of their lanes.
     const double ends = fontMetrics().horizontalAdvance(QStringLiteral("000"));
     const QRectF all(left, top, width() - left - ends, height() - top - gap);
