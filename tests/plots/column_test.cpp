@@ -191,13 +191,20 @@ TEST(Column, HatchIsAsDenseAtEveryScale)
     EXPECT_NEAR(density[1], density[0], 0.02);
 }
 
+static ColumnData columnOfManyLayers(double thickness)
+{
+    constexpr int count = 200;
+    ColumnData many = columnOfLayers({});
+    for (int layer = 0; layer < count; ++layer)
+        many.layers.push_back(layerOf(layer * thickness, (layer + 1) * thickness));
+    many.depth = count * thickness;
+    return many;
+}
+
 TEST(Column, HardCasesComeOutReadable)
 {
     std::mt19937 random(3);
-    ColumnData many = columnOfLayers({});
-    for (int layer = 0; layer < 200; ++layer)
-        many.layers.push_back(layerOf(layer * 0.05, (layer + 1) * 0.05));
-    many.depth = 10;
+    const ColumnData many = columnOfManyLayers(0.05);
     ColumnData named = columnOfLayers({layerOf(0, 5, wordsOf(random, 2000))});
     named.point = std::wstring(60, L'Ж');
     ColumnData empty = columnOfLayers({});
@@ -232,10 +239,7 @@ TEST(Column, HardCasesComeOutReadable)
 TEST(Column, FittingUsesTheSheetsThatTextsNeed)
 {
     std::mt19937 random(5);
-    ColumnData many = columnOfLayers({});
-    for (int layer = 0; layer < 200; ++layer)
-        many.layers.push_back(layerOf(layer * 0.1, (layer + 1) * 0.1));
-    many.depth = 20;
+    const ColumnData many = columnOfManyLayers(0.1);
     const ColumnData wordy = columnOfLayers({layerOf(0, 1, wordsOf(random, 3000)), layerOf(1, 9)});
     const ColumnData deep = columnOfLayers({layerOf(0, 130), layerOf(130, 260)});
     for (const ColumnData& data : {many, wordy, deep}) {
