@@ -15,6 +15,7 @@ tools/install_packages.sh "${lists[@]}"
 passed=0
 failed=0
 times=()
+failures=()
 # took NAME SINCE: says how long a part took since then, at once and in the list at the end.
 took() {
     times+=("$1 $((SECONDS - $2)) s")
@@ -25,17 +26,36 @@ step() {
     local name=$1 start=$SECONDS
     shift
     echo "== $name"
-    if "$@"; then passed=$((passed + 1)); else failed=$((failed + 1)); echo "FAILED: $name"; fi
+    if "$@"; then
+        passed=$((passed + 1))
+    else
+        failed=$((failed + 1))
+        failures+=("$name")
+        echo "FAILED: $name"
+    fi
     took "$name" $start
+}
+# The tests of a preset that failed, with the end of what each of them said: a log of thousands of lines hides it.
+tell_failures() {
+    local log=build/$1/Testing/Temporary name
+    [ -e "$log/LastTestsFailed.log" ] || return 0
+    while IFS=: read -r _ name; do
+        failures+=("$1: $name
+$(sed -n "/ Testing: $name\$/,/^Test time = /p" "$log/LastTest.log" | tail -40)")
+    done <"$log/LastTestsFailed.log"
 }
 # One preset: configured, built, its tests run. The tests are counted one by one from their own report.
 preset() {
     echo "== $1"
     local report=build/$1/tests.xml start=$SECONDS
-    cmake --preset "$1" >/dev/null && cmake --build --preset "$1" || { failed=$((failed + 1)); return; }
+    if ! { cmake --preset "$1" >/dev/null && cmake --build --preset "$1"; }; then
+        failed=$((failed + 1))
+        failures+=("$1: build")
+        return
+    fi
     took "$1: build" $start
     start=$SECONDS
-    rm -f "$report"
+    rm -f "$report" "build/$1/Testing/Temporary/LastTestsFailed.log"
     ctest --preset "$1" --output-junit tests.xml || true
     took "$1: tests" $start
     if [ -e "$report" ]; then
@@ -48,6 +68,7 @@ preset() {
     else
         failed=$((failed + 1))
     fi
+    tell_failures "$1"
 }
 
 preset release
@@ -72,5 +93,6 @@ fi
 
 echo
 printf '%s\n' "${times[@]}"
+[ ${#failures[@]} = 0 ] || printf 'FAILED: %s\n' "${failures[@]}"
 echo "$passed passed, $failed failed"
 [ "$failed" = 0 ]
