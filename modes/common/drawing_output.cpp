@@ -1,6 +1,7 @@
 #include "common/drawing_output.h"
 
 #include "core/base/mexception.h"
+#include "drawing/sheet_files.h"
 #include "drawing/svg.h"
 #include "paint/drawing_files.h"
 #include "paint/drawing_fonts.h"
@@ -104,14 +105,12 @@ Sheets askSheets(QWidget* parent, std::size_t count)
 }
 
 // The file dialog has asked about the one name that was typed, and not about those of the sheets.
-bool mayReplace(QWidget* parent, const std::wstring& file, std::size_t sheets)
+bool mayReplace(QWidget* parent, const std::wstring& typed, const std::vector<std::wstring>& files)
 {
     QStringList standing;
-    for (std::size_t sheet = 0; sheet < sheets; ++sheet) {
-        const std::wstring own = sheetFile(file, sheet, sheets);
-        if (own != file && fileExists(own))
-            standing.append(QFileInfo(QString::fromStdWString(own)).fileName());
-    }
+    for (const std::wstring& file : files)
+        if (file != typed && fileExists(file))
+            standing.append(QFileInfo(QString::fromStdWString(file)).fileName());
     if (standing.isEmpty())
         return true;
     QMessageBox box(QMessageBox::Warning,
@@ -175,14 +174,15 @@ QString saveDrawings(QWidget* parent,
         sheets = askSheets(parent, pages.size());
     if (sheets == Sheets::None)
         return {};
-    if (sheets == Sheets::All && !mayReplace(parent, file.toStdWString(), pages.size()))
+    std::vector<Drawing> one;
+    if (sheets == Sheets::Shown)
+        one.push_back(pages[static_cast<std::size_t>(shown)]);
+    const std::vector<Drawing>& chosen = one.empty() ? pages : one;
+    const std::vector<std::wstring> files = sheetFiles(file.toStdWString(), chosen);
+    if (!mayReplace(parent, file.toStdWString(), files))
         return {};
     try {
-        std::vector<Drawing> one;
-        if (sheets == Sheets::Shown)
-            one.push_back(pages[static_cast<std::size_t>(shown)]);
-        OutputProgress progress(parent, pages.size());
-        const std::vector<Drawing>& chosen = one.empty() ? pages : one;
+        OutputProgress progress(parent, chosen.size());
         const std::size_t written =
             writeDrawings(file.toStdWString(), chosen, hatches, [&progress](std::size_t page) {
                 return progress.goesOn(page);
@@ -190,7 +190,7 @@ QString saveDrawings(QWidget* parent,
         if (const QString missing = missingFonts(); !missing.isEmpty())
             QMessageBox::warning(parent, QStringLiteral("Сохранить чертёж"), missing);
         if (written > 0)
-            return QString::fromStdWString(sheetFile(file.toStdWString(), 0, chosen.size()));
+            return QString::fromStdWString(files.front());
     } catch (const MException& failure) {
         QMessageBox::warning(
             parent, QStringLiteral("Сохранить чертёж"), QString::fromStdWString(failure.message()));

@@ -1,6 +1,7 @@
 #include "app/recovery_copy.h"
 
 #include "core/base/content_hash.h"
+#include "core/base/file_names.h"
 #include "modules/isettings.h"
 #include "platform/files.h"
 #include "platform/safe_write.h"
@@ -42,11 +43,9 @@ static bool makeFolder(const std::wstring& folder, bool isUsersOwn)
 static std::wstring fileNameFor(const std::wstring& name)
 {
     constexpr std::size_t longest = 60;
-    std::wstring safe;
-    for (const wchar_t c : name.substr(0, longest))
-        safe += c < L' ' || std::wstring_view(L"<>:\"/\\|?*").find(c) != std::wstring_view::npos ? L'_' : c;
     const QString number = QString::number(std::random_device{}(), 16);
-    return safe + L'-' + number.rightJustified(8, QLatin1Char('0')).toStdWString() + L".TLX";
+    return fileNamePart(name, longest) + L'-' + number.rightJustified(8, QLatin1Char('0')).toStdWString()
+        + L".TLX";
 }
 
 RecoveryCopy::~RecoveryCopy()

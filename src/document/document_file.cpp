@@ -1,5 +1,6 @@
 #include "document/document_file.h"
 
+#include "core/base/file_names.h"
 #include "core/base/mexception.h"
 #include "document/docx.h"
 #include "document/html.h"
@@ -148,18 +149,6 @@ void writeOfficeFile(const std::wstring& path, std::string_view bytes)
 
 std::wstring fileNameOf(std::wstring_view text)
 {
-    constexpr std::size_t longest = 80;
-    std::wstring name;
-    for (const wchar_t character : cleanText(text)) {
-        const bool isForbidden = std::wstring_view(L"<>:\"/\\|?*").find(character) != std::wstring_view::npos;
-        name += isForbidden ? L'-' : character == L'\n' ? L' ' : character;
-        if (name.size() == longest)
-            break;
-    }
-    const auto isEdge = [](wchar_t character) { return character == L' ' || character == L'.'; };
-    while (!name.empty() && isEdge(name.back()))
-        name.pop_back();
-    while (!name.empty() && isEdge(name.front()))
-        name.erase(0, 1);
+    const std::wstring name = fileNamePart(cleanText(text));
     return name.empty() ? L"Документ" : name;
 }

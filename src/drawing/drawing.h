@@ -120,6 +120,7 @@ struct Drawing {
     double width = 210; // mm
     double height = 297; // mm
     std::wstring title = {}; // of the file that holds it
+    std::wstring shows = {}; // the borehole, by which the sheet's own file is named; empty: it is numbered
     std::vector<Item> items = {};
     // Names of layers in files where they are not the usual ones, as the project's layer fields.
     std::map<Layer, std::wstring> layerNames = {};

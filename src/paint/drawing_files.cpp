@@ -1,8 +1,10 @@
 #include "paint/drawing_files.h"
 
+#include "core/base/file_names.h"
 #include "core/base/mexception.h"
 #include "document/document_file.h"
 #include "drawing/dxf.h"
+#include "drawing/sheet_files.h"
 #include "drawing/svg.h"
 #include "paint/drawing_painter.h"
 
@@ -86,11 +88,6 @@ QByteArray toPng(const Drawing& drawing, const Hatches& hatches, double dotsPerI
     return bytes;
 }
 
-static std::wstring small(const std::wstring& text)
-{
-    return QString::fromStdWString(text).toLower().toStdWString();
-}
-
 static void write(const std::wstring& path, const QByteArray& bytes)
 {
     writeOfficeFile(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
@@ -108,29 +105,13 @@ static QByteArray sheetBytes(
     throw MException(L"Чертежи пишутся в файлы .pdf, .svg, .dxf и .png, а не «." + suffix + L"».");
 }
 
-// Where the suffix begins, behind its dot; npos without one.
-static std::size_t suffixOf(const std::wstring& path)
-{
-    const std::size_t dot = path.find_last_of(L"./\\");
-    return dot != std::wstring::npos && path[dot] == L'.' ? dot + 1 : std::wstring::npos;
-}
-
-std::wstring sheetFile(const std::wstring& path, std::size_t page, std::size_t pages)
-{
-    const std::size_t suffix = suffixOf(path);
-    if (pages <= 1 || suffix == std::wstring::npos || small(path.substr(suffix)) == L"pdf")
-        return path;
-    return path.substr(0, suffix - 1) + L"_" + std::to_wstring(page + 1) + L"." + path.substr(suffix);
-}
-
 std::size_t writeDrawings(const std::wstring& path,
     const std::vector<Drawing>& pages,
     const Hatches& hatches,
     const GoesOn& goesOn,
     double dotsPerInch)
 {
-    const std::size_t begin = suffixOf(path);
-    const std::wstring suffix = begin == std::wstring::npos ? std::wstring() : small(path.substr(begin));
+    const std::wstring suffix = fileSuffix(path);
     if (pages.empty())
         throw MException(L"Нет ни одного листа, который можно вывести.");
     if (suffix == L"pdf") {
@@ -140,10 +121,11 @@ std::size_t writeDrawings(const std::wstring& path,
         write(path, bytes);
         return 1;
     }
+    const std::vector<std::wstring> files = sheetFiles(path, pages);
     for (std::size_t page = 0; page < pages.size(); ++page) {
         if (goesOn && !goesOn(page))
             return page;
-        write(sheetFile(path, page, pages.size()), sheetBytes(suffix, pages[page], hatches, dotsPerInch));
+        write(files[page], sheetBytes(suffix, pages[page], hatches, dotsPerInch));
     }
     return pages.size();
 }

@@ -25,13 +25,9 @@ QByteArray toPdf(const std::vector<Drawing>& pages, const Hatches& hatches, cons
 QImage toImage(const Drawing& drawing, const Hatches& hatches, double dotsPerInch);
 QByteArray toPng(const Drawing& drawing, const Hatches& hatches, double dotsPerInch);
 
-// The file of a sheet, from 0, of so many: of several in a format of one sheet a file the numbers "_1", "_2"
-// stand behind the name.
-std::wstring sheetFile(const std::wstring& path, std::size_t page, std::size_t pages);
-
 // Writes the sheets under the given path, the format by its suffix: pdf (one file), svg, dxf, png (one file a
-// sheet, see sheetFile). Gives back how many files were written; a
-// cancelled work leaves those before it. Throws MException with a text for the user; no file is ever half.
+// sheet, see drawing/sheet_files.h). Gives back how many files were written; a cancelled work leaves those
+// before it. Throws MException with a text for the user; no file is ever half.
 std::size_t writeDrawings(const std::wstring& path,
     const std::vector<Drawing>& pages,
     const Hatches& hatches,

@@ -140,6 +140,7 @@ private:
         const bool isLast = page + 1 == pages.size();
         Drawing drawing = emptySheet(look_.sheet);
         drawing.title = nameOf(data_, look_);
+        drawing.shows = data_.point;
         Sketch sketch(drawing);
         drawHead(sketch, isFirst);
         const double top = field_.top + (isFirst ? headWithFacts : headOfNext);

@@ -79,6 +79,7 @@ public:
         for (std::size_t sheet = 0; sheet < sheets; ++sheet) {
             Drawing drawing = emptySheet(look_.sheet);
             drawing.title = title;
+            drawing.shows = names;
             for (std::size_t column = 0; column < columns.size(); ++column)
                 if (sheet < columns[column].size())
                     place(drawing, columns[column][sheet], column);

@@ -1,7 +1,9 @@
+#include "core/base/file_names.h"
 #include "core/base/mexception.h"
 #include "core/base/reference.h"
 #include "document/office.h"
 #include "drawing/dxf.h"
+#include "drawing/sheet_files.h"
 #include "drawing/svg.h"
 #include "persistence/hatch_library.h"
 #include "persistence/project_file.h"
@@ -40,18 +42,6 @@ Hatches shippedHatches()
     return readHatches(library->getHatches());
 }
 
-std::wstring suffixOf(const std::wstring& path)
-{
-    const std::size_t dot = path.find_last_of(L"./\\");
-    if (dot == std::wstring::npos || path[dot] != L'.')
-        return {};
-    std::wstring suffix = path.substr(dot + 1);
-    std::transform(suffix.begin(), suffix.end(), suffix.begin(), [](wchar_t letter) {
-        return letter >= L'A' && letter <= L'Z' ? static_cast<wchar_t>(letter + 0x20) : letter;
-    });
-    return suffix;
-}
-
 void writeText(const std::wstring& path, const std::string& text)
 {
     const auto* begin = reinterpret_cast<const std::uint8_t*>(text.data());
@@ -65,11 +55,9 @@ std::size_t writeTexts(const std::wstring& path,
     const Hatches& hatches,
     std::string (*format)(const Drawing&, const Hatches&))
 {
-    const std::size_t dot = path.find_last_of(L'.');
-    for (std::size_t page = 0; page < pages.size(); ++page) {
-        const std::wstring number = pages.size() > 1 ? L"_" + std::to_wstring(page + 1) : std::wstring();
-        writeText(path.substr(0, dot) + number + path.substr(dot), format(pages[page], hatches));
-    }
+    const std::vector<std::wstring> files = sheetFiles(path, pages);
+    for (std::size_t page = 0; page < pages.size(); ++page)
+        writeText(files[page], format(pages[page], hatches));
     return pages.size();
 }
 
@@ -91,7 +79,7 @@ std::size_t writeByToolkit(DrawOrder& order)
 std::size_t writePages(const DrawRequest& request, const std::vector<Drawing>& pages)
 {
     const std::wstring path = fromSystemText(request.out);
-    const std::wstring suffix = suffixOf(path);
+    const std::wstring suffix = fileSuffix(path);
     const Hatches hatches = shippedHatches();
     if (suffix == L"svg")
         return writeTexts(path, pages, hatches, toSvg);
@@ -124,8 +112,8 @@ ColumnLook columnLook(const DrawRequest& request, IDBProject& project)
     look.sheet = sheetOf(format, request.isLandscape);
     look.scale = request.scale;
     look.language = request.language == "uk" ? languageUkrainian : languageRussian;
-    // The day of drawing stands in the title block only where the office has typed one: a command draws the same
-    // file twice to the same bytes.
+    // The day of drawing stands in the title block only where the office has typed one: a command draws the
+    // same file twice to the same bytes.
     const Office office = officeForFile(executableFolder(), fromSystemText(request.file));
     look.texts = titleBlockTexts(office, &project, look.language);
     return look;

@@ -53,3 +53,16 @@ bool containsLetter(std::wstring_view text)
     return std::any_of(
         text.begin(), text.end(), [](wchar_t character) { return isLetterCode(codeOf(character)); });
 }
+
+wchar_t withoutCase(wchar_t character)
+{
+    if (character >= L'A' && character <= L'Z')
+        return static_cast<wchar_t>(character + 32);
+    if (character == L'Ё' || character == L'ё')
+        return L'е';
+    if (character >= L'А' && character <= L'Я')
+        return static_cast<wchar_t>(character + 32);
+    if (character >= L'\u0400' && character <= L'\u040F')
+        return static_cast<wchar_t>(character + 80);
+    return character;
+}

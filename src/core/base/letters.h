@@ -7,5 +7,8 @@
 // answers decide how a name is ordered, as a number or as text.
 bool isLetter(wchar_t character);
 
+// Latin, Russian and Ukrainian capitals as small letters, and Ё as Е, in any locale; all else as it is.
+wchar_t withoutCase(wchar_t character);
+
 // An empty text holds none.
 bool containsLetter(std::wstring_view text);

@@ -1,5 +1,7 @@
 #include "core/base/reading_order.h"
 
+#include "core/base/letters.h"
+
 #include <cstddef>
 
 namespace
@@ -8,20 +10,6 @@ namespace
 bool isDigit(wchar_t c)
 {
     return c >= L'0' && c <= L'9';
-}
-
-// Latin and Russian, Ukrainian included; Ё beside Е. No locale.
-wchar_t folded(wchar_t c)
-{
-    if (c >= L'A' && c <= L'Z')
-        return static_cast<wchar_t>(c + 32);
-    if (c == L'Ё' || c == L'ё')
-        return L'е';
-    if (c >= L'А' && c <= L'Я')
-        return static_cast<wchar_t>(c + 32);
-    if (c >= L'\u0400' && c <= L'\u040F')
-        return static_cast<wchar_t>(c + 80);
-    return c;
 }
 
 std::wstring_view takeDigits(std::wstring_view& text)
@@ -55,8 +43,8 @@ int comparedNames(std::wstring_view a, std::wstring_view b)
                 return compared;
             continue;
         }
-        const wchar_t left = folded(a.front());
-        const wchar_t right = folded(b.front());
+        const wchar_t left = withoutCase(a.front());
+        const wchar_t right = withoutCase(b.front());
         if (left != right)
             return left < right ? -1 : 1;
         a.remove_prefix(1);
