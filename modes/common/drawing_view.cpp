@@ -66,6 +66,9 @@ DrawingView::DrawingView(QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
+    // A click on the bar takes what is being typed elsewhere, as one on the drawing does.
+    setFocusPolicy(Qt::ClickFocus);
+    setFocusProxy(canvas_);
     layout->addWidget(bar_);
     layout->addWidget(canvas_, 1);
     layout->addWidget(message_, 1);

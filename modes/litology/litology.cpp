@@ -17,6 +17,7 @@ public:
         , column_(new LithologyColumn(controller->hatch(), this))
     {
         connect(column_, &LithologyColumn::layerClicked, this, [this](qint64 id) {
+            grid().closeEditor();
             grid().showRow(id, qMax(grid().currentIndex().column(), 0));
             grid().setFocus();
         });

@@ -10,6 +10,8 @@ MdiChild::MdiChild(QMdiArea* area, TX_Modes mode, QWidget* widget)
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setWindowFlags(windowFlags() | Qt::FramelessWindowHint);
     setAttribute(Qt::WA_DeleteOnClose);
+    // Who clicks beside the fields of a screen goes on typing where he was.
+    setFocusPolicy(Qt::NoFocus);
     showMaximized();
     widget->setParent(this);
     setWidget(widget);

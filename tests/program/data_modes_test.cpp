@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QToolButton>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -171,6 +172,33 @@ TEST_F(DataModes, CurrentModeIsSeenInItsBar)
     action(ShellAction::Litology)->trigger();
     EXPECT_EQ(pressed(), "actLitology");
     EXPECT_FALSE(action(ShellAction::Litology)->isCheckable()) << "nobody can switch a mode off";
+}
+
+// The frame around a screen that took the keyboard from an open cell would swallow what is typed next.
+TEST_F(DataModes, ClickBesideTheFieldsLeavesTheKeyboardInTheTable)
+{
+    QApplication::setActiveWindow(shell.mainWindow.get());
+    const auto clickBeside = [&](ShellAction act, TX_Modes mode) {
+        action(act)->trigger();
+        QCoreApplication::processEvents();
+        QTableView* rows = table(mode);
+        ASSERT_NE(rows, nullptr) << mode;
+        rows->setFocus();
+        QTest::keyClick(rows, Qt::Key_F2);
+        ASSERT_NE(QApplication::focusWidget(), rows) << mode;
+        // By way of the window, as the mouse comes.
+        const QPoint margin = screen(mode)->mapTo(shell.mainWindow.get(), {1, 1});
+        QTest::mouseClick(shell.mainWindow->windowHandle(), Qt::LeftButton, {}, margin);
+        EXPECT_TRUE(rows == QApplication::focusWidget() || rows->isAncestorOf(QApplication::focusWidget()))
+            << mode;
+    };
+    clickBeside(ShellAction::Column, ModeStratigraphic);
+    openFromCommandLine(controller(), project(QStringLiteral("LURGAN")).toLocal8Bit().constData());
+    clickBeside(ShellAction::ListCoords, ModeListCoords);
+    clickBeside(ShellAction::Litology, ModeLitology);
+    clickBeside(ShellAction::Tests, ModeTests);
+    clickBeside(ShellAction::Waters, ModeWaters);
+    clickBeside(ShellAction::Consistents, ModeConsistents);
 }
 
 TEST_F(DataModes, ColumnWithoutAProjectHasAWayBack)
