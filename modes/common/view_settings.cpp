@@ -2,6 +2,8 @@
 
 #include "common/resting_hand.h"
 
+#include <QCheckBox>
+#include <QComboBox>
 #include <QCoreApplication>
 #include <QSettings>
 #include <QSplitter>
@@ -22,4 +24,22 @@ void keepSplitter(QSplitter* splitter, const QString& name, const QList<int>& si
     auto* hand =
         new RestingHand(splitter, [splitter, key] { viewSettings()->setValue(key, splitter->saveState()); });
     QObject::connect(splitter, &QSplitter::splitterMoved, hand, [hand] { hand->wait(); });
+}
+
+void keepChoice(QComboBox* box, const QString& name)
+{
+    const QString key = QStringLiteral("choices/") + name;
+    if (const int kept = box->findText(viewSettings()->value(key).toString()); kept >= 0)
+        box->setCurrentIndex(kept);
+    QObject::connect(box, qOverload<int>(&QComboBox::activated), box, [box, key] {
+        viewSettings()->setValue(key, box->currentText());
+    });
+}
+
+void keepChoice(QCheckBox* box, const QString& name)
+{
+    const QString key = QStringLiteral("choices/") + name;
+    box->setChecked(viewSettings()->value(key, box->isChecked()).toBool());
+    QObject::connect(
+        box, &QCheckBox::clicked, box, [key](bool isOn) { viewSettings()->setValue(key, isOn); });
 }

@@ -12,6 +12,7 @@
 #include "modules/idbproject.h"
 #include "modules/isettings.h"
 #include "plots/column_group.h"
+#include "site/by_point.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -31,6 +32,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 static QString fromWide(const std::wstring& text)
 {
@@ -54,6 +56,7 @@ IgkScreen::IgkScreen(TX_Modes mode, ITellurixController* controller, QWidget* pa
     if (controller->hatch())
         hatches_ = readHatches(controller->hatch()->getHatches());
     own_ = readUserPresets();
+    wasFormCol_ = settings()->isFormColIgk();
     auto* splitter = new QSplitter;
     splitter->addWidget(makePoints());
     splitter->addWidget(view_);
@@ -72,6 +75,12 @@ IgkScreen::IgkScreen(TX_Modes mode, ITellurixController* controller, QWidget* pa
     lanes_->setAccessibleName(QStringLiteral("Графы"));
     sounding_->setAccessibleName(QStringLiteral("Зондирование"));
     fillPresets();
+    const std::pair<QComboBox*, const char*> choices[] = {
+        {scale_, "igk/scale"}, {sheet_, "igk/sheet"}, {block_, "igk/block"}};
+    for (const auto& [box, name] : choices)
+        keepChoice(box, QLatin1String(name));
+    keepChoice(landscape_, QStringLiteral("igk/landscape"));
+    keepChoice(strip_, QStringLiteral("igk/strip"));
     connect(points_, &QListWidget::currentRowChanged, this, [this] { drawChosen(); });
     for (QComboBox* box : {scale_, sheet_, block_, sounding_})
         connect(box, qOverload<int>(&QComboBox::activated), this, [this] { drawChosen(); });
@@ -172,12 +181,15 @@ void IgkScreen::choosePreset(int row)
     if (isOwn)
         lanes_->setWidths(own_[name].widths);
     removal_->setEnabled(isOwn);
-    {
-        const QSignalBlocker quiet(several_);
-        several_->setChecked(settings()->isFormColIgk() || presetHasSeveral(name));
-    }
+    checkSeveral();
     viewSettings()->setValue(QStringLiteral("igk/preset"), name);
     drawChosen();
+}
+
+void IgkScreen::checkSeveral()
+{
+    const QSignalBlocker quiet(several_);
+    several_->setChecked(settings()->isFormColIgk() || presetHasSeveral(presets_->currentText()));
 }
 
 // Mode 1 of a preset: columns beside each other.
@@ -204,7 +216,7 @@ void IgkScreen::savePreset()
     if (taken >= 0 && !presets_->itemData(taken).toBool())
         throw MException(L"Заготовка с этим именем поставляется с программой: выберите другое имя.");
     UserPresets changed = own_;
-    changed[name] = {lanes_->preset(), lanes_->lanes()};
+    changed[name] = {lanes_->preset(), lanes_->allLanes()};
     changed[name].preset.mode = several_->isChecked() ? 1 : 0;
     writeUserPresets(changed);
     own_ = std::move(changed);
@@ -215,8 +227,14 @@ void IgkScreen::savePreset()
 
 void IgkScreen::removePreset()
 {
+    const QString name = presets_->currentText();
+    if (QMessageBox::question(this,
+            QStringLiteral("Удалить заготовку"),
+            QStringLiteral("Удалить заготовку «%1»? Вернуть её будет нельзя.").arg(name))
+        != QMessageBox::Yes)
+        return;
     UserPresets changed = own_;
-    changed.erase(presets_->currentText());
+    changed.erase(name);
     writeUserPresets(changed);
     own_ = std::move(changed);
     presets_->setCurrentIndex(0);
@@ -227,8 +245,8 @@ void IgkScreen::fillSoundings(IDBProject* project)
 {
     QStringList names;
     if (project)
-        for (const auto& [key, rows] : project->getSoundings())
-            names.append(fromWide(key.pointName));
+        for (const auto* sounding : inReadingOrder(project->getSoundings()))
+            names.append(fromWide(sounding->first.pointName));
     if (sounding_->count() > 0 && names == soundingNames_)
         return;
     soundingNames_ = names;
@@ -274,7 +292,12 @@ void IgkScreen::becomeCurrent()
 
 void IgkScreen::settingsChanged()
 {
-    choosePreset(presets_->currentIndex());
+    // The columns as the user has them now, with or without a preset.
+    lanes_->setLanguage(knownLanguage(settings()->reportLanguage()));
+    if (settings()->isFormColIgk() != wasFormCol_)
+        checkSeveral();
+    wasFormCol_ = settings()->isFormColIgk();
+    drawChosen();
 }
 
 void IgkScreen::printReport()
@@ -353,8 +376,8 @@ std::vector<Drawing> IgkScreen::sheetsOf(
 
 void IgkScreen::drawAllToFile()
 {
-    if (!project())
-        return;
+    if (!project() || points_->count() == 0 || lanes_->lanes().empty())
+        return say(QStringLiteral("Выводить нечего: нет выработок или не отмечена ни одна графа."));
     constexpr int appearsAfter = 500; // ms
     QProgressDialog progress(
         QStringLiteral("Построение колонок…"), QStringLiteral("Прервать"), 0, points_->count(), this);

@@ -40,6 +40,7 @@ private:
     void drawChosen();
     void drawAllToFile();
     ColumnLook look() const;
+    void checkSeveral();
     bool presetHasSeveral(const QString& name) const;
     // Points from the chosen one on, or all; as many beside each other as the settings say.
     std::vector<Drawing> sheetsOf(int firstRow, int count, const std::function<bool(int done)>& goesOn) const;
@@ -63,4 +64,5 @@ private:
     QComboBox* sounding_;
     LaneList* lanes_;
     bool isReading_ = false;
+    bool wasFormCol_ = false; // the setting, as last seen
 };

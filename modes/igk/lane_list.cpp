@@ -3,6 +3,7 @@
 #include "dictionaries/section_captions.h"
 
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QMenu>
 
 #include <algorithm>
@@ -24,8 +25,8 @@ LaneList::LaneList(QWidget* parent)
     setDragDropMode(QAbstractItemView::InternalMove);
     setContextMenuPolicy(Qt::CustomContextMenu);
     setToolTip(
-        QStringLiteral("Галочка показывает графу, перетаскивание меняет порядок.\nДвойной щелчок — ширина, "
-                       "правая кнопка — направление подписи."));
+        QStringLiteral("Галочка (пробел) показывает графу, перетаскивание (Ctrl+стрелки) меняет порядок.\n"
+                       "Двойной щелчок (F2) — ширина, правая кнопка — направление подписи."));
     connect(this, &QListWidget::itemChanged, this, [this] {
         if (!isFilling_)
             Q_EMIT lanesChanged();
@@ -84,15 +85,58 @@ IgkPreset LaneList::preset() const
     return preset;
 }
 
+ColumnLane LaneList::laneOf(const QListWidgetItem* item)
+{
+    return {item->data(Column).toInt(), item->data(Turned).toBool(), item->data(Width).toDouble()};
+}
+
 std::vector<ColumnLane> LaneList::lanes() const
 {
     std::vector<ColumnLane> lanes;
     for (int row = 0; row < count(); ++row)
         if (item(row)->checkState() == Qt::Checked)
-            lanes.push_back({item(row)->data(Column).toInt(),
-                item(row)->data(Turned).toBool(),
-                item(row)->data(Width).toDouble()});
+            lanes.push_back(laneOf(item(row)));
     return lanes;
+}
+
+std::vector<ColumnLane> LaneList::allLanes() const
+{
+    std::vector<ColumnLane> lanes;
+    for (int row = 0; row < count(); ++row)
+        lanes.push_back(laneOf(item(row)));
+    return lanes;
+}
+
+void LaneList::setLanguage(int language)
+{
+    const bool wasFilling = std::exchange(isFilling_, true);
+    language_ = language;
+    for (int row = 0; row < count(); ++row)
+        describe(item(row));
+    isFilling_ = wasFilling;
+}
+
+void LaneList::keyPressEvent(QKeyEvent* event)
+{
+    const bool isWithControl = (event->modifiers() & Qt::ControlModifier) != 0;
+    if (isWithControl && (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down))
+        move(event->key() == Qt::Key_Up ? -1 : 1);
+    else if (event->key() == Qt::Key_F2 && currentItem())
+        askWidth(currentItem());
+    else
+        QListWidget::keyPressEvent(event);
+}
+
+void LaneList::move(int by)
+{
+    const int row = currentRow();
+    if (row < 0 || row + by < 0 || row + by >= count())
+        return;
+    const bool wasFilling = std::exchange(isFilling_, true);
+    insertItem(row + by, takeItem(row));
+    setCurrentRow(row + by);
+    isFilling_ = wasFilling;
+    Q_EMIT lanesChanged();
 }
 
 void LaneList::setWidths(const std::vector<ColumnLane>& lanes)
@@ -109,7 +153,7 @@ void LaneList::setWidths(const std::vector<ColumnLane>& lanes)
 
 void LaneList::showMenu(const QPoint& place)
 {
-    QListWidgetItem* chosen = itemAt(place);
+    QListWidgetItem* chosen = itemAt(place) ? itemAt(place) : currentItem();
     if (!chosen)
         return;
     QMenu menu(this);

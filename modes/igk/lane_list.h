@@ -8,7 +8,7 @@
 #include <vector>
 
 // The columns of the drawing: a tick shows one, dragging moves it, the menu turns its caption. Double click
-// on one asks its width.
+// on one asks its width. By keys: blank, Ctrl+Up and Ctrl+Down, F2.
 class LaneList : public QListWidget
 {
     Q_OBJECT
@@ -22,12 +22,21 @@ public:
     IgkPreset preset() const;
     // The shown ones.
     std::vector<ColumnLane> lanes() const;
+    // The hidden ones too: their widths are worth keeping.
+    std::vector<ColumnLane> allLanes() const;
     void setWidths(const std::vector<ColumnLane>& lanes);
+    // Of the captions.
+    void setLanguage(int language);
 
 Q_SIGNALS:
     void lanesChanged();
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
+    static ColumnLane laneOf(const QListWidgetItem* item);
+    void move(int by);
     void showMenu(const QPoint& place);
     void askWidth(QListWidgetItem* item);
     void describe(QListWidgetItem* item) const;

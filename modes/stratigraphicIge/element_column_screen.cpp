@@ -32,6 +32,7 @@ ElementColumnScreen::ElementColumnScreen(TX_Modes mode, ITellurixController* con
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
     layout->addWidget(view_);
+    keepChoice(sheet_, QStringLiteral("stratigraphicIge/sheet"));
     connect(sheet_, qOverload<int>(&QComboBox::activated), this, [this] { drawElements(); });
 }
 
