@@ -18,8 +18,9 @@ static QString key(const char* name)
 
 static StrataLayer layerOf(const QJsonObject& object)
 {
+    // A program of the user's own may have written the thickness as a number.
     return {object.value(key("index")).toString(),
-        object.value(key("thickness")).toString(),
+        object.value(key("thickness")).toVariant().toString(),
         qBound(0, object.value(key("hatch")).toInt(), 999999),
         object.value(key("description")).toString()};
 }

@@ -3,6 +3,7 @@
 #include "common/column_look.h"
 #include "common/drawing_view.h"
 #include "common/edit_grid.h"
+#include "common/exchange_command.h"
 #include "common/view_settings.h"
 #include "core/base/mexception.h"
 #include "core/base/typed_number.h"
@@ -24,6 +25,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -53,6 +55,7 @@ Number thicknessOf(const StrataLayer& layer)
 
 StratigraphicScreen::StratigraphicScreen(TX_Modes mode, ITellurixController* controller, QWidget* parent)
     : ModeScreen(mode, controller, parent)
+    , document_(StrataDocument::of(controller))
     , title_(new QLineEdit)
     , fileName_(new QLabel)
     , view_(new DrawingView)
@@ -74,23 +77,23 @@ StratigraphicScreen::StratigraphicScreen(TX_Modes mode, ITellurixController* con
     layout->setContentsMargins(4, 4, 4, 4);
     layout->addWidget(splitter);
     connect(grid_, &EditGrid::edited, this, &StratigraphicScreen::take);
+    connect(grid_, &EditGrid::told, this, &StratigraphicScreen::say);
     connect(grid_, &EditGrid::currentRowChanged, this, [this](qint64 id) {
-        view_->canvas().setCurrent(ids_.indexOf(id) + 1);
+        view_->canvas().setCurrent(document_->state.ids.indexOf(id) + 1);
     });
     connect(view_, &DrawingView::clicked, this, [this](qint64 layer) {
-        if (layer > 0 && layer <= ids_.size())
-            grid_->showRow(ids_[static_cast<int>(layer) - 1]);
+        if (const QVector<qint64>& ids = document_->state.ids; layer > 0 && layer <= ids.size())
+            grid_->showRow(ids[static_cast<int>(layer) - 1]);
     });
-    connect(title_, &QLineEdit::textEdited, this, [this](const QString& text) {
-        column_.title = text;
-        setModified(true);
-        drawColumn();
-    });
-    setColumn({}, QString());
+    connect(title_, &QLineEdit::textEdited, this, &StratigraphicScreen::typeTitle);
+    connect(title_, &QLineEdit::editingFinished, this, [this] { attempt([this] { keepTitle(); }); });
+    showAll();
 }
 
 StratigraphicScreen::~StratigraphicScreen()
 {
+    // Who closes it has been asked.
+    document_->drop();
     controller()->setColumnModified(false);
 }
 
@@ -123,7 +126,8 @@ QWidget* StratigraphicScreen::makeEditor()
 void StratigraphicScreen::leave()
 {
     QWidget* shell = window();
-    const bool isKept = !isModified_;
+    closeEditors();
+    const bool isKept = !document_->isModified();
     if (auto* close = shell->findChild<QAction*>(QLatin1String(closeActionName)))
         close->trigger();
     if (!isKept || !parentWidget())
@@ -136,24 +140,55 @@ void StratigraphicScreen::leave()
 
 void StratigraphicScreen::setColumn(const StrataColumn& column, const QString& file)
 {
-    column_ = column;
-    file_ = file;
-    ids_.clear();
-    for (int layer = 0; layer < column_.layers.size(); ++layer)
-        ids_.append(nextId_++);
-    title_->setText(column_.title);
-    setModified(false);
+    put(document_->state, document_->stateOf(column, file));
+}
+
+void StratigraphicScreen::put(const StrataState& before, const StrataState& after)
+{
+    if (before.column == after.column && before.file == after.file)
+        return showAll();
+    const auto apply = [controller = controller(), document = document_](const StrataState& state) {
+        document->state = state;
+        controller->notify();
+    };
+    const auto command = makeReference<ExchangeCommand<StrataState>>(apply, before, after);
+    execute(command.get());
+}
+
+// The drawing follows letter by letter; the title as a whole is one step.
+void StratigraphicScreen::typeTitle(const QString& text)
+{
+    if (!beforeTitle_)
+        beforeTitle_ = document_->state;
+    document_->state.column.title = text;
+    tellModified();
+    drawColumn();
+}
+
+void StratigraphicScreen::keepTitle()
+{
+    if (const auto before = std::exchange(beforeTitle_, std::nullopt))
+        put(*before, document_->state);
+}
+
+void StratigraphicScreen::showAll()
+{
+    const StrataState& state = document_->state;
+    if (title_->text() != state.column.title)
+        title_->setText(state.column.title);
+    tellModified();
     showRows();
     drawColumn();
 }
 
-void StratigraphicScreen::setModified(bool isModified)
+void StratigraphicScreen::tellModified()
 {
-    isModified_ = isModified;
+    const bool isModified = document_->isModified();
+    const QString& file = document_->state.file;
     controller()->setColumnModified(isModified);
-    const QString name = file_.isEmpty() ? QStringLiteral("Новая колонка") : QFileInfo(file_).fileName();
+    const QString name = file.isEmpty() ? QStringLiteral("Новая колонка") : QFileInfo(file).fileName();
     fileName_->setText(isModified ? name + QStringLiteral(" — не сохранена") : name);
-    fileName_->setToolTip(file_);
+    fileName_->setToolTip(file);
     Q_EMIT signalUpdateMenus();
 }
 
@@ -177,11 +212,17 @@ int StratigraphicScreen::hatchNumber(const QString& text) const
     return 0;
 }
 
+int StratigraphicScreen::hatchOf(qint64 id) const
+{
+    const int layer = document_->state.ids.indexOf(id);
+    return layer < 0 ? 0 : column().layers[layer].hatch;
+}
+
 GridRow StratigraphicScreen::rowOf(int layer) const
 {
-    const StrataLayer& stored = column_.layers[layer];
+    const StrataLayer& stored = column().layers[layer];
     GridRow row;
-    row.id = ids_[layer];
+    row.id = document_->state.ids[layer];
     row.cells = {stored.index, stored.thickness, hatchText(stored.hatch), stored.description};
     row.warnings = QVector<QString>(row.cells.size());
     if (!thicknessOf(stored))
@@ -193,28 +234,34 @@ GridRow StratigraphicScreen::rowOf(int layer) const
 void StratigraphicScreen::showRows()
 {
     GridRows rows;
-    for (int layer = 0; layer < column_.layers.size(); ++layer)
+    for (int layer = 0; layer < column().layers.size(); ++layer)
         rows.append(rowOf(layer));
     grid_->setRows(rows);
 }
 
 void StratigraphicScreen::take(const GridRows& rows)
 {
-    column_.layers.clear();
-    ids_.clear();
+    StrataState after{{column().title, {}}, {}, document_->state.file};
+    QString unknown;
     for (const GridRow& row : rows) {
         const auto cell = [&row](int number) { return row.cells.value(number); };
-        column_.layers.append({cell(Index), cell(Thickness), hatchNumber(cell(Hatch)), cell(Description)});
-        ids_.append(row.id ? row.id : nextId_++);
+        int hatch = hatchNumber(cell(Hatch));
+        if (hatch == 0 && !cell(Hatch).trimmed().isEmpty()) {
+            unknown = cell(Hatch);
+            hatch = hatchOf(row.id);
+        }
+        after.column.layers.append({cell(Index), cell(Thickness), hatch, cell(Description)});
+        after.ids.append(row.id ? row.id : document_->nextId++);
     }
-    setModified(true);
-    showRows();
-    drawColumn();
+    put(document_->state, after);
+    if (!unknown.isEmpty())
+        say(QStringLiteral("Штриховки «%1» нет: выберите из списка или введите её номер.").arg(unknown));
 }
 
 void StratigraphicScreen::drawColumn()
 {
-    if (column_.layers.isEmpty()) {
+    const StrataColumn& shown = column();
+    if (shown.layers.isEmpty()) {
         view_->setPages({}, hatches_, QString());
         view_->setMessage(
             QStringLiteral("Введите слои колонки слева: сверху вниз, с мощностью и описанием."));
@@ -222,7 +269,7 @@ void StratigraphicScreen::drawColumn()
     }
     ColumnData drawn;
     double top = 0;
-    for (const StrataLayer& stored : qAsConst(column_.layers)) {
+    for (const StrataLayer& stored : shown.layers) {
         ColumnLayer layer;
         layer.id = static_cast<std::int64_t>(drawn.layers.size()) + 1;
         layer.top = top;
@@ -238,21 +285,21 @@ void StratigraphicScreen::drawColumn()
     drawn.depth = top;
     attempt([&] {
         ColumnLook look = columnLookOf(*controller());
-        look.heading = column_.title.isEmpty() ? L"Стратиграфическая колонка" : column_.title.toStdWString();
+        look.heading = shown.title.isEmpty() ? L"Стратиграфическая колонка" : shown.title.toStdWString();
         look.lanes = {{column_lane::Index, true, 16},
             {column_lane::Strip, false, 30},
             {column_lane::Thickness, true, 16},
             {column_lane::Description, false}};
         view_->setPages(columnOf(drawn, look),
             hatches_,
-            file_.isEmpty() ? QStringLiteral("Стратиграфическая колонка")
-                            : QFileInfo(file_).completeBaseName());
+            document_->state.file.isEmpty() ? QStringLiteral("Стратиграфическая колонка")
+                                            : QFileInfo(document_->state.file).completeBaseName());
     });
 }
 
 void StratigraphicScreen::readProject(IDBProject*)
 {
-    drawColumn();
+    showAll();
 }
 
 void StratigraphicScreen::settingsChanged()
@@ -263,6 +310,7 @@ void StratigraphicScreen::settingsChanged()
 void StratigraphicScreen::closeEditors()
 {
     grid_->closeEditor();
+    keepTitle();
 }
 
 void StratigraphicScreen::becomeCurrent()
@@ -288,22 +336,26 @@ void StratigraphicScreen::printReport()
 
 void StratigraphicScreen::open(const QString& file)
 {
-    setColumn(readStrataColumn(file), file);
+    const StrataColumn column = readStrataColumn(file);
+    document_->inFile[file] = column;
+    setColumn(column, file);
 }
 
 void StratigraphicScreen::saveTo(const QString& file)
 {
-    writeStrataColumn(file, column_);
-    file_ = file;
-    setModified(false);
+    closeEditors();
+    writeStrataColumn(file, column());
+    document_->inFile[file] = column();
+    document_->state.file = file;
+    tellModified();
 }
 
 void StratigraphicScreen::saveColumn()
 {
-    if (file_.isEmpty())
+    if (document_->state.file.isEmpty())
         saveAs();
     else
-        saveTo(file_);
+        saveTo(document_->state.file);
 }
 
 void StratigraphicScreen::saveAs()
@@ -311,7 +363,7 @@ void StratigraphicScreen::saveAs()
     closeEditors();
     QString file = QFileDialog::getSaveFileName(this,
         QStringLiteral("Сохранить колонку"),
-        file_.isEmpty() ? QStringLiteral("Колонка.json") : file_,
+        document_->state.file.isEmpty() ? QStringLiteral("Колонка.json") : document_->state.file,
         fileFilter);
     if (file.isEmpty())
         return;
@@ -324,7 +376,7 @@ void StratigraphicScreen::saveAs()
 bool StratigraphicScreen::mayDrop()
 {
     closeEditors();
-    if (!isModified_)
+    if (!document_->isModified())
         return true;
     const int answer = QMessageBox::question(this,
         QStringLiteral("Стратиграфическая колонка"),
@@ -332,7 +384,7 @@ bool StratigraphicScreen::mayDrop()
         QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
     if (answer == QMessageBox::Yes)
         saveColumn();
-    return answer == QMessageBox::No || (answer == QMessageBox::Yes && !isModified_);
+    return answer == QMessageBox::No || (answer == QMessageBox::Yes && !document_->isModified());
 }
 
 void StratigraphicScreen::startNew()
@@ -345,8 +397,8 @@ void StratigraphicScreen::askOpen()
 {
     if (!mayDrop())
         return;
-    const QString file =
-        QFileDialog::getOpenFileName(this, QStringLiteral("Открыть колонку"), file_, fileFilter);
+    const QString file = QFileDialog::getOpenFileName(
+        this, QStringLiteral("Открыть колонку"), document_->state.file, fileFilter);
     if (!file.isEmpty())
         open(file);
 }

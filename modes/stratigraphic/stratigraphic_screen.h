@@ -3,7 +3,9 @@
 #include "common/edit_grid_model.h"
 #include "common/mode_screen.h"
 #include "drawing/hatch.h"
-#include "stratigraphic/column_file.h"
+#include "stratigraphic/strata_document.h"
+
+#include <optional>
 
 class DrawingView;
 class EditGrid;
@@ -11,7 +13,8 @@ class QLabel;
 class QLineEdit;
 
 // A stratigraphic column of its own, without a project: its layers as a table on the left, the drawing on the
-// right. What is not yet in its file is told to the shell as a modified column.
+// right. What is not yet in its file is told to the shell as a modified column. Every edit can be undone, and
+// so can the opening of another column.
 class StratigraphicScreen : public ModeScreen
 {
     Q_OBJECT
@@ -20,7 +23,7 @@ public:
     StratigraphicScreen(TX_Modes mode, ITellurixController* controller, QWidget* parent = nullptr);
     ~StratigraphicScreen() override;
 
-    const StrataColumn& column() const { return column_; }
+    const StrataColumn& column() const { return document_->state.column; }
     // Opens the file; throws MException where it is no column.
     void open(const QString& file);
     // Writes it; throws MException.
@@ -40,10 +43,14 @@ private:
     QWidget* makeEditor();
     void leave();
     void setColumn(const StrataColumn& column, const QString& file);
+    void put(const StrataState& before, const StrataState& after);
+    void typeTitle(const QString& text);
+    void keepTitle();
     void take(const GridRows& rows);
+    void showAll();
     void showRows();
     void drawColumn();
-    void setModified(bool isModified);
+    void tellModified();
     bool mayDrop();
     void startNew();
     void askOpen();
@@ -51,13 +58,11 @@ private:
     GridRow rowOf(int layer) const;
     QString hatchText(int number) const;
     int hatchNumber(const QString& text) const;
+    int hatchOf(qint64 id) const;
 
     Hatches hatches_;
-    StrataColumn column_;
-    QVector<qint64> ids_;
-    qint64 nextId_ = 1;
-    QString file_;
-    bool isModified_ = false;
+    std::shared_ptr<StrataDocument> document_;
+    std::optional<StrataState> beforeTitle_; // while a title is being typed
     QLineEdit* title_;
     QLabel* fileName_;
     EditGrid* grid_;

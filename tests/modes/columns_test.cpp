@@ -4,6 +4,7 @@
 #include "core/base/mexception.h"
 #include "db/db_project.h"
 #include "drawing/text_layout.h"
+#include "modes/support/registers_screen_host.h"
 #include "modes/support/sheets_host.h"
 #include "paint/drawing_files.h"
 #include "paint/drawing_fonts.h"
@@ -11,15 +12,18 @@
 #include "stratigraphic/stratigraphic_screen.h"
 #include "support/temporary_folder.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QDialog>
 #include <QFile>
 #include <QFontMetricsF>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <QToolBar>
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 
@@ -213,6 +217,39 @@ TEST(ColumnScreen, ListsFollowTheProjectAndTheChosenStays)
     EXPECT_NE(host.screen->grab().toImage(), before);
 }
 
+TEST(ColumnScreen, WhatTheUserHasArrangedStays)
+{
+    const auto project = twoHoles();
+    const auto order = [](const SheetHost& host) {
+        const auto* lanes = host.screen->findChild<QListWidget*>(QStringLiteral("igk/lanes"));
+        return (lanes->item(0)->text() + QLatin1Char('/') + lanes->item(1)->text()).toStdString();
+    };
+    const auto scale = [](const SheetHost& host) {
+        return host.screen->findChild<QComboBox*>(QStringLiteral("igk/scale"));
+    };
+    QString chosen;
+    {
+        SheetHost host({"igk19.dll", ModeIgk}, project.get());
+        host.labels();
+        const std::string before = order(host);
+        auto* lanes = host.screen->findChild<QListWidget*>(QStringLiteral("igk/lanes"));
+        lanes->setCurrentRow(1);
+        QTest::keyClick(lanes, Qt::Key_Up, Qt::ControlModifier);
+        const std::string moved = order(host);
+        EXPECT_NE(moved, before);
+        EXPECT_EQ(lanes->currentRow(), 0) << "goes with its column";
+        QTest::keyClick(lanes, Qt::Key_Up, Qt::ControlModifier); // the very top
+        Q_EMIT host.screen->signalUpdateSetup();
+        host.labels();
+        EXPECT_EQ(order(host), moved) << "other settings are no reason to lose it";
+        QTest::keyClick(scale(host), Qt::Key_Down);
+        chosen = scale(host)->currentText();
+        EXPECT_NE(chosen, scale(host)->itemText(0));
+    }
+    const SheetHost host({"igk19.dll", ModeIgk}, project.get());
+    EXPECT_EQ(scale(host)->currentText(), chosen);
+}
+
 TEST(ColumnScreen, ElementsNeedElements)
 {
     const auto project = twoHoles();
@@ -267,4 +304,70 @@ TEST(StratigraphicColumn, LeavesNoFlagBehind)
         controller.setColumnModified(true);
     }
     EXPECT_FALSE(controller.columnModified());
+}
+
+// As it is typed: cells, a hatch that the library has not, the title; then all of it back and again.
+TEST(StratigraphicColumn, EveryEditIsUndone)
+{
+    ScreenHost host("stratigraphic19.dll", ModeStratigraphic, {});
+    const auto title = [&] {
+        return host.screen->findChild<QLineEdit*>(QStringLiteral("stratigraphic/title"));
+    };
+    const auto state = [&] { return (title()->text() + QLatin1Char(':') + host.cells()).toStdString(); };
+    std::vector<std::string> states{state()};
+    const auto enter = [&](int column, const char* text) {
+        host.enter(0, column, QString::fromUtf8(text));
+        states.push_back(state());
+    };
+    enter(0, "J_3");
+    enter(1, "12,5");
+    enter(3, "Глина серая");
+    EXPECT_EQ(states.back(), ":J_3|12.5||Глина серая");
+    host.enter(0, 2, QStringLiteral("такой нет"));
+    EXPECT_EQ(state(), states.back());
+    EXPECT_TRUE(host.status.contains(QStringLiteral("такой нет"))) << host.status.toStdString();
+    title()->setFocus();
+    host.type(QStringLiteral("Опорный разрез"));
+    host.press(Qt::Key_Return);
+    states.push_back(state());
+    EXPECT_EQ(states.back(), "Опорный разрез:J_3|12.5||Глина серая");
+    EXPECT_TRUE(host.controller.columnModified());
+    for (std::size_t step = states.size() - 1; step-- > 0;) {
+        host.controller.undo();
+        EXPECT_EQ(state(), states[step]);
+    }
+    EXPECT_FALSE(host.controller.columnModified());
+    EXPECT_FALSE(host.controller.undoRedo()->canUndo(host.controller.undoContext()));
+    for (std::size_t step = 1; step < states.size(); ++step) {
+        host.controller.redo();
+        EXPECT_EQ(state(), states[step]);
+    }
+    // Steps without their screen do no harm; what was not saved is not there any more.
+    host.screen.reset();
+    host.make();
+    EXPECT_EQ(state(), ":");
+    host.controller.undo();
+    EXPECT_EQ(state(), states[states.size() - 2]);
+}
+
+// A button of the bar takes what stands in the open cell, and after its question typing goes on in the table.
+TEST(StratigraphicColumn, QuestionLeavesTheKeyboardInTheTable)
+{
+    ScreenHost host("stratigraphic19.dll", ModeStratigraphic, {});
+    host.goTo(0, 1);
+    host.type(QStringLiteral("77"));
+    QTimer hand;
+    QObject::connect(&hand, &QTimer::timeout, &hand, [] {
+        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+            QTest::keyClick(box, Qt::Key_Escape);
+    });
+    hand.start(10);
+    for (QToolBar* bar : host.screen->findChildren<QToolBar*>())
+        for (QAction* action : bar->actions())
+            if (action->text() == QStringLiteral("Открыть…"))
+                action->trigger();
+    EXPECT_EQ(host.cells(), QStringLiteral("|77||"));
+    QApplication::setActiveWindow(host.screen.get()); // what a window manager does after a box
+    ASSERT_EQ(QApplication::focusWidget(), host.table());
+    EXPECT_EQ(host.table()->currentIndex().row(), 0);
 }
