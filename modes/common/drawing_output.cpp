@@ -1,5 +1,6 @@
 #include "common/drawing_output.h"
 
+#include "common/view_settings.h"
 #include "core/base/mexception.h"
 #include "drawing/sheet_files.h"
 #include "drawing/svg.h"
@@ -71,7 +72,7 @@ QString askFile(QWidget* parent, const QString& fileName)
     QString chosen = filters.front();
     QString file = QFileDialog::getSaveFileName(parent,
         QStringLiteral("Сохранить чертёж"),
-        fileName + QStringLiteral(".pdf"),
+        proposedFile(fileName + QStringLiteral(".pdf")),
         filters.join(QStringLiteral(";;")),
         &chosen);
     if (file.isEmpty())
@@ -189,8 +190,10 @@ QString saveDrawings(QWidget* parent,
             });
         if (const QString missing = missingFonts(); !missing.isEmpty())
             QMessageBox::warning(parent, QStringLiteral("Сохранить чертёж"), missing);
-        if (written > 0)
+        if (written > 0) {
+            keepFolder(QStringLiteral("export"), file);
             return QString::fromStdWString(files.front());
+        }
     } catch (const MException& failure) {
         QMessageBox::warning(
             parent, QStringLiteral("Сохранить чертёж"), QString::fromStdWString(failure.message()));

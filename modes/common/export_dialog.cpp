@@ -29,7 +29,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSettings>
-#include <QStandardPaths>
 #include <QToolButton>
 #include <QUrl>
 
@@ -169,10 +168,7 @@ QWidget* ExportDialog::makeRows()
 
 QWidget* ExportDialog::makeFile()
 {
-    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    QString folder = viewSettings()->value(QStringLiteral("export/folder"), documents).toString();
-    if (!QFileInfo(folder).isDir())
-        folder = QFileInfo(documents).isDir() ? documents : QDir::homePath();
+    const QString folder = lastFolder(QStringLiteral("export"));
     const QString name = QString::fromStdWString(fileNameOf(source_.name.toStdWString()));
     file_->setObjectName(QStringLiteral("file"));
     file_->setText(QDir::toNativeSeparators(folder + QLatin1Char('/') + name + QLatin1Char('.') + suffix()));
@@ -308,8 +304,8 @@ void ExportDialog::accept()
         QMessageBox::warning(this, windowTitle(), QString::fromStdWString(failure.message()));
         return;
     }
+    keepFolder(QStringLiteral("export"), path);
     const auto kept = viewSettings();
-    kept->setValue(QStringLiteral("export/folder"), info.absolutePath());
     kept->setValue(QStringLiteral("export/format"), format_->currentIndex());
     kept->setValue(QStringLiteral("export/opens"), opens_->isChecked());
     if (frames_->isEnabled())

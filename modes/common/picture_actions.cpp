@@ -1,5 +1,7 @@
 #include "common/picture_actions.h"
 
+#include "common/view_settings.h"
+
 #include <QAction>
 #include <QClipboard>
 #include <QFileDialog>
@@ -27,11 +29,15 @@ static QImage pictureOf(QWidget* drawing, const Paint& paint)
 
 static void savePicture(QWidget* drawing, const QString& fileName, const Paint& paint)
 {
-    const QString file = QFileDialog::getSaveFileName(
-        drawing->window(), QStringLiteral("Сохранить рисунок"), fileName, QStringLiteral("Рисунок (*.png)"));
+    const QString file = QFileDialog::getSaveFileName(drawing->window(),
+        QStringLiteral("Сохранить рисунок"),
+        proposedFile(fileName),
+        QStringLiteral("Рисунок (*.png)"));
     if (file.isEmpty())
         return;
-    if (!pictureOf(drawing, paint).save(file, "PNG"))
+    if (pictureOf(drawing, paint).save(file, "PNG"))
+        keepFolder(QStringLiteral("export"), file);
+    else
         QMessageBox::warning(drawing->window(),
             QStringLiteral("Сохранить рисунок"),
             QStringLiteral("Рисунок не записан: %1\nПроверьте, можно ли писать в эту папку.").arg(file));

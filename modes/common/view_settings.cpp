@@ -1,12 +1,16 @@
 #include "common/view_settings.h"
 
 #include "common/resting_hand.h"
+#include "core/base/file_names.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <QSettings>
 #include <QSplitter>
+#include <QStandardPaths>
 
 std::unique_ptr<QSettings> viewSettings()
 {
@@ -42,4 +46,30 @@ void keepChoice(QCheckBox* box, const QString& name)
     box->setChecked(viewSettings()->value(key, box->isChecked()).toBool());
     QObject::connect(
         box, &QCheckBox::clicked, box, [key](bool isOn) { viewSettings()->setValue(key, isOn); });
+}
+
+static QString folderKey(const QString& purpose)
+{
+    return purpose + QStringLiteral("/folder");
+}
+
+QString lastFolder(const QString& purpose)
+{
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    const QString last = viewSettings()->value(folderKey(purpose)).toString();
+    for (const QString& folder : {last, documents})
+        if (!folder.isEmpty() && QFileInfo(folder).isDir())
+            return folder;
+    return QDir::homePath();
+}
+
+void keepFolder(const QString& purpose, const QString& file)
+{
+    viewSettings()->setValue(folderKey(purpose), QFileInfo(file).absolutePath());
+}
+
+QString proposedFile(const QString& name)
+{
+    return lastFolder(QStringLiteral("export")) + QLatin1Char('/')
+        + QString::fromStdWString(fileNamePart(name.toStdWString()));
 }

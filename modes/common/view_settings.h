@@ -21,3 +21,10 @@ void keepSplitter(QSplitter* splitter, const QString& name, const QList<int>& si
 // makes.
 void keepChoice(QComboBox* box, const QString& name);
 void keepChoice(QCheckBox* box, const QString& name);
+
+// The folder that the user took for this the last time ("export": papers and drawings; "import", "column");
+// the first time, or where it has gone, that of his documents.
+QString lastFolder(const QString& purpose);
+void keepFolder(const QString& purpose, const QString& file);
+// There a file of this name, which may hold what no file's can: the name of a borehole.
+QString proposedFile(const QString& name);

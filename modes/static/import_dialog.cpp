@@ -1,5 +1,6 @@
 #include "static/import_dialog.h"
 
+#include "common/view_settings.h"
 #include "core/base/mexception.h"
 #include "platform/files.h"
 
@@ -97,12 +98,13 @@ std::optional<ImportedJournal> askImport(QWidget* parent)
 {
     const QString path = QFileDialog::getOpenFileName(parent,
         QStringLiteral("Файл зондирования"),
-        {},
+        lastFolder(QStringLiteral("import")),
         QStringLiteral("Зондирование (*.csv *.txt *.gef);;Все файлы (*)"));
     if (path.isEmpty())
         return std::nullopt;
     std::vector<std::uint8_t> bytes;
     if (const FileResult result = readFile(path.toStdWString(), bytes); !result)
         throw MException(L"Файл не читается: " + result.reason);
+    keepFolder(QStringLiteral("import"), path);
     return askColumns(parent, readSoundingFile(bytes));
 }

@@ -45,6 +45,12 @@ QVector<GridColumn> gridColumns(const Hatches& hatches)
         {QStringLiteral("Описание"), GridColumn::Text, 260, {}, false, true}};
 }
 
+// Where the dialogs of files begin.
+QString placeOf(const QString& file, const QString& nameOfNew)
+{
+    return file.isEmpty() ? lastFolder(QStringLiteral("column")) + nameOfNew : file;
+}
+
 Number thicknessOf(const StrataLayer& layer)
 {
     const Number thickness = readNumber(layer.thickness.toStdWString());
@@ -338,6 +344,7 @@ void StratigraphicScreen::open(const QString& file)
 {
     const StrataColumn column = readStrataColumn(file);
     document_->inFile[file] = column;
+    keepFolder(QStringLiteral("column"), file);
     setColumn(column, file);
 }
 
@@ -346,6 +353,7 @@ void StratigraphicScreen::saveTo(const QString& file)
     closeEditors();
     writeStrataColumn(file, column());
     document_->inFile[file] = column();
+    keepFolder(QStringLiteral("column"), file);
     document_->state.file = file;
     tellModified();
 }
@@ -363,7 +371,7 @@ void StratigraphicScreen::saveAs()
     closeEditors();
     QString file = QFileDialog::getSaveFileName(this,
         QStringLiteral("Сохранить колонку"),
-        document_->state.file.isEmpty() ? QStringLiteral("Колонка.json") : document_->state.file,
+        placeOf(document_->state.file, QStringLiteral("/Колонка.json")),
         fileFilter);
     if (file.isEmpty())
         return;
@@ -398,7 +406,7 @@ void StratigraphicScreen::askOpen()
     if (!mayDrop())
         return;
     const QString file = QFileDialog::getOpenFileName(
-        this, QStringLiteral("Открыть колонку"), document_->state.file, fileFilter);
+        this, QStringLiteral("Открыть колонку"), placeOf(document_->state.file, {}), fileFilter);
     if (!file.isEmpty())
         open(file);
 }

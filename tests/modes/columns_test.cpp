@@ -16,6 +16,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QFile>
+#include <QFileDialog>
 #include <QFontMetricsF>
 #include <QLineEdit>
 #include <QListWidget>
@@ -97,6 +98,8 @@ TEST(DrawingFiles, StandingSheetsAreReplacedOnlyWhenTheUserSaysSo)
     const TemporaryFolder folder;
     const auto place = folder.path() / "лист_2.dxf";
     std::ofstream(place) << "work";
+    const auto at = [&](const char* name) { return QString::fromStdString((folder.path() / name).string()); };
+    QString begun;
     const auto save = [&](const QString& answer) {
         QTimer hand;
         QObject::connect(&hand, &QTimer::timeout, &hand, [&] {
@@ -104,7 +107,9 @@ TEST(DrawingFiles, StandingSheetsAreReplacedOnlyWhenTheUserSaysSo)
             if (!dialog)
                 return;
             if (auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
-                name->setText(QString::fromStdWString(folder.file(L"лист.dxf")));
+                begun = qobject_cast<QFileDialog*>(dialog)->directory().absolutePath() + QLatin1Char('/')
+                    + name->text();
+                name->setText(at("лист.dxf"));
                 return static_cast<void>(QMetaObject::invokeMethod(dialog, "accept"));
             }
             for (auto* button : dialog->findChildren<QPushButton*>())
@@ -113,13 +118,15 @@ TEST(DrawingFiles, StandingSheetsAreReplacedOnlyWhenTheUserSaysSo)
             QTest::keyClick(dialog, Qt::Key_Return); // whoever does not read
         });
         hand.start(10);
-        return saveDrawings(nullptr, {simpleSheet(), simpleSheet()}, 0, {}, QStringLiteral("лист"));
+        return saveDrawings(nullptr, {simpleSheet(), simpleSheet()}, 0, {}, QStringLiteral("лист 1/2"));
     };
     EXPECT_EQ(save(QString()), QString());
     EXPECT_EQ(std::filesystem::file_size(place), 4U);
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "лист_1.dxf"));
-    EXPECT_EQ(save(QStringLiteral("Заменить")), QString::fromStdWString(folder.file(L"лист_1.dxf")));
+    EXPECT_EQ(save(QStringLiteral("Заменить")), at("лист_1.dxf"));
     EXPECT_GT(std::filesystem::file_size(place), 100U);
+    save(QString());
+    EXPECT_EQ(begun, at("лист 1-2.pdf")) << "the next one goes where the last one went";
 }
 
 TEST(DrawingCanvas, ZoomsToTheCursorAndFindsByClick)
