@@ -42,6 +42,7 @@ AggressivenessPage::AggressivenessPage(ModeScreen& screen)
         QStringLiteral("Анализов нет: внесите их на страницах «Вода» и «Грунт»."),
         this);
     layout->addWidget(page_, 1);
+    setFocusProxy(page_);
 }
 
 QComboBox* AggressivenessPage::addChoice(const char* name, const QString& label, const QString& tip)

@@ -118,7 +118,16 @@ void PagedScreen::pageTurned()
     readIfStale();
     readFront();
     if (!front_->isAncestorOf(QApplication::focusWidget()))
-        front_->setFocus();
+        focusFront();
+}
+
+// A page that has nothing to show has nothing to take the keyboard either; the keys for turning pages work
+// all the same.
+void PagedScreen::focusFront()
+{
+    front_->setFocus();
+    if (!isAncestorOf(QApplication::focusWidget()))
+        setFocus();
 }
 
 void PagedScreen::tellStates()
@@ -172,7 +181,7 @@ void PagedScreen::becomeCurrent()
 {
     tellStates();
     if (isVisible() && !isAncestorOf(QApplication::focusWidget()))
-        front_->setFocus();
+        focusFront();
 }
 
 void PagedScreen::addRecord()

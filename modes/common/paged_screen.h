@@ -59,6 +59,7 @@ protected:
 
 private:
     void turnPage(int by);
+    void focusFront();
     void pageTurned();
     void readFront();
     void tellStates();

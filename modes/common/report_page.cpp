@@ -16,6 +16,7 @@ ReportPage::ReportPage(Make make, const QString& whenEmpty, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(view_);
+    setFocusProxy(view_);
 }
 
 void ReportPage::read(IDBProject* project)

@@ -4,6 +4,7 @@
 #include "modules/isettings.h"
 #include "modules/itellurix_controller.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -55,6 +56,16 @@ SheetScreen::SheetScreen(TX_Modes mode,
     filterRest_->setInterval(150);
     connectViews();
     addShortcuts();
+}
+
+void SheetScreen::becomeCurrent()
+{
+    ModeScreen::becomeCurrent();
+    if (!isVisible() || isAncestorOf(QApplication::focusWidget()))
+        return;
+    page()->focusTable();
+    if (!isAncestorOf(QApplication::focusWidget()))
+        filter_->setFocus(); // an empty sheet shows no table
 }
 
 QWidget* SheetScreen::makeHead()

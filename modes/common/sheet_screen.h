@@ -31,6 +31,7 @@ public:
 
 protected:
     void readProject(IDBProject*) override;
+    void becomeCurrent() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

@@ -101,9 +101,6 @@ SettingEditor makeSettingEditor(const SettingRow& row, const SettingAccess& acce
     SettingEditor editor = editorFor(row, access, parent);
     editor.access = &access;
     editor.widget->setObjectName(QString::fromLatin1(row.key.data(), int(row.key.size())));
-    // The wheel passes over an editor without taking the focus there.
-    if (editor.widget->focusPolicy() == Qt::WheelFocus)
-        editor.widget->setFocusPolicy(Qt::StrongFocus);
     editor.widget->setToolTip(QString::fromWCharArray(row.tip));
     return editor;
 }

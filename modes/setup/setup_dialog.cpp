@@ -71,7 +71,6 @@ QWidget* SetupDialog::makePage(const SettingPage& page)
         auto* label = new QLabel(QString::fromWCharArray(row.label), content);
         label->setBuddy(editor.widget);
         label->setToolTip(editor.widget->toolTip());
-        editor.widget->installEventFilter(this);
         form->addRow(label, editor.widget);
         if (row.key == "typeObject")
             editor.widget->setEnabled(settings.isShowTypeObject() != 0);
@@ -91,8 +90,6 @@ QWidget* SetupDialog::makePage(const SettingPage& page)
         office_ = new OfficeForm(form, content);
         office_->show(officeInForce(programFolder(), openProjectFolder(*controller_)));
         shownOffice_ = office_->office();
-        for (QComboBox* box : content->findChildren<QComboBox*>())
-            box->installEventFilter(this);
     }
     area->setWidget(content);
     return area;
@@ -108,7 +105,6 @@ void SetupDialog::addDecimalMark(QFormLayout* form, QWidget* parent)
     decimalMark_->setCurrentIndex(decimalMark_->findData(copiesDecimalComma()));
     decimalMark_->setToolTip(QStringLiteral(
         "Русская таблица принимает «3.6» за дату. Точку выбирайте, если ваша таблица ждёт её"));
-    decimalMark_->installEventFilter(this);
     auto* label = new QLabel(QStringLiteral("Дробная часть при копировании и в CSV"), parent);
     label->setBuddy(decimalMark_);
     label->setToolTip(decimalMark_->toolTip());
@@ -120,17 +116,6 @@ SettingEditor& SetupDialog::editorOf(std::string_view key)
     return *std::find_if(editors_.begin(), editors_.end(), [=](const SettingEditor& editor) {
         return editor.access->key == key;
     });
-}
-
-// The wheel scrolls the page; it changes no number or choice on its way unless the user works in it.
-bool SetupDialog::eventFilter(QObject* watched, QEvent* event)
-{
-    const auto* widget = dynamic_cast<QWidget*>(watched);
-    if (event->type() == QEvent::Wheel && widget && !widget->hasFocus()) {
-        event->ignore();
-        return true;
-    }
-    return QDialog::eventFilter(watched, event);
 }
 
 void SetupDialog::resetPage()

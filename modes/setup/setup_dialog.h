@@ -24,9 +24,6 @@ public:
     // Makes the folder of projects in the work folder first; stays open where that fails in a new one.
     void accept() override;
 
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
     QWidget* makePage(const SettingPage& page);
     void addDecimalMark(QFormLayout* form, QWidget* parent);

@@ -147,6 +147,7 @@ PilePage::PilePage(ModeScreen& screen)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 8, 0, 0);
     layout->addWidget(splitter);
+    setFocusProxy(kind_);
     for (QComboBox* box : {kind_, section_})
         connect(box, qOverload<int>(&QComboBox::activated), this, [this](int) { storeForm(); });
     for (QSpinBox* box : {side_, secondSide_})

@@ -87,6 +87,7 @@ CalculationPage::CalculationPage(ModeScreen& screen)
     layout->setContentsMargins(0, 8, 0, 0);
     layout->addLayout(bar);
     layout->addWidget(page_, 1);
+    setFocusProxy(page_);
     connect(kind_, QOverload<int>::of(&QComboBox::activated), this, [this](int kind) {
         screen_.settings()->setTypeCalcSubsidence(kind);
         read(screen_.project());

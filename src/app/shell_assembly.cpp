@@ -2,6 +2,7 @@
 
 #include "app/generic_event_filter.h"
 #include "app/module_loading.h"
+#include "app/wheel_guard.h"
 #include "platform/system_text.h"
 
 #include <QCoreApplication>
@@ -45,6 +46,7 @@ bool assembleShell(Shell& shell)
     shell.mainWindow = std::make_unique<MainWindow>(&mainController);
     mainController.createUserInterface();
     watchFirstShow(shell);
+    new WheelGuard(shell.mainWindow.get());
     shell.splash->repaint();
     QCoreApplication::processEvents();
     if (loadModules(shell.controller.get(), shell.splash.get()) == -1)

@@ -1,10 +1,13 @@
 #include "db/exact_key.h"
 #include "program/program_test.h"
 
+#include <QAbstractSpinBox>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QToolButton>
+#include <QWheelEvent>
 #include <QWindow>
 
 #include <algorithm>
@@ -199,6 +202,67 @@ TEST_F(DataModes, ClickBesideTheFieldsLeavesTheKeyboardInTheTable)
     clickBeside(ShellAction::Tests, ModeTests);
     clickBeside(ShellAction::Waters, ModeWaters);
     clickBeside(ShellAction::Consistents, ModeConsistents);
+}
+
+TEST_F(DataModes, EachScreenTakesTheKeyboardWhenItComes)
+{
+    QApplication::setActiveWindow(shell.mainWindow.get());
+    openFromCommandLine(controller(), project(QStringLiteral("PORTADOWN")).toLocal8Bit().constData());
+    for (const ShellAction act : {ShellAction::ListCoords,
+             ShellAction::Litology,
+             ShellAction::Laboratory,
+             ShellAction::Ige,
+             ShellAction::Static,
+             ShellAction::Section,
+             ShellAction::Igk,
+             ShellAction::Subsidence,
+             ShellAction::Chemistry,
+             ShellAction::Consolidated}) {
+        action(act)->trigger();
+        QCoreApplication::processEvents();
+        const TX_Modes mode = shell.controller->currentMode();
+        auto* tabs = screen(mode)->findChild<QTabWidget*>();
+        for (int page = tabs ? tabs->count() : 1; page-- > 0;) {
+            if (tabs)
+                tabs->setCurrentIndex(page);
+            const QWidget* focus = QApplication::focusWidget();
+            EXPECT_TRUE(focus == screen(mode) || screen(mode)->isAncestorOf(focus))
+                << mode << ", page " << page;
+        }
+    }
+}
+
+// A page that is scrolled with the wheel must not change the project at whatever comes under the pointer.
+TEST_F(DataModes, WheelChangesOnlyTheFieldThatIsWorkedIn)
+{
+    openFromCommandLine(controller(), project(QStringLiteral("PORTADOWN")).toLocal8Bit().constData());
+    action(ShellAction::Static)->trigger();
+    screen(ModeStatic)->findChild<QTabWidget*>()->setCurrentIndex(3);
+    QApplication::setActiveWindow(shell.mainWindow.get());
+    for (auto* field : screen(ModeStatic)->findChildren<QAbstractSpinBox*>()) {
+        if (!field->isVisible() || !field->isEnabled())
+            continue;
+        const auto turn = [&] {
+            const QPoint at = field->rect().center();
+            QWheelEvent wheel(at,
+                field->mapToGlobal(at),
+                {},
+                {0, 120},
+                Qt::NoButton,
+                Qt::NoModifier,
+                Qt::NoScrollPhase,
+                false);
+            QCoreApplication::sendEvent(field, &wheel);
+        };
+        const QString before = field->text();
+        field->clearFocus();
+        turn();
+        EXPECT_EQ(field->text(), before);
+        EXPECT_NE(field->focusPolicy(), Qt::WheelFocus) << "nor takes it the keyboard";
+        field->setFocus();
+        turn();
+        EXPECT_NE(field->text(), before);
+    }
 }
 
 TEST_F(DataModes, ColumnWithoutAProjectHasAWayBack)
