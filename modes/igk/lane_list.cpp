@@ -102,6 +102,7 @@ std::vector<ColumnLane> LaneList::lanes() const
 std::vector<ColumnLane> LaneList::allLanes() const
 {
     std::vector<ColumnLane> lanes;
+    lanes.reserve(static_cast<std::size_t>(count()));
     for (int row = 0; row < count(); ++row)
         lanes.push_back(laneOf(item(row)));
     return lanes;

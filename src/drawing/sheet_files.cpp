@@ -4,6 +4,7 @@
 #include "core/base/letters.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 // Two files never differ in capitals alone: not every system tells them apart.
@@ -22,15 +23,16 @@ std::vector<std::wstring> sheetFiles(const std::wstring& path, const std::vector
     const std::size_t suffix = suffixPlace(path);
     std::vector<std::wstring> files;
     std::set<std::wstring> taken;
-    for (std::size_t page = 0; page < pages.size(); ++page) {
-        const std::wstring own = showSeveral ? fileNamePart(pages[page].shows) : std::wstring();
+    std::map<std::wstring, std::size_t> seen;
+    for (const Drawing& page : pages) {
+        const std::wstring own = showSeveral ? fileNamePart(page.shows) : std::wstring();
         const std::wstring stem = path.substr(0, suffix) + (own.empty() ? own : L"_" + own);
-        std::wstring name = stem;
-        for (std::size_t number = own.empty() ? 1 : 2;
-             name == path.substr(0, suffix) || taken.contains(withoutCase(name));
-             ++number)
-            name = stem + L"_" + std::to_wstring(number);
-        taken.insert(withoutCase(name));
+        std::size_t& times = seen[stem];
+        std::wstring name;
+        do {
+            ++times;
+            name = times == 1 && !own.empty() ? stem : stem + L"_" + std::to_wstring(times);
+        } while (!taken.insert(withoutCase(name)).second);
         files.push_back(name + path.substr(suffix));
     }
     return files;
