@@ -400,12 +400,14 @@ protected:
             newRows();
             if (on_->mode != ModeListCoords)
                 return;
+            // The project may have been closed and opened among the rows, and the screen made anew.
+            filter = screen(on_->mode)->findChild<QLineEdit*>(QStringLiteral("pointFilter"));
             filter->setFocus();
             if (chance(50))
                 return press(Qt::Key_Escape);
             press(Qt::Key_A, Qt::ControlModifier);
             press(Qt::Key_Backspace);
-            view->setFocus();
+            this->view()->setFocus();
         }
     }
 
