@@ -106,10 +106,19 @@ StratigraphicScreen::~StratigraphicScreen()
 QWidget* StratigraphicScreen::makeEditor()
 {
     auto* bar = new QToolBar;
-    bar->addAction(QStringLiteral("Новая"), this, [this] { attempt([this] { startNew(); }); });
-    bar->addAction(QStringLiteral("Открыть…"), this, [this] { attempt([this] { askOpen(); }); });
-    bar->addAction(QStringLiteral("Сохранить"), this, [this] { attempt([this] { saveColumn(); }); });
-    bar->addAction(QStringLiteral("Сохранить как…"), this, [this] { attempt([this] { saveAs(); }); });
+    // As the shell's orders, with what stands in the open cell.
+    const auto addAct = [this, bar](const QString& text, void (StratigraphicScreen::*act)()) {
+        bar->addAction(text, this, [this, act] {
+            attempt([this, act] {
+                closeEditors();
+                (this->*act)();
+            });
+        });
+    };
+    addAct(QStringLiteral("Новая"), &StratigraphicScreen::startNew);
+    addAct(QStringLiteral("Открыть…"), &StratigraphicScreen::askOpen);
+    addAct(QStringLiteral("Сохранить"), &StratigraphicScreen::saveColumn);
+    addAct(QStringLiteral("Сохранить как…"), &StratigraphicScreen::saveAs);
     auto* editor = new QWidget;
     auto* layout = new QVBoxLayout(editor);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -350,7 +359,6 @@ void StratigraphicScreen::open(const QString& file)
 
 void StratigraphicScreen::saveTo(const QString& file)
 {
-    closeEditors();
     writeStrataColumn(file, column());
     document_->inFile[file] = column();
     keepFolder(QStringLiteral("column"), file);
@@ -368,7 +376,6 @@ void StratigraphicScreen::saveColumn()
 
 void StratigraphicScreen::saveAs()
 {
-    closeEditors();
     QString file = QFileDialog::getSaveFileName(this,
         QStringLiteral("Сохранить колонку"),
         placeOf(document_->state.file, QStringLiteral("/Колонка.json")),
@@ -383,7 +390,6 @@ void StratigraphicScreen::saveAs()
 // Whether what is not in its file may be lost.
 bool StratigraphicScreen::mayDrop()
 {
-    closeEditors();
     if (!document_->isModified())
         return true;
     const int answer = QMessageBox::question(this,
