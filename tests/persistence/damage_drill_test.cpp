@@ -26,12 +26,12 @@ const std::string failureText = "Critical Error reading the file ";
 constexpr bool isTimed = false;
 // A tenth: each opening takes some ten times as long there, and the whole would take minutes.
 constexpr int damageCount = 10'000;
-#elif defined(_WIN32)
-// There std::clock goes on while others have the processor.
-constexpr bool isTimed = false;
-constexpr int damageCount = 100'000;
+#else
+#ifdef _WIN32
+constexpr bool isTimed = false; // there std::clock goes on while others have the processor
 #else
 constexpr bool isTimed = true;
+#endif
 constexpr int damageCount = 100'000;
 #endif
 
