@@ -7,7 +7,6 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QToolButton>
-#include <QWheelEvent>
 #include <QWindow>
 
 #include <algorithm>
@@ -242,25 +241,13 @@ TEST_F(DataModes, WheelChangesOnlyTheFieldThatIsWorkedIn)
     for (auto* field : screen(ModeStatic)->findChildren<QAbstractSpinBox*>()) {
         if (!field->isVisible() || !field->isEnabled())
             continue;
-        const auto turn = [&] {
-            const QPoint at = field->rect().center();
-            QWheelEvent wheel(at,
-                field->mapToGlobal(at),
-                {},
-                {0, 120},
-                Qt::NoButton,
-                Qt::NoModifier,
-                Qt::NoScrollPhase,
-                false);
-            QCoreApplication::sendEvent(field, &wheel);
-        };
         const QString before = field->text();
         field->clearFocus();
-        turn();
+        turnWheel(*field, 120);
         EXPECT_EQ(field->text(), before);
         EXPECT_NE(field->focusPolicy(), Qt::WheelFocus) << "nor takes it the keyboard";
         field->setFocus();
-        turn();
+        turnWheel(*field, 120);
         EXPECT_NE(field->text(), before);
     }
 }

@@ -5,6 +5,7 @@
 #include <QAbstractItemView>
 #include <QLineEdit>
 #include <QTableView>
+#include <QWheelEvent>
 
 // The program with its real modules, as far as the event loop goes.
 class ProgramTest : public ShellTest
@@ -61,6 +62,15 @@ protected:
         enter(editor, text);
         QTest::keyClick(editor, Qt::Key_Return);
         QCoreApplication::processEvents();
+    }
+    // A step of the wheel over the middle of the field; whether the field takes it.
+    static bool turnWheel(QWidget& field, int by)
+    {
+        const QPoint at = field.rect().center();
+        QWheelEvent wheel(
+            at, field.mapToGlobal(at), {}, {0, by}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&field, &wheel);
+        return wheel.isAccepted();
     }
     static QString cell(const QTableView* view, int row, int column)
     {

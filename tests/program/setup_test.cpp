@@ -8,7 +8,6 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QSpinBox>
-#include <QWheelEvent>
 
 #include <functional>
 
@@ -217,24 +216,11 @@ TEST_F(Setup, WheelChangesOnlyTheEditorThatIsWorkedIn)
         pages->setCurrentRow(1);
         pages->setFocus();
         auto* box = editor<QSpinBox>(dialog, "conventionsCellHeightSection");
-        const auto isTaken = [&] {
-            const QPoint at = box->rect().center();
-            QWheelEvent wheel(at,
-                box->mapToGlobal(at),
-                {},
-                QPoint(0, -120),
-                Qt::NoButton,
-                Qt::NoModifier,
-                Qt::NoScrollPhase,
-                false);
-            QCoreApplication::sendEvent(box, &wheel);
-            return wheel.isAccepted();
-        };
         EXPECT_NE(box->focusPolicy(), Qt::WheelFocus);
-        EXPECT_FALSE(isTaken()) << "left to the page";
+        EXPECT_FALSE(turnWheel(*box, -120)) << "left to the page";
         EXPECT_EQ(box->value(), 10);
         box->setFocus();
-        EXPECT_TRUE(isTaken());
+        EXPECT_TRUE(turnWheel(*box, -120));
         EXPECT_EQ(box->value(), 9);
         dialog.reject();
     });
