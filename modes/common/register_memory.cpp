@@ -1,5 +1,6 @@
 #include "common/register_memory.h"
 
+#include "common/shared_by.h"
 #include "core/base/reading_order.h"
 #include "site/by_point.h"
 
@@ -9,12 +10,7 @@
 
 std::shared_ptr<RegisterMemory> RegisterMemory::of(TX_Modes mode, const ITellurixController* controller)
 {
-    static std::map<std::pair<int, const ITellurixController*>, std::weak_ptr<RegisterMemory>> memories;
-    std::weak_ptr<RegisterMemory>& known = memories[{mode, controller}];
-    std::shared_ptr<RegisterMemory> memory = known.lock();
-    if (!memory)
-        known = memory = std::make_shared<RegisterMemory>();
-    return memory;
+    return sharedBy<RegisterMemory>(std::pair(mode, controller));
 }
 
 bool RegisterMemory::turnTo(const IDBProject* project)

@@ -1,15 +1,10 @@
 #include "stratigraphic/strata_document.h"
 
-#include <map>
+#include "common/shared_by.h"
 
 std::shared_ptr<StrataDocument> StrataDocument::of(const ITellurixController* controller)
 {
-    static std::map<const ITellurixController*, std::weak_ptr<StrataDocument>> documents;
-    std::weak_ptr<StrataDocument>& known = documents[controller];
-    std::shared_ptr<StrataDocument> document = known.lock();
-    if (!document)
-        known = document = std::make_shared<StrataDocument>();
-    return document;
+    return sharedBy<StrataDocument>(controller);
 }
 
 StrataState StrataDocument::stateOf(const StrataColumn& column, const QString& file)
